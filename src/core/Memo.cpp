@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+// The working image and its factory setup.
+#include "core/Memo.h"
+
+#include "platform/RuntimeError.h"
+
+constinit MemoArray Memo;
+
+MemoField& MemoArray::operator[](int index) {
+  if (index < 0 || index >= count) throw RuntimeError(Fault::subscriptOutOfRange, "Subscript out of range");
+  return records_[static_cast<std::size_t>(index)];
+}
+
+void MemoArray::reset() { records_.fill({}); }
+
+namespace {
+
+constexpr std::int16_t yes = -1;
+constexpr std::int16_t no = 0;
+
+struct NumberDefault {
+  int record;
+  std::int16_t number;
+};
+
+struct TextDefault {
+  int record;
+  const char* text;
+};
+
+constexpr NumberDefault valueDefaults[] = {
+    {rec::lstTCTypes, 1},       {rec::cboRTDValue, 0},
+    {rec::cboRTDCurves, 1},     {rec::cboRTDWires, 0},
+    {rec::lstProc, 0},          {rec::cboTUnit, 1},
+    {rec::lstFiltConst, 2},     {rec::cboAl1Ctrl, 0},
+    {rec::cboAl1Latch, 1},      {rec::cboAl1Closure, 0},
+    {rec::cboAl1Setup, 0},      {rec::chkAl1Enabled, 0},
+    {rec::chkAl1AutoPOn, 0},    {rec::cboAl2Ctrl, 0},
+    {rec::cboAl2Latch, 1},      {rec::cboAl2Closure, 0},
+    {rec::cboAl2Setup, 0},      {rec::chkAl2Enabled, 0},
+    {rec::chkLBAEnabled, 0},    {rec::chkIDEnabled, 1},
+    {rec::chkOut1Self, 0},      {43, 0},
+    {rec::chkOut1AutoPID, 1},   {rec::chkOut1Anti, 0},
+    {rec::chkOut1Start, 0},     {rec::HSOut1CycleT, 4},
+    {rec::lstOut1DamFactor, 2}, {rec::cboOut1Ctrl, 0},
+    {rec::cboOut1Action, 0},    {rec::chkOut2AutoPID, 1},
+    {rec::cboOut2Ctrl, 0},      {rec::cboOut2Action, 0},
+    {rec::HSOut2CycleT, 4},     {rec::chkRampEn, 0},
+    {rec::chkSoakEn, 0},        {rec::chkAnalogOutputEnabled, 0},
+    {rec::optIDCode + 2, 0},    {rec::chkSPDeviation, 0},
+};
+
+constexpr NumberDefault flagDefaults[] = {
+    {rec::optInType, yes},     {rec::optInType + 1, no}, {rec::optInType + 2, no}, {rec::optDpoint, no},
+    {rec::optDpoint + 1, yes}, {rec::optDpoint + 2, no}, {rec::optDpoint + 3, no}, {rec::optAOutV, yes},
+    {rec::optAOutI, no},       {rec::optIDCode, yes},    {rec::optIDCode + 1, no}, {rec::optIDCode + 2, no},
+    {rec::opt020mA, yes},      {rec::opt420mA, no},      {rec::optRS232, no},      {rec::optRS485, no},
+    {rec::optNoChange, yes},
+};
+
+constexpr NumberDefault extraDefaults[] = {
+    {rec::cboNormalColor, 1},
+    {rec::cboAl1WhenActiveColor, 0},
+    {rec::cboAl2WhenActiveColor, 2},
+    {rec::deviceClass, -1},
+};
+
+constexpr TextDefault textDefaults[] = {
+    {rec::txtIDCode, "0000"},       {rec::txtSp1, "0000"},       {rec::txtSp2, "0000"},
+    {rec::txtIn1Vi, "0000"},        {rec::txtIn2Vi, "0000"},     {rec::txtIn1, "1000"},
+    {rec::txtRd1, "1000"},          {rec::txtIn2, "9000"},       {rec::txtRd2, "9000"},
+    {rec::txtAl1HiSp, "400.0"},     {rec::txtAl1LoSp, "-100.0"}, {rec::txtAl2HiSp, "400.0"},
+    {rec::txtAl2LoSp, "-100.0"},    {rec::txtLBATime, "00:15"},  {rec::txtTAdjust, "0000"},
+    {rec::HSOut1Low, "0"},          {rec::HSOut1High, "99"},     {rec::txtOut1DeadBand, "20.0"},
+    {rec::txtOut1PB, "20.0"},       {rec::txtOut1Reset, "0180"}, {rec::txtOut1Rate, "000.0"},
+    {rec::txtOut2DeadBand, "20.0"}, {rec::txtOut2PB, "20.0"},    {rec::txtRampT, "00:15"},
+    {rec::txtSoakT, "00:15"},       {rec::txtAOutRd1, "0000"},   {rec::txtAOutOut1, "00.00"},
+    {rec::txtAOutRd2, "9999"},      {rec::txtAOutOut2, "10.00"}, {rec::txtRS485Address, "0001"},
+};
+
+}  // namespace
+
+void storeDefaults() {
+  for (const auto& [record, number] : valueDefaults) Memo[record].value = number;
+  for (const auto& [record, number] : flagDefaults) Memo[record].flag = number;
+  for (const auto& [record, number] : extraDefaults) Memo[record].extra = number;
+  for (const auto& [record, text] : textDefaults) Memo[record].text = text;
+}

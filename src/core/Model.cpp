@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// The model record and the test by which everyone asks what kind of unit it is.
+#include "core/Model.h"
+
+#include "core/Memo.h"
+
+constinit HardwareRecord Hardware;
+constinit DeviceStateRecord DeviceState;
+constinit std::string BaseModel;
+
+void resetDeviceState() {
+  const std::int32_t spare = DeviceState.SpareLong;
+  DeviceState = {};
+  DeviceState.SpareLong = spare;
+  if (Hardware.Out1.Analog != False) {
+    Hardware.Out1.SSR = True;
+    Hardware.Out1.Analog = False;
+  }
+  if (Hardware.Out2.None == True) {
+    Hardware.Out2.SSR = True;
+    Hardware.Out2.None = False;
+  }
+}
+
+int meterKind() {
+  int result = kind::fullController;
+  if (Memo[rec::menuKind].extra == 2) result = kind::simpleMenu;
+  if (Memo[rec::monitorOnly].value == 1) result = kind::monitorOnly;
+  if (Memo[rec::menuKind].extra == 1) result = kind::alarmsOnly;
+  if (DeviceState.IsRkw77 != False) result = kind::rkw77;
+  return result;
+}
+
+void resetModel() {
+  Hardware = {};
+  DeviceState = {};
+  BaseModel.clear();
+}

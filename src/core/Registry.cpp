@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+// Preferences on the platform's settings tree.
+#include "core/Registry.h"
+
+#include "platform/Host.h"
+
+namespace {
+std::string path(const Registry& at) { return at.Appname + "/" + at.Section + "/" + at.Key; }
+}  // namespace
+
+void Registry::RegGet() { Setting = host().setting(path(*this)); }
+
+void Registry::RegSave() const { host().saveSetting(path(*this), Setting); }
+
+void Registry::RegDel() const { host().deleteSetting(path(*this)); }

@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+// The life of a form and the forms that are loaded.
+#include "platform/Form.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/Host.h"
+
+namespace {
+
+// Written by loadForm, showModal and finishUnload alone.
+struct {
+  std::vector<std::shared_ptr<Form>> loaded;
+  std::vector<const Form*> modal;  // the front one last
+} Forms;
+
+constexpr double longWait = 1.0;  // seconds; any event ends it
+
+}  // namespace
+
+Form::Form(std::string name, std::string_view caption)
+    : Container(this, nullptr), name_(std::move(name)), caption_(caption) {}
+
+Form::~Form() = default;
+
+void Form::setCaption(std::string_view caption) {
+  if (caption_ == caption) return;
+  caption_ = caption;
+  if (onRedraw) onRedraw();
+}
+
+void Form::show() {
+  if (shown_) return;
+  const HandlerScope scope(*this);
+  shown_ = true;
+  host().show(*this, false);
+  Form_Activate();
+}
+
+void Form::showModal() {
+  const auto self = shared_from_this();
+  Forms.modal.push_back(this);
+  try {
+    const HandlerScope scope(*this);
+    shown_ = true;
+    host().show(*this, true);
+    Form_Activate();
+  } catch (...) {
+    hide();
+    std::erase(Forms.modal, this);
+    throw;
+  }
+  while (shown_) host().idle(longWait);
+  std::erase(Forms.modal, this);
+}
+
+void Form::hide() {
+  if (!shown_) return;
+  const HandlerScope scope(*this);
+  shown_ = false;
+  host().hide(*this);
+  Form_Deactivate();
+}
+
+void Form::centre() { host().centre(*this); }
+
+bool Form::reachable() const { return shown_ && (Forms.modal.empty() || Forms.modal.back() == this); }
+
+void Form::userClosed() {
+  if (!reachable()) return;
+  try {
+    bool keep = false;
+    {
+      const HandlerScope scope(*this);
+      keep = Form_QueryUnload();
+    }
+    if (!keep) unload();
+  } catch (const RuntimeError& error) {
+    host().fail(error.what());
+  }
+}
+
+void Form::userPressedKey() {
+  try {
+    const HandlerScope scope(*this);
+    Form_KeyPress();
+  } catch (const RuntimeError& error) {
+    host().fail(error.what());
+  }
+}
+
+void Form::unload() {
+  if (handlersRunning_ > 0) {
+    unloadAsked_ = true;
+    return;
+  }
+  const auto self = shared_from_this();
+  finishUnload();
+}
+
+void Form::finishUnload() {
+  unloadAsked_ = false;
+  ++handlersRunning_;
+  hide();
+  Form_Unload();
+  --handlersRunning_;
+  host().release(*this);
+  if (forget_) forget_();
+  std::erase_if(Forms.loaded, [this](const auto& form) { return form.get() == this; });
+}
+
+HandlerScope::HandlerScope(Form& form) : form_(form.shared_from_this()) { ++form_->handlersRunning_; }
+
+HandlerScope::~HandlerScope() {
+  if (--form_->handlersRunning_ > 0 || !form_->unloadAsked_) return;
+  try {
+    form_->finishUnload();
+  } catch (const RuntimeError& error) {
+    host().fail(error.what());
+  }
+}
+
+void loadForm(const std::shared_ptr<Form>& form, Handler forget) {
+  form->forget_ = std::move(forget);
+  Forms.loaded.push_back(form);
+  const HandlerScope scope(*form);
+  form->Form_Load();
+}
+
+void unloadAllForms() {
+  Forms.modal.clear();
+  while (!Forms.loaded.empty()) {
+    const auto last = Forms.loaded.back();
+    Forms.loaded.pop_back();
+    host().release(*last);
+    last->forget_();
+  }
+}
+
+std::vector<std::shared_ptr<Form>> loadedForms() { return Forms.loaded; }
