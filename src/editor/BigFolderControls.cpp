@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+// What the controls of the main window can't be told where they are declared: tips of option buttons, first
+// looks.
+#include "editor/BigFolderControls.h"
+
+BigFolderControls::BigFolderControls() : Form("frmBigFolder", "Torvane Configuration") {
+  optIDCode(0).setToolTip("The front buttons reach every setting without the code");
+  optIDCode(1).setToolTip("The setpoints stay free, all else asks for the code");
+  optIDCode(2).setToolTip("Every change at the front buttons asks for the code");
+  optAOutV.setToolTip("0 to 10 V");
+  optAOutI.setToolTip("0 to 20 mA");
+  optNoChange.setToolTip("A write leaves the unit's serial settings as they are");
+  optRS232.setToolTip("A write sets the unit to RS-232");
+  optRS485.setToolTip("A write sets the unit to RS-485 with the address below");
+
+  // Dead bands stand on the alarm tabs only in the simple menu, and the program starts with the full one.
+  fraAl1Deadband.setVisible(false);
+  fraAl2Deadband.setVisible(false);
+}

@@ -1,0 +1,333 @@
+// SPDX-License-Identifier: MIT
+// The controls of the main window, tab by tab in reading order, with captions, lists, ranges and tool tips.
+//
+// Option buttons directly inside one frame or page form a group. What hides or shows together lies in one
+// frame.
+#pragma once
+
+#include <string>
+
+#include "platform/Controls.h"
+#include "platform/Form.h"
+
+// A picture whose file bears its name.
+struct Drawing : Picture {
+  Drawing(Container& container, const std::string& name) : Picture(container, name, name) {}
+};
+
+struct BigFolderControls : Form {
+  BigFolderControls();
+
+  TabStrip tabBig{*this,
+                  "tabBig",
+                  {"ID code", "Setpoints", "Input type", "Reading", "Alarm 1", "Alarm 2", "LB alarm", "Out1",
+                   "Out2", "Ramp/Soak", "Analog", "Comm"}};
+
+  // Tab 0, ID code. The protection levels are committed with tab 1.
+  TabPage& pageIDCode = tabBig.page(0);
+  Frame fraIDCode{pageIDCode, "fraIDCode", "Protection level"};
+  ControlArray<OptionButton> optIDCode{fraIDCode, "optIDCode", {"Disable", "Setpoint", "Full"}};
+  Label lblIDInst{pageIDCode, "lblIDInst",
+                  "To Change the ID Code security feature, enter new four digits value in the ID Code input "
+                  "box below."};
+  Label lblIDCode{pageIDCode, "lblIDCode", "ID code"};
+  TextBox txtIDCode{pageIDCode, "txtIDCode",
+                    "Four digits; a shorter code is filled up with zeros at its end"};
+  Label lblIDWarn{pageIDCode, "lblIDWarn",
+                  "Keep a note of the code: without it the protected settings can't be reached at the unit."};
+  Label lblIDDisabled{
+      pageIDCode, "lblIDDisabled",
+      "The ID Code security feature is not enabled.\n\n"
+      "ID Code security can prevent unauthorized access to the settings of the controller via the front "
+      "buttons.\n\n"
+      "To enable ID Code security feature, place a check in the ID Code Enable check-box found in the "
+      "L.Brk.Alarm section/tab."};
+
+  // Tab 1, Setpoints
+  TabPage& pageSetpoints = tabBig.page(1);
+  Frame fraSetpoints{pageSetpoints, "fraSetpoints", "Setpoints"};
+  TextBox txtSp1{fraSetpoints, "txtSp1", "Setpoint 1, in the format of the Reading tab"};
+  TextBox txtSp2{fraSetpoints, "txtSp2", "Setpoint 2, in the format of the Reading tab"};
+  CheckBox chkSPDeviation{fraSetpoints, "chkSPDeviation", "Setpoint 2 is a deviation from setpoint 1",
+                          "Checked: setpoint 2 is added to setpoint 1 and follows it"};
+  Label lblSwap{fraSetpoints, "lblSwap",
+                "Specify Setpoint 1 and Setpoint 2 in Degrees for TC and RTD, or counts for Process."};
+  Frame fraColor{pageSetpoints, "fraColor", "Display color"};
+  Label lblColorWhenNormal{fraColor, "lblColorWhenNormal", "Color when normal"};
+  ComboBox cboNormalColor{fraColor,
+                          "cboNormalColor",
+                          {"Red ", "Green", "Amber"},
+                          "Color of the display while no alarm is active"};
+
+  // Tab 2, Input type
+  TabPage& pageInputType = tabBig.page(2);
+  ControlArray<OptionButton> optInType{pageInputType, "optInType", {"Thermocouples", "RTD", "Process"}};
+  ControlArray<Frame> fraInType{pageInputType, "fraInType", {"TC Types", "RTD Types", "Process Setup"}};
+  ListBox lstTCTypes{fraInType(0),
+                     "lstTCTypes",
+                     {"J", "K", "T", "E", "N", "DIN J", "R", "S", "B", "C"},
+                     "Type of the thermocouple"};
+  ComboBox cboRTDValue{
+      fraInType(1), "cboRTDValue", {"100", "500", "1000"}, "Resistance of the sensor at 0 C, in ohms"};
+  ComboBox cboRTDCurves{
+      fraInType(1), "cboRTDCurves", {"385", "392"}, "Curve of the sensor: 0.00385 or 0.00392 per C"};
+  ComboBox cboRTDWires{fraInType(1), "cboRTDWires", {"2", "3", "4"}, "Wires between the sensor and the unit"};
+  ListBox lstProc{
+      fraInType(2), "lstProc", {"0 - 100mV", "0 - 1V", "0 - 10V", "0 - 20mA"}, "Range of the process signal"};
+  // How the chosen input is wired: one is on show.
+  Drawing imgTC{pageInputType, "imgTC"};
+  Drawing imgRTD2Wire{pageInputType, "imgRTD2Wire"};
+  Drawing imgRTD3Wire{pageInputType, "imgRTD3Wire"};
+  Drawing imgRTD4Wire{pageInputType, "imgRTD4Wire"};
+  Drawing imgRTD5002Wires{pageInputType, "imgRTD5002Wires"};
+  Drawing imgRTD5003Wires{pageInputType, "imgRTD5003Wires"};
+  Drawing imgRTD5004Wires{pageInputType, "imgRTD5004Wires"};
+  Drawing imgRTD1K2Wires{pageInputType, "imgRTD1K2Wires"};
+  Drawing imgRTD1K3Wires{pageInputType, "imgRTD1K3Wires"};
+  Drawing imgRTD1K4Wires{pageInputType, "imgRTD1K4Wires"};
+  Drawing imgProc100m{pageInputType, "imgProc100m"};
+  Drawing imgProcV{pageInputType, "imgProcV"};
+  Drawing imgProcI{pageInputType, "imgProcI"};
+  // The same for the second family, over the first: one wiring and one switch picture.
+  Drawing imgLK_TC{pageInputType, "imgLK_TC"};
+  Drawing imgLK_RTD2Wire{pageInputType, "imgLK_RTD2Wire"};
+  Drawing imgLK_RTD3Wire{pageInputType, "imgLK_RTD3Wire"};
+  Drawing imgLK_RTD4Wire{pageInputType, "imgLK_RTD4Wire"};
+  Drawing imgLK_RTD5002Wires{pageInputType, "imgLK_RTD5002Wires"};
+  Drawing imgLK_RTD5003Wires{pageInputType, "imgLK_RTD5003Wires"};
+  Drawing imgLK_RTD5004Wires{pageInputType, "imgLK_RTD5004Wires"};
+  Drawing imgLK_RTD1K2Wires{pageInputType, "imgLK_RTD1K2Wires"};
+  Drawing imgLK_RTD1K3Wires{pageInputType, "imgLK_RTD1K3Wires"};
+  Drawing imgLK_RTD1K4Wires{pageInputType, "imgLK_RTD1K4Wires"};
+  Drawing imgLK_Proc100m{pageInputType, "imgLK_Proc100m"};
+  Drawing imgLK_ProcV{pageInputType, "imgLK_ProcV"};
+  Drawing imgLK_ProcI{pageInputType, "imgLK_ProcI"};
+  Drawing imgLK_switchTC{pageInputType, "imgLK_switchTC"};
+  Drawing imgLK_switchRTD100{pageInputType, "imgLK_switchRTD100"};
+  Drawing imgLK_switchRTD500_1k{pageInputType, "imgLK_switchRTD500_1k"};
+  Drawing imgLK_switch100mv{pageInputType, "imgLK_switch100mv"};
+  Drawing imgLK_switch1V{pageInputType, "imgLK_switch1V"};
+  Drawing imgLK_switch10V{pageInputType, "imgLK_switch10V"};
+  Drawing imgLK_switch20ma{pageInputType, "imgLK_switch20ma"};
+
+  // Tab 3, Reading
+  TabPage& pageReading = tabBig.page(3);
+  Frame fraReadBasic{pageReading, "fraReadBasic", "Reading"};
+  ControlArray<OptionButton> optDpoint{fraReadBasic, "optDpoint", {"xxxx.", "xxx.x", "xx.xx", "x.xxx"}};
+  Label lblTUnit{fraReadBasic, "lblTUnit", "Temperature unit"};
+  ComboBox cboTUnit{fraReadBasic, "cboTUnit", {"C", "F"}, "Unit of the reading and of all setpoints"};
+  ListBox lstFiltConst{fraReadBasic,
+                       "lstFiltConst",
+                       {"1", "2", "4", "8", "16", "32", "64", "128"},
+                       "Readings in the averaging filter: more are calmer, fewer are quicker"};
+  Frame fraSOffset{pageReading, "fraSOffset", "Scale and offset"};
+  TextBox txtIn1Vi{fraSOffset, "txtIn1Vi", "Input at point 1, in volts or milliamps"};
+  TextBox txtIn1{fraSOffset, "txtIn1", "Input at point 1, 0 to 9999 counts"};
+  TextBox txtRd1{fraSOffset, "txtRd1", "Reading wanted at point 1, -999 to 9999 counts"};
+  TextBox txtIn2Vi{fraSOffset, "txtIn2Vi", "Input at point 2, in volts or milliamps"};
+  TextBox txtIn2{fraSOffset, "txtIn2", "Input at point 2, 0 to 9999 counts"};
+  TextBox txtRd2{fraSOffset, "txtRd2", "Reading wanted at point 2, -999 to 9999 counts"};
+  Frame fraNoSOffset{pageReading, "fraNoSOffset", "Scale and offset"};
+
+  // Tab 4, Alarm 1
+  TabPage& pageAlarm1 = tabBig.page(4);
+  CheckBox chkAl1Enabled{pageAlarm1, "chkAl1Enabled", "Enable alarm 1",
+                         "Alarm 1 takes the place of output 1"};
+  CheckBox chkAl1AutoPOn{pageAlarm1, "chkAl1AutoPOn", "Armed at power on",
+                         "Checked: the alarm can act as soon as the unit has power"};
+  Frame fraAl1Config{pageAlarm1, "fraAl1Config", "Alarm 1 configuration"};
+  Label lblAl1Ctrl{fraAl1Config, "lblAl1Ctrl", "Type"};
+  ComboBox cboAl1Ctrl{fraAl1Config,
+                      "cboAl1Ctrl",
+                      {"Absolute", "Deviation"},
+                      "Absolute: compared with the reading; deviation: with its distance from the setpoint"};
+  ComboBox cboAl1Latch{fraAl1Config,
+                       "cboAl1Latch",
+                       {"Latch", "Unlatch"},
+                       "Latch: the alarm stays until it is reset; unlatch: it ends with its cause"};
+  Label lblAl1Closure{fraAl1Config, "lblAl1Closure", "Contact"};
+  ComboBox cboAl1Closure{
+      fraAl1Config, "cboAl1Closure", {"Norm Open", "Norm Close"}, "Contact while the alarm is not active"};
+  ComboBox cboAl1Setup{fraAl1Config,
+                       "cboAl1Setup",
+                       {"Above", "Below", "Hi/Lo", "Band"},
+                       "Where the alarm is active: above, below or outside its setpoints, or outside a band"};
+  Label lblAl1Color{fraAl1Config, "lblAl1Color", "Color when active"};
+  ComboBox cboAl1WhenActiveColor{fraAl1Config,
+                                 "cboAl1WhenActiveColor",
+                                 {"Red", "Green", "Amber"},
+                                 "Color of the display while alarm 1 is active"};
+  Frame fraAl1Spts{pageAlarm1, "fraAl1Spts", "Alarm 1 setpoints"};
+  TextBox txtAl1HiSp{fraAl1Spts, "txtAl1HiSp", "High setpoint, in the format of the Reading tab"};
+  TextBox txtAl1LoSp{fraAl1Spts, "txtAl1LoSp", "Low setpoint, in the format of the Reading tab"};
+  Frame fraAl1Deadband{pageAlarm1, "fraAl1Deadband", "Alarm 1 dead band"};
+  TextBox txtAl1Deadband{fraAl1Deadband, "txtAl1Deadband", "Dead band, in the format of the Reading tab"};
+
+  // Tab 5, Alarm 2
+  TabPage& pageAlarm2 = tabBig.page(5);
+  CheckBox chkAl2Enabled{pageAlarm2, "chkAl2Enabled", "Enable alarm 2",
+                         "Alarm 2 takes the place of output 2"};
+  Frame fraAl2Cnfg{pageAlarm2, "fraAl2Cnfg", "Alarm 2 configuration"};
+  Label lblAl2Ctrl{fraAl2Cnfg, "lblAl2Ctrl", "Type"};
+  ComboBox cboAl2Ctrl{fraAl2Cnfg,
+                      "cboAl2Ctrl",
+                      {"Absolute", "Deviation"},
+                      "Absolute: compared with the reading; deviation: with its distance from the setpoint"};
+  ComboBox cboAl2Latch{fraAl2Cnfg,
+                       "cboAl2Latch",
+                       {"Latch", "Unlatch"},
+                       "Latch: the alarm stays until it is reset; unlatch: it ends with its cause"};
+  Label lblAl2Closure{fraAl2Cnfg, "lblAl2Closure", "Contact"};
+  ComboBox cboAl2Closure{
+      fraAl2Cnfg, "cboAl2Closure", {"Norm Open", "Norm Close"}, "Contact while the alarm is not active"};
+  ComboBox cboAl2Setup{fraAl2Cnfg,
+                       "cboAl2Setup",
+                       {"Above", "Below", "Hi/Lo", "Band"},
+                       "Where the alarm is active: above, below or outside its setpoints, or outside a band"};
+  ComboBox cboAl2WhenActiveColor{fraAl2Cnfg,
+                                 "cboAl2WhenActiveColor",
+                                 {"Red", "Green", "Amber"},
+                                 "Color of the display while alarm 2 is active"};
+  Frame fraAl2Spts{pageAlarm2, "fraAl2Spts", "Alarm 2 setpoints"};
+  TextBox txtAl2HiSp{fraAl2Spts, "txtAl2HiSp", "High setpoint, in the format of the Reading tab"};
+  TextBox txtAl2LoSp{fraAl2Spts, "txtAl2LoSp", "Low setpoint, in the format of the Reading tab"};
+  Frame fraAl2Deadband{pageAlarm2, "fraAl2Deadband", "Alarm 2 dead band"};
+  TextBox txtAl2Deadband{fraAl2Deadband, "txtAl2Deadband", "Dead band, in the format of the Reading tab"};
+
+  // Tab 6, LB alarm
+  TabPage& pageLBAlarm = tabBig.page(6);
+  Frame fraLBAlarm{pageLBAlarm, "fraLBAlarm", "Loop break alarm"};
+  CheckBox chkLBAEnabled{fraLBAlarm, "chkLBAEnabled", "Enable loop break alarm",
+                         "Watches whether the process answers to the output"};
+  TextBox txtLBATime{fraLBAlarm, "txtLBATime",
+                     "Alarm 1 will be raise if the process fail to change 4F/2C/or 10 cts in specified time"};
+  Frame fraID{pageLBAlarm, "fraID", "ID code"};
+  CheckBox chkIDEnabled{fraID, "chkIDEnabled", "ID Code Enable",
+                        "Puts the ID code of the first tab in force"};
+  Label lblIDCodeEn{fraID, "lblIDCodeEn",
+                    "To enable ID Code security feature, place a check in the ID Enable box.\n\n"
+                    "To activate ID Code security feature, enter a non zero value in the ID Code box."};
+  Frame fraTAdjust{pageLBAlarm, "fraTAdjust", "Temperature adjustment"};
+  TextBox txtTAdjust{fraTAdjust, "txtTAdjust", "Added to every reading, in the format of the Reading tab"};
+
+  // Tab 7, Out1. Of the on/off and the PID frame one is on show.
+  TabPage& pageOut1 = tabBig.page(7);
+  CheckBox chkOut1Self{pageOut1, "chkOut1Self", "Self (manual) control",
+                       "The percentage of the output is set by hand at the unit"};
+  ComboBox cboOut1Ctrl{pageOut1, "cboOut1Ctrl", {"On/Off", "PID"}, "How output 1 is controlled"};
+  ComboBox cboOut1Action{pageOut1, "cboOut1Action", {"Reverse", "Direct"}, "reverse=heating, direct=cooling"};
+  Frame fraOut1OnOff{pageOut1, "fraOut1OnOff", "On/Off"};
+  TextBox txtOut1DeadBand{fraOut1OnOff, "txtOut1DeadBand", "Dead band, in the format of the Reading tab"};
+  Frame fraOut1PID{pageOut1, "fraOut1PID", "PID"};
+  CheckBox chkOut1AutoPID{fraOut1PID, "chkOut1AutoPID", "Auto PID",
+                          "Checked: the unit finds band, reset and rate itself"};
+  TextBox txtOut1PB{fraOut1PID, "txtOut1PB", "Proportional band, in the format of the Reading tab"};
+  TextBox txtOut1Reset{fraOut1PID, "txtOut1Reset", "Reset time, 0 to 3999 seconds"};
+  TextBox txtOut1Rate{fraOut1PID, "txtOut1Rate", "Rate time, 0 to 399.9 seconds"};
+  CheckBox chkOut1Anti{fraOut1PID, "chkOut1Anti", "Anti integral", "Prevents overshoot due to windup"};
+  ListBox lstOut1DamFactor{fraOut1PID,
+                           "lstOut1DamFactor",
+                           {"0", "1", "2", "3", "4", "5", "6", "7"},
+                           "For Auto-tune, larger numbers indicate faster process"};
+  CheckBox chkOut1Start{pageOut1, "chkOut1Start", "Start auto-tune after reset",
+                        "Needs an output in PID with auto PID on"};
+  Frame fraOut1CycleT{pageOut1, "fraOut1CycleT", "Cycle time"};
+  ScrollBar HSOut1CycleT{fraOut1CycleT, "HSOut1CycleT", 1, 199, 4, "Cycle time, 1 to 199 seconds"};
+  Label lblOut1CycleTDisplay{fraOut1CycleT, "lblOut1CycleTDisplay", "4"};
+  Frame fraOut1Manual{pageOut1, "fraOut1Manual", "Manual range"};
+  ScrollBar HSOut1Low{fraOut1Manual, "HSOut1Low", 0, 99, 0, "Lowest output, 0 to 99 %"};
+  Label lblOut1LowDisplay{fraOut1Manual, "lblOut1LowDisplay", "0"};
+  ScrollBar HSOut1High{fraOut1Manual, "HSOut1High", 0, 99, 0, "Highest output, 0 to 99 %"};
+  Label lblOut1HighDisplay{fraOut1Manual, "lblOut1HighDisplay", "0"};
+  Frame fraOut1420mA{pageOut1, "fraOut1420mA", "Analog output"};
+  OptionButton opt020mA{fraOut1420mA, "opt020mA", "0-20 mA"};
+  OptionButton opt420mA{fraOut1420mA, "opt420mA", "4-20 mA"};
+
+  // Tab 8, Out2. Of the on/off and the PID frame one is on show.
+  TabPage& pageOut2 = tabBig.page(8);
+  ComboBox cboOut2Ctrl{pageOut2, "cboOut2Ctrl", {"On/Off", "PID"}, "How output 2 is controlled"};
+  ComboBox cboOut2Action{pageOut2, "cboOut2Action", {"Reverse", "Direct"}, "reverse=heating, direct=cooling"};
+  Frame fraOut2OnOff{pageOut2, "fraOut2OnOff", "On/Off"};
+  TextBox txtOut2DeadBand{fraOut2OnOff, "txtOut2DeadBand", "Dead band, in the format of the Reading tab"};
+  Frame fraOut2PID{pageOut2, "fraOut2PID", "PID"};
+  CheckBox chkOut2AutoPID{fraOut2PID, "chkOut2AutoPID", "Auto PID",
+                          "Checked: the unit finds the proportional band itself"};
+  TextBox txtOut2PB{fraOut2PID, "txtOut2PB", "Proportional band, in the format of the Reading tab"};
+  Label lblOut2Pid{fraOut2PID, "lblOut2Pid",
+                   "Please enter the value for PB.  Reset and rate are the same as Out 1"};
+  Frame fraOut2CycleT{pageOut2, "fraOut2CycleT", "Cycle time"};
+  ScrollBar HSOut2CycleT{fraOut2CycleT, "HSOut2CycleT", 0, 199, 1, "Cycle time, 1 to 199 seconds"};
+  TextBox txtOut2CycleT{fraOut2CycleT, "txtOut2CycleT", "Cycle time, 1 to 199 seconds; Enter takes it over"};
+
+  // Tab 9, Ramp/Soak
+  TabPage& pageRampSoak = tabBig.page(9);
+  Frame fraRamp{pageRampSoak, "fraRamp", "Ramp"};
+  CheckBox chkRampEn{fraRamp, "chkRampEn", "Enable ramp", "The setpoint is approached in the ramp time"};
+  TextBox txtRampT{fraRamp, "txtRampT", "Ramp time, hours:minutes, 00:00 to 99:59"};
+  Frame fraSoak{pageRampSoak, "fraSoak", "Soak"};
+  CheckBox chkSoakEn{fraSoak, "chkSoakEn", "Enable soak", "The setpoint is held for the soak time"};
+  TextBox txtSoakT{fraSoak, "txtSoakT", "Soak time, hours:minutes, 00:00 to 99:59"};
+  Drawing picProcess{pageRampSoak, "picProcess"};
+
+  // Tab 10, Analog
+  TabPage& pageAnalog = tabBig.page(10);
+  CheckBox chkAnalogOutputEnabled{
+      pageAnalog, "chkAnalogOutputEnabled", "Enable analog output",
+      "The reading is sent out again on the analog output, which output 1 then lacks"};
+  Frame fraAOutMode{pageAnalog, "fraAOutMode", "Output mode"};
+  OptionButton optAOutV{fraAOutMode, "optAOutV", "Voltage"};
+  OptionButton optAOutI{fraAOutMode, "optAOutI", "Current"};
+  Frame fraAOutSOff{pageAnalog, "fraAOutSOff", "Scale and offset"};
+  TextBox txtAOutRd1{fraAOutSOff, "txtAOutRd1", "Reading at point 1, 0 to 9999 counts"};
+  TextBox txtAOutOut1{fraAOutSOff, "txtAOutOut1", "Output at point 1, 0 to 10 V or 0 to 20 mA"};
+  TextBox txtAOutRd2{fraAOutSOff, "txtAOutRd2", "Reading at point 2, 0 to 9999 counts"};
+  TextBox txtAOutOut2{fraAOutSOff, "txtAOutOut2", "Output at point 2, 0 to 10 V or 0 to 20 mA"};
+
+  // Tab 11, Comm. The serial and the TCP/IP frames take turns.
+  TabPage& pageComm = tabBig.page(11);
+  Frame fraCommMode{pageComm, "fraCommMode", "Communication mode"};
+  ControlArray<OptionButton> optCommunicationMode{fraCommMode, "optCommunicationMode", {"Serial", "TCP/IP"}};
+  Frame fraSerialManualSet{pageComm, "fraSerialManualSet", "Manual Setup"};
+  ComboBox cboCommPort{fraSerialManualSet,
+                       "cboCommPort",
+                       {"COM 1", "COM 2", "COM 3", "COM 4"},
+                       "Serial port of this computer"};
+  Label lblCommStat{fraSerialManualSet, "lblCommStat"};
+  ComboBox cboBaud{fraSerialManualSet,
+                   "cboBaud",
+                   {"300", "600", "1200", "2400", "4800", "9600", "19200"},
+                   "Line rate, in baud; the unit's own setting"};
+  ComboBox cboParity{
+      fraSerialManualSet, "cboParity", {"none", "odd", "even"}, "Parity; the unit's own setting"};
+  ComboBox cboData{fraSerialManualSet, "cboData", {"7-bit", "8-bit"}, "Data bits; the unit's own setting"};
+  ComboBox cboStop{fraSerialManualSet, "cboStop", {"1-bit", "2-bit"}, "Stop bits; the unit's own setting"};
+  Frame fraSerialCommunicationMode{pageComm, "fraSerialCommunicationMode", "Communication Set Up"};
+  OptionButton optNoChange{fraSerialCommunicationMode, "optNoChange", "Leave Comm"};
+  Label lblNoChange{fraSerialCommunicationMode, "lblNoChange", "Protocol As Found, Do Not Change"};
+  Label lblChange{fraSerialCommunicationMode, "lblChange", "Change"};
+  OptionButton optRS232{fraSerialCommunicationMode, "optRS232", "RS-232"};
+  OptionButton optRS485{fraSerialCommunicationMode, "optRS485", "RS-485"};
+  TextBox txtRS485Address{fraSerialCommunicationMode, "txtRS485Address", "Bus address to be, 0 to 199"};
+  Frame fraTCPIPAddress{pageComm, "fraTCPIPAddress", "TCP/IP Address"};
+  TextBox txtTCPIPAddress{fraTCPIPAddress, "txtTCPIPAddress", "Address or name of the TCP/IP bridge"};
+  Frame fraTCPIPPort{pageComm, "fraTCPIPPort", "TCP/IP port"};
+  ControlArray<OptionButton> optPortNum{
+      fraTCPIPPort, "optPortNum", {"1000 (Initial)", "2000 (Typical)", "Non-standard"}};
+  TextBox txtTCPPort{fraTCPIPPort, "txtTCPPort", "TCP port of the bridge"};
+  Frame fraAutoDetect{pageComm, "fraAutoDetect", "Connection Wizard"};
+  Label lblAutoDet{fraAutoDetect, "lblAutoDet"};
+  CommandButton cmdAutoDetect{fraAutoDetect, "cmdAutoDetect", "Connect", "Auto connect and verification"};
+
+  // Below the tabs: the communication option of the chosen hardware, and the row of commands.
+  Label lblStatus{*this, "lblStatus", "RS-232"};
+  CommandButton cmdHelp{*this, "cmdHelp", "Help", "Get help"};
+  CommandButton cmdCnfg{*this, "cmdCnfg", "Hardware", "Set-up controller and test the connection"};
+  CommandButton cmdOpen{*this, "cmdOpen", "Open", "Read Config from File or Meter"};
+  CommandButton cmdWrite{*this, "cmdWrite", "Write", "Write to file, serial-comm or printer"};
+  CommandButton cmdPref{*this, "cmdPref", "Preferences", "Enable controller Reset and Warning messages"};
+  CommandButton cmdReset{*this, "cmdReset", "Discard", "Discard change on current tab"};
+  CommandButton cmdFactoryDefaults{*this, "cmdFactoryDefaults", "Fact. defaults"};
+  CommandButton cmdPrev{*this, "cmdPrev", "< &Back", "Back to previous tab"};
+  CommandButton cmdNext{*this, "cmdNext", "Next >", "Forward to next tab"};
+  CommandButton cmdQuit{*this, "cmdQuit", "Quit"};
+};
