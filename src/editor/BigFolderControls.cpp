@@ -4,9 +4,9 @@
 #include "editor/BigFolderControls.h"
 
 BigFolderControls::BigFolderControls() : Form("frmBigFolder", "Torvane Configuration") {
-  optIDCode(0).setToolTip("The front buttons reach every setting without the code");
-  optIDCode(1).setToolTip("The setpoints stay free, all else asks for the code");
-  optIDCode(2).setToolTip("Every change at the front buttons asks for the code");
+  optIDCode(0).setToolTip("No change at the front buttons asks for the ID code");
+  optIDCode(1).setToolTip("A change of the setpoints asks for the ID code");
+  optIDCode(2).setToolTip("Every change at the front buttons asks for the ID code");
   optAOutV.setToolTip("0 to 10 V");
   optAOutI.setToolTip("0 to 20 mA");
   optNoChange.setToolTip("A write leaves the unit's serial settings as they are");

@@ -25,23 +25,24 @@ struct BigFolderControls : Form {
 
   // Tab 0, ID code. The protection levels are committed with tab 1.
   TabPage& pageIDCode = tabBig.page(0);
-  Frame fraIDCode{pageIDCode, "fraIDCode", "Protection level"};
-  ControlArray<OptionButton> optIDCode{fraIDCode, "optIDCode", {"Disable", "Setpoint", "Full"}};
-  Label lblIDInst{pageIDCode, "lblIDInst",
+  Frame fraIDEntry{pageIDCode, "fraIDEntry", "ID code"};
+  Label lblIDInst{fraIDEntry, "lblIDInst",
                   "To Change the ID Code security feature, enter new four digits value in the ID Code input "
                   "box below."};
-  Label lblIDCode{pageIDCode, "lblIDCode", "ID code"};
-  TextBox txtIDCode{pageIDCode, "txtIDCode",
+  Label lblIDCode{fraIDEntry, "lblIDCode", "ID code"};
+  TextBox txtIDCode{fraIDEntry, "txtIDCode",
                     "Four digits; a shorter code is filled up with zeros at its end"};
-  Label lblIDWarn{pageIDCode, "lblIDWarn",
+  Label lblIDWarn{fraIDEntry, "lblIDWarn",
                   "Keep a note of the code: without it the protected settings can't be reached at the unit."};
   Label lblIDDisabled{
-      pageIDCode, "lblIDDisabled",
+      fraIDEntry, "lblIDDisabled",
       "The ID Code security feature is not enabled.\n\n"
       "ID Code security can prevent unauthorized access to the settings of the controller via the front "
       "buttons.\n\n"
       "To enable ID Code security feature, place a check in the ID Code Enable check-box found in the "
       "L.Brk.Alarm section/tab."};
+  Frame fraIDCode{pageIDCode, "fraIDCode", "Protection"};
+  ControlArray<OptionButton> optIDCode{fraIDCode, "optIDCode", {"Disable", "Setpoint", "Full"}};
 
   // Tab 1, Setpoints
   TabPage& pageSetpoints = tabBig.page(1);
@@ -61,7 +62,8 @@ struct BigFolderControls : Form {
 
   // Tab 2, Input type
   TabPage& pageInputType = tabBig.page(2);
-  ControlArray<OptionButton> optInType{pageInputType, "optInType", {"Thermocouples", "RTD", "Process"}};
+  Frame fraInput{pageInputType, "fraInput", "Input"};
+  ControlArray<OptionButton> optInType{fraInput, "optInType", {"Thermocouples", "RTD", "Process"}};
   ControlArray<Frame> fraInType{pageInputType, "fraInType", {"TC Types", "RTD Types", "Process Setup"}};
   ListBox lstTCTypes{fraInType(0),
                      "lstTCTypes",
@@ -133,10 +135,10 @@ struct BigFolderControls : Form {
   TabPage& pageAlarm1 = tabBig.page(4);
   CheckBox chkAl1Enabled{pageAlarm1, "chkAl1Enabled", "Enable alarm 1",
                          "Alarm 1 takes the place of output 1"};
-  CheckBox chkAl1AutoPOn{pageAlarm1, "chkAl1AutoPOn", "Armed at power on",
+  CheckBox chkAl1AutoPOn{pageAlarm1, "chkAl1AutoPOn", "Auto power-on",
                          "Checked: the alarm can act as soon as the unit has power"};
   Frame fraAl1Config{pageAlarm1, "fraAl1Config", "Alarm 1 configuration"};
-  Label lblAl1Ctrl{fraAl1Config, "lblAl1Ctrl", "Type"};
+  Label lblAl1Ctrl{fraAl1Config, "lblAl1Ctrl", "Control"};
   ComboBox cboAl1Ctrl{fraAl1Config,
                       "cboAl1Ctrl",
                       {"Absolute", "Deviation"},
@@ -145,7 +147,7 @@ struct BigFolderControls : Form {
                        "cboAl1Latch",
                        {"Latch", "Unlatch"},
                        "Latch: the alarm stays until it is reset; unlatch: it ends with its cause"};
-  Label lblAl1Closure{fraAl1Config, "lblAl1Closure", "Contact"};
+  Label lblAl1Closure{fraAl1Config, "lblAl1Closure", "Closure"};
   ComboBox cboAl1Closure{
       fraAl1Config, "cboAl1Closure", {"Norm Open", "Norm Close"}, "Contact while the alarm is not active"};
   ComboBox cboAl1Setup{fraAl1Config,
@@ -168,7 +170,7 @@ struct BigFolderControls : Form {
   CheckBox chkAl2Enabled{pageAlarm2, "chkAl2Enabled", "Enable alarm 2",
                          "Alarm 2 takes the place of output 2"};
   Frame fraAl2Cnfg{pageAlarm2, "fraAl2Cnfg", "Alarm 2 configuration"};
-  Label lblAl2Ctrl{fraAl2Cnfg, "lblAl2Ctrl", "Type"};
+  Label lblAl2Ctrl{fraAl2Cnfg, "lblAl2Ctrl", "Control"};
   ComboBox cboAl2Ctrl{fraAl2Cnfg,
                       "cboAl2Ctrl",
                       {"Absolute", "Deviation"},
@@ -177,7 +179,7 @@ struct BigFolderControls : Form {
                        "cboAl2Latch",
                        {"Latch", "Unlatch"},
                        "Latch: the alarm stays until it is reset; unlatch: it ends with its cause"};
-  Label lblAl2Closure{fraAl2Cnfg, "lblAl2Closure", "Contact"};
+  Label lblAl2Closure{fraAl2Cnfg, "lblAl2Closure", "Closure"};
   ComboBox cboAl2Closure{
       fraAl2Cnfg, "cboAl2Closure", {"Norm Open", "Norm Close"}, "Contact while the alarm is not active"};
   ComboBox cboAl2Setup{fraAl2Cnfg,
@@ -207,7 +209,7 @@ struct BigFolderControls : Form {
   Label lblIDCodeEn{fraID, "lblIDCodeEn",
                     "To enable ID Code security feature, place a check in the ID Enable box.\n\n"
                     "To activate ID Code security feature, enter a non zero value in the ID Code box."};
-  Frame fraTAdjust{pageLBAlarm, "fraTAdjust", "Temperature adjustment"};
+  Frame fraTAdjust{pageLBAlarm, "fraTAdjust", "Reading adjust"};
   TextBox txtTAdjust{fraTAdjust, "txtTAdjust", "Added to every reading, in the format of the Reading tab"};
 
   // Tab 7, Out1. Of the on/off and the PID frame one is on show.
