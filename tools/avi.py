@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""AVI files with one video stream whose frames are PNG pictures, each a key frame; all numbers little-endian."""
+"""AVI files of one video stream whose frames are PNG pictures, each a key frame."""
 
 import struct
 
@@ -18,7 +18,8 @@ def form(kind, name, *parts):
 
 def main_header(width, height, frames, microseconds, largest):
     rate = largest * 1000000 // microseconds
-    return struct.pack("<14I", microseconds, rate, 0, HAS_INDEX, frames, 0, 1, largest, width, height, 0, 0, 0, 0)
+    facts = (microseconds, rate, 0, HAS_INDEX, frames, 0, 1, largest, width, height)
+    return struct.pack("<14I", *facts, 0, 0, 0, 0)
 
 
 def stream_header(width, height, frames, microseconds, largest):
@@ -44,7 +45,8 @@ def movie(width, height, frames_per_second, pictures):
     """The bytes of a whole file; the pictures are PNG files of that width and height."""
     microseconds = round(1000000 / frames_per_second)
     facts = (width, height, len(pictures), microseconds, max(map(len, pictures)))
-    stream = form(b"LIST", b"strl", chunk(b"strh", stream_header(*facts)), chunk(b"strf", bitmap_header(width, height)))
+    stream = form(b"LIST", b"strl", chunk(b"strh", stream_header(*facts)),
+                  chunk(b"strf", bitmap_header(width, height)))
     headers = form(b"LIST", b"hdrl", chunk(b"avih", main_header(*facts)), stream)
     frames = form(b"LIST", b"movi", *(chunk(b"00dc", picture) for picture in pictures))
     return form(b"RIFF", b"AVI ", headers, frames, chunk(b"idx1", index(pictures)))

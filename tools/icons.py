@@ -1,13 +1,15 @@
 # SPDX-License-Identifier: MIT
-"""Single drawings: the ramp and soak curve, the two partners of a transfer, button icons, the program's own icon."""
+"""Single drawings: the ramp and soak curve, the two partners of a transfer, icons of buttons and program."""
 
 from svg import AMBER, BLUE, GREY, INK, PAPER, RED, WHITE, area, box, curve, disc, document, line, text
 
 
 def span(start, end, y, words):
     """A dimension line with arrow heads and its name underneath."""
-    heads = [line([(x + 6 * way, y - 4), (x, y), (x + 6 * way, y + 4)], INK, 1.5) for x, way in ((start, 1), (end, -1))]
-    return [line([(start, y), (end, y)], INK, 1.5), *heads, text((start + end) / 2, y + 16, words, 12, INK, "middle")]
+    shaft = line([(start, y), (end, y)], INK, 1.5)
+    heads = [line([(x + 6 * way, y - 4), (x, y), (x + 6 * way, y + 4)], INK, 1.5)
+             for x, way in ((start, 1), (end, -1))]
+    return [shaft, *heads, text((start + end) / 2, y + 16, words, 12, INK, "middle")]
 
 
 def ramp_and_soak():
@@ -17,7 +19,8 @@ def ramp_and_soak():
     shapes += [line([(left, 44), (left, floor), (right, floor)], INK, 2)]
     shapes += [line([(left, target), (right, target)], GREY, 1.5, "2 5")]
     shapes += [line([(x, target), (x, floor + 12)], GREY, 1.5, "2 5") for x in (ramped, soaked)]
-    shapes += [line([(left, start), (ramped, target)], RED, 3.5), line([(ramped, target), (soaked, target)], AMBER, 3.5)]
+    shapes += [line([(left, start), (ramped, target)], RED, 3.5)]
+    shapes += [line([(ramped, target), (soaked, target)], AMBER, 3.5)]
     shapes += [curve(f"M{soaked} {target} Q{soaked + 16} 124 {right - 8} 140", GREY, 2.5, "6 5")]
     shapes += [disc(x, y, 4.5, INK) for x, y in ((left, start), (ramped, target), (soaked, target))]
     shapes += [text(left + 8, target - 14, "set point", 12)]
@@ -43,8 +46,8 @@ def panel_unit():
 
 def serial():
     """A nine pin connector: five pins over four."""
-    shapes = [curve("M4 6 H20 A2.5 2.5 0 0 1 22.4 9 L20.6 16 A2.5 2.5 0 0 1 18.2 18 H5.8 A2.5 2.5 0 0 1 3.4 16"
-                    " L1.6 9 A2.5 2.5 0 0 1 4 6 Z", INK, 1.6)]
+    shapes = [curve("M4 6 H20 A2.5 2.5 0 0 1 22.4 9 L20.6 16 A2.5 2.5 0 0 1 18.2 18 H5.8"
+                    " A2.5 2.5 0 0 1 3.4 16 L1.6 9 A2.5 2.5 0 0 1 4 6 Z", INK, 1.6)]
     shapes += [disc(5.6 + 3.2 * i, 10, 1.2, BLUE) for i in range(5)]
     shapes += [disc(7.2 + 3.2 * i, 14, 1.2, BLUE) for i in range(4)]
     return document("Serial port", 24, 24, shapes)
@@ -58,7 +61,8 @@ def network():
 
 
 def file():
-    shapes = [area("M5 2.5 H14 L19 7.5 V21.5 H5 Z", PAPER, INK, 1.6), line([(14, 2.5), (14, 7.5), (19, 7.5)], INK, 1.6)]
+    shapes = [area("M5 2.5 H14 L19 7.5 V21.5 H5 Z", PAPER, INK, 1.6)]
+    shapes += [line([(14, 2.5), (14, 7.5), (19, 7.5)], INK, 1.6)]
     shapes += [line([(8, y), (16, y)], BLUE, 1.6) for y in (11.5, 14.5, 17.5)]
     return document("File", 24, 24, shapes)
 

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Draws assets/search.avi and assets/filecopy.avi: what the status window plays while it looks for a unit and while
-it transfers a setup. `make_animations.py frames FOLDER` writes the single frames as PNG files instead.
+"""Draws assets/search.avi and assets/filecopy.avi, played during a search and during a transfer.
+
+`make_animations.py frames FOLDER` writes the single frames as PNG files instead.
 """
 
 import math
@@ -36,12 +37,12 @@ def draw_computer(canvas):
 
 
 # Which of the bars top, upper left, upper right, middle, lower left, lower right, bottom a digit lights.
+BARS = ((0, 0, 6, 0), (0, 0, 0, 6), (6, 0, 6, 6), (0, 6, 6, 6), (0, 6, 0, 12), (6, 6, 6, 12), (0, 12, 6, 12))
 DIGITS = {"2": "1011101", "5": "1101011", "7": "1010010"}
 
 
 def draw_digit(canvas, digit, x, y):
-    bars = ((0, 0, 6, 0), (0, 0, 0, 6), (6, 0, 6, 6), (0, 6, 6, 6), (0, 6, 0, 12), (6, 6, 6, 12), (0, 12, 6, 12))
-    for lit, (x1, y1, x2, y2) in zip(DIGITS[digit], bars):
+    for lit, (x1, y1, x2, y2) in zip(DIGITS[digit], BARS):
         if lit == "1":
             canvas.draw(stroke(x + x1, y + y1, x + x2, y + y2, 2), RED)
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Draws assets/pictures/*.svg: `make_pictures.py` writes them, `make_pictures.py --check` tells what has drifted."""
+"""Draws assets/pictures/*.svg; with --check it writes nothing and tells which stored drawings differ."""
 
 import pathlib
 import sys

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""A small anti-aliased rasteriser: shapes as signed distances, drawn over a transparent ground, stored as PNG."""
+"""A small anti-aliased rasteriser: shapes as signed distances, a transparent ground, stored as PNG."""
 
 import math
 import struct
@@ -19,7 +19,8 @@ def rounded_box(x, y, width, height, radius):
 
 
 def circle(x, y, radius):
-    return lambda px, py: math.hypot(px - x, py - y) - radius, (x - radius, y - radius, x + radius, y + radius)
+    room = (x - radius, y - radius, x + radius, y + radius)
+    return lambda px, py: math.hypot(px - x, py - y) - radius, room
 
 
 def stroke(x1, y1, x2, y2, width):
@@ -41,7 +42,7 @@ def outline(shape, width):
 
 
 class Canvas:
-    """Pixels as red, green, blue and alpha, the colours not multiplied by alpha; `scale` pixels to the unit."""
+    """Pixels as red, green, blue (not multiplied by alpha) and alpha; `scale` pixels to the unit."""
 
     def __init__(self, width, height, scale):
         self.width, self.height, self.scale = width * scale, height * scale, scale

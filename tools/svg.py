@@ -31,18 +31,19 @@ def element(tag, **attributes):
 
 def stroke(colour, width, dash):
     style = {"fill": "none", "stroke": colour, "stroke_width": width}
+    style |= {"stroke_linecap": "round", "stroke_linejoin": "round"}
     return style | ({"stroke_dasharray": dash} if dash else {})
 
 
 def line(points, colour=INK, width=2, dash=None):
     """An open polyline with round ends through (x, y) points."""
     path = "M" + " L".join(f"{number(x)} {number(y)}" for x, y in points)
-    return element("path", d=path, **stroke(colour, width, dash), stroke_linecap="round", stroke_linejoin="round")
+    return element("path", d=path, **stroke(colour, width, dash))
 
 
 def curve(path, colour=INK, width=2, dash=None):
     """An open path given in the path language."""
-    return element("path", d=path, **stroke(colour, width, dash), stroke_linecap="round", stroke_linejoin="round")
+    return element("path", d=path, **stroke(colour, width, dash))
 
 
 def area(path, fill, colour="none", width=0, opacity=1):
@@ -63,8 +64,9 @@ def disc(x, y, radius, fill=PAPER, colour="none", border=0):
 def text(x, y, words, size=13, colour=INK, anchor="start", weight="normal"):
     """A line of text whose capitals are centred on y."""
     return (
-        f'<text x="{number(x)}" y="{number(y + size * 0.36)}" font-family="sans-serif" font-size="{number(size)}"'
-        f' font-weight="{weight}" text-anchor="{anchor}" fill="{colour}">{escape(words)}</text>'
+        f'<text x="{number(x)}" y="{number(y + size * 0.36)}" font-family="sans-serif"'
+        f' font-size="{number(size)}" font-weight="{weight}" text-anchor="{anchor}"'
+        f' fill="{colour}">{escape(words)}</text>'
     )
 
 
@@ -73,6 +75,7 @@ def document(title, width, height, shapes):
     head = (
         '<?xml version="1.0" encoding="UTF-8"?>\n<!-- SPDX-License-Identifier: MIT -->\n'
         f'<svg xmlns="http://www.w3.org/2000/svg" version="1.2" baseProfile="tiny"'
-        f' width="{width}" height="{height}" viewBox="0 0 {width} {height}">\n  <title>{escape(title)}</title>\n'
+        f' width="{width}" height="{height}" viewBox="0 0 {width} {height}">\n'
+        f"  <title>{escape(title)}</title>\n"
     )
     return head + "".join(f"  {shape}\n" for shape in shapes) + "</svg>\n"

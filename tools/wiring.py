@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
 """Drawings of a sensor wired to a unit's input terminals, and of the input switch that goes with it.
 
-A wiring is drawn in two directions: `u` runs along the terminal strip, `v` away from it towards the sensor. The first
-family's strip stands upright on the right, the second family's lies at the bottom.
+A wiring is drawn in two directions: `u` runs along the terminal strip, `v` away from it towards the sensor.
+The first family's strip stands upright on the right, the second family's lies at the bottom.
 """
 
 from typing import NamedTuple
@@ -30,6 +30,7 @@ class Strip(NamedTuple):
         return (self.screws - v, u) if self.upright else (u, self.screws - v)
 
 
+# E: excitation, S: sense, I: current. A resistor's excitation is linked to its sense where no lead brings it.
 FIRST = Strip(True, {"E+": "1", "S+": "2", "I+": "3", "S\u2212": "4", "E\u2212": "5"},
               first=60, pitch=33, screws=240, sensor=176, bend=110, label=74)
 SECOND = Strip(False, {"E+": "7", "S+": "8", "S\u2212": "9", "E\u2212": "10", "I+": "11", "COM": "12"},
@@ -63,7 +64,8 @@ def screw(strip, terminal, used):
     colour = INK if used else GREY
     x, y = strip.at(strip.u(terminal), 0)
     weight = "bold" if used else "normal"
-    number_at, name_at = (strip.at(strip.u(terminal), v) for v in ((-25, -50) if strip.upright else (-20, -37)))
+    behind = (-25, -50) if strip.upright else (-20, -37)
+    number_at, name_at = (strip.at(strip.u(terminal), v) for v in behind)
     return [
         disc(x, y, 9, PAPER, colour, 2),
         line([(x - 4.5, y + 4.5), (x + 4.5, y - 4.5)], colour, 2),
@@ -77,7 +79,9 @@ def terminal_block(strip, used):
     start = strip.first - strip.pitch / 2
     body = (strip.screws - 20, start, 92, length) if strip.upright else (start, strip.screws - 18, length, 68)
     shapes = [box(*body, 6, GREY, INK, 2, 0.15)]
-    return shapes + [shape for terminal in strip.terminals for shape in screw(strip, terminal, terminal in used)]
+    for terminal in strip.terminals:
+        shapes += screw(strip, terminal, terminal in used)
+    return shapes
 
 
 def link(strip, pair):
@@ -97,16 +101,20 @@ def lead(strip, node, terminal, name):
             text(*label, name, 13, INK, "middle", "bold")]
 
 
+def branch(strip, node, terminal, name):
+    """A further lead of the same end, joined to the first one beside the sensor."""
+    start = strip.at(node, strip.sensor)
+    joint = [line([start, strip.at(strip.u(terminal), strip.sensor)], LEAD_COLOURS[name], 2.5),
+             disc(*start, 4, LEAD_COLOURS[name])]
+    return joint + lead(strip, strip.u(terminal), terminal, name)
+
+
 def leads(strip, nodes, wiring):
-    """The first lead of an end leaves from its node; a further one branches off along the strip."""
     shapes = []
     for node, terminals, name in zip(nodes, (wiring.plus, wiring.minus), wiring.names):
-        for i, terminal in enumerate(terminals):
-            start = strip.u(terminal) if i else node
-            if i:
-                shapes += [line([strip.at(node, strip.sensor), strip.at(start, strip.sensor)], LEAD_COLOURS[name], 2.5),
-                           disc(*strip.at(node, strip.sensor), 4, LEAD_COLOURS[name])]
-            shapes += lead(strip, start, terminal, name)
+        shapes += lead(strip, node, terminals[0], name)
+        for terminal in terminals[1:]:
+            shapes += branch(strip, node, terminal, name)
     return shapes
 
 
@@ -133,17 +141,19 @@ def draw_source(strip, middle, unit):
 
 
 def draw_junction(strip, nodes, middle, names):
-    tip = strip.at(middle, strip.sensor + 22)
-    wires = [line([tip, strip.at(node, strip.sensor - 22)], LEAD_COLOURS[name], 2.5)
+    """Two wires that meet in a bead beyond the ends of the leads."""
+    tip = strip.at(middle, strip.sensor + 44)
+    wires = [line([tip, strip.at(node, strip.sensor)], LEAD_COLOURS[name], 2.5)
              for node, name in zip(nodes, names)]
     return wires + [disc(*tip, 6, INK)]
 
 
 def draw_sensor(strip, nodes, wiring):
     middle = sum(nodes) / 2
-    if wiring.sensor.endswith("\u03a9"):
-        return stubs(strip, nodes, middle, wiring.names) + draw_resistor(strip, middle, wiring.sensor)
-    return stubs(strip, nodes, middle, wiring.names) + draw_source(strip, middle, wiring.sensor)
+    if wiring.sensor == "junction":
+        return draw_junction(strip, nodes, middle, wiring.names)
+    draw = draw_resistor if wiring.sensor.endswith("\u03a9") else draw_source
+    return stubs(strip, nodes, middle, wiring.names) + draw(strip, middle, wiring.sensor)
 
 
 def sensor_nodes(strip, wiring):
@@ -153,16 +163,14 @@ def sensor_nodes(strip, wiring):
 
 
 def wiring_picture(strip, wiring):
+    if wiring.sensor == "junction":
+        strip = strip._replace(sensor=strip.sensor - 22)
     nodes = sensor_nodes(strip, wiring)
     linked = [terminal for pair in wiring.links for terminal in pair]
     shapes = [text(16, 22, wiring.title, 14, INK, "start", "bold")]
     shapes += terminal_block(strip, wiring.plus + wiring.minus + linked)
     shapes += [shape for pair in wiring.links for shape in link(strip, pair)]
-    if wiring.sensor == "junction":
-        near = strip._replace(sensor=strip.sensor - 22)
-        shapes += leads(near, nodes, wiring) + draw_junction(strip, nodes, sum(nodes) / 2, wiring.names)
-    else:
-        shapes += leads(strip, nodes, wiring) + draw_sensor(strip, nodes, wiring)
+    shapes += leads(strip, nodes, wiring) + draw_sensor(strip, nodes, wiring)
     shapes += [disc(*strip.at(strip.u(terminal), 0), 4, INK) for terminal in wiring.plus + wiring.minus]
     return document(wiring.title, WIDTH, HEIGHT, shapes)
 
