@@ -17,7 +17,7 @@ void refuseUnless(bool legal) {
 }  // namespace
 
 Control::Control(Container& container, std::string name) : container_(container), name_(std::move(name)) {
-  container.form().controls.push_back(this);
+  container.owner().controls.push_back(this);
 }
 
 bool Control::reachable() const { return enabled_ && visible_ && container_.reachable(); }
@@ -32,13 +32,13 @@ void Control::redraw() const {
 
 void Control::raise(const Handler& handler) const {
   if (!handler) return;
-  const HandlerScope scope(container_.form());
+  const HandlerScope scope(container_.owner());
   handler();
 }
 
 void Control::act(const Handler& deed) const {
   if (!reachable()) return;
-  const HandlerScope scope(container_.form());
+  const HandlerScope scope(container_.owner());
   try {
     deed();
   } catch (const RuntimeError& error) {
@@ -174,7 +174,7 @@ void Animation::open(const std::string& file) {
 }
 
 TabPage::TabPage(TabStrip& strip, std::size_t index, std::string pageCaption)
-    : Container(&strip.container().form(), &strip.container()),
+    : Container(&strip.container().owner(), &strip.container()),
       caption(std::move(pageCaption)),
       strip_(strip),
       index_(index),

@@ -31,7 +31,7 @@ class Container {
   Container& operator=(const Container&) = delete;
   virtual ~Container() = default;
 
-  Form& form() const { return *form_; }
+  Form& owner() const { return *form_; }
   Container* parent() const { return parent_; }
   virtual const std::string& containerName() const = 0;
   // Whether the user can reach what lies in here.
@@ -120,7 +120,7 @@ class Label : public CaptionedControl {
 class Frame : public CaptionedControl, public Container {
  public:
   Frame(Container& container, std::string name, std::string_view caption = "")
-      : CaptionedControl(container, std::move(name), caption), Container(&container.form(), &container) {}
+      : CaptionedControl(container, std::move(name), caption), Container(&container.owner(), &container) {}
 
   const std::string& containerName() const override { return name(); }
   bool reachable() const override { return Control::reachable(); }

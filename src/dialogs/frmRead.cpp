@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+// The chooser in front of every read.
+#include "dialogs/frmRead.h"
+
+#include "core/Global.h"
+#include "core/Model.h"
+#include "dialogs/RunHead.h"
+#include "protocol/frmSerial.h"
+
+frmRead::frmRead() : Form("frmRead", "Read from...") {
+  cmdFile.setEnabled(false);
+  cmdSerial.onClick = [this] { cmdSerial_Click(); };
+  OKButton.onClick = [this] { unload(); };
+}
+
+void frmRead::Form_Load() { centre(); }
+
+void frmRead::cmdSerial_Click() {
+  prepareRun();
+  Global.AutoDetect = False;
+  Global.ReadConfirmed = 1;
+  auto& run = form<frmSerial>();
+  run.readMode = True;
+  run.showModal();
+  Global.ReadConfirmed = 0;
+  unload();
+  fitToFoundUnit();
+}

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+// The chooser in front of every read: where from?
+#pragma once
+
+#include "platform/Form.h"
+
+class frmRead : public Form {
+ public:
+  frmRead();
+
+  Frame fraWriteTo{*this, "fraWriteTo", "Source"};
+  CommandButton cmdFile{fraWriteTo, "cmdFile", "File", "Save the current configuration to File", "file"};
+  Label Label1{fraWriteTo, "Label1", "Open a configuration file."};
+  CommandButton cmdSerial{fraWriteTo, "cmdSerial", "",
+                          "Writes the present configuration to device using the computer serial port",
+                          "serial"};
+  Label Label2{fraWriteTo, "Label2", "Read configuration from device connected to Serial Port."};
+  CommandButton cmdNetwork{fraWriteTo, "cmdNetwork", "Network",
+                           "Writes the present configuration to device using network communication",
+                           "network"};
+  Label Label4{fraWriteTo, "Label4", "Read configuration from device connected over the TCPIP Network."};
+  CommandButton OKButton{*this, "OKButton", "Cancel"};
+
+  void Form_Load() override;
+
+ private:
+  void cmdSerial_Click();
+};

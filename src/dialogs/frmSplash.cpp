@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+// The splash that stands while the program sets itself up.
+#include "dialogs/frmSplash.h"
+
+#include "core/NumberText.h"
+#include "core/Program.h"
+
+frmSplash::frmSplash() : Form("frmSplash", program::title) {}
+
+void frmSplash::Form_Load() {
+  centre();
+  lblVersion.setCaption("Version " + numberText(std::int32_t{program::majorVersion}) + "." +
+                        numberText(std::int32_t{program::minorVersion}));
+}
+
+void frmSplash::Form_KeyPress() { unload(); }

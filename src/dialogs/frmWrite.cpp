@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+// The chooser in front of every write.
+#include "dialogs/frmWrite.h"
+
+#include "core/Global.h"
+#include "core/Model.h"
+#include "dialogs/RunHead.h"
+#include "editor/frmBigFolder.h"
+#include "protocol/frmSerial.h"
+
+frmWrite::frmWrite() : Form("frmWrite", "Write to...") {
+  cmdFile.setEnabled(false);
+  cmdPrint.setEnabled(false);
+  cmdSerial.onClick = [this] { cmdSerial_Click(); };
+  chkReset.onClick = [this] { Global.ResetAfterWrite = asFlag(chkReset.value() != 0); };
+  cmdCancel.onClick = [this] { hide(); };
+}
+
+void frmWrite::Form_Load() {
+  centre();
+  showReset();
+}
+
+void frmWrite::Form_Activate() { showReset(); }
+
+void frmWrite::showReset() { chkReset.setValue(Global.ResetAfterWrite != False ? 1 : 0); }
+
+void frmWrite::cmdSerial_Click() {
+  prepareRun();
+  Global.AutoDetect = False;
+  auto& run = form<frmSerial>();
+  run.readMode = False;
+  Global.ReadConfirmed = 0;
+  run.showModal();
+  ::unload<frmSerial>();
+  fitToFoundUnit();
+}

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+// The communication tab: how this computer reaches the unit.
+#include "core/NumberText.h"
+#include "dialogs/frmWrite.h"
+#include "editor/frmBigFolder.h"
+#include "platform/Host.h"
+
+namespace {
+
+constexpr std::uint32_t white = 0xFFFFFF;
+constexpr std::uint32_t green = 0x00FF00;
+constexpr std::uint32_t red = 0x0000FF;  // red is the low byte
+
+constexpr int initialPort = 1000;
+constexpr int typicalPort = 2000;
+
+}  // namespace
+
+void frmBigFolder::wireCommTab() {
+  for (ComboBox* setting : {&cboBaud, &cboParity, &cboData, &cboStop}) {
+    setting->onClick = [this] { makeCommSetting(); };
+  }
+  cboCommPort.onClick = [this] { cboCommPort_Click(); };
+  for (int index : {0, 1}) {
+    optCommunicationMode(static_cast<std::size_t>(index)).onClick = [this, index] {
+      optCommunicationMode_Click(index);
+    };
+  }
+  optRS232.onClick = [this] { txtRS485Address.setEnabled(false); };
+  optRS485.onClick = [this] { txtRS485Address.setEnabled(true); };
+  optPortNum(0).onClick = [this] { txtTCPPort.setText("1000"); };
+  optPortNum(1).onClick = [this] { txtTCPPort.setText("2000"); };
+  txtTCPIPAddress.onChange = [this] { showNetworkTarget(); };
+  txtTCPPort.onChange = [this] {
+    showNetworkTarget();
+    pickPortOption();
+  };
+}
+
+// As "9600,o,7,1".
+void frmBigFolder::makeCommSetting() {
+  const std::string baud = cboBaud.listIndex() == 6 ? "19200" : cboBaud.list(cboBaud.listIndex());
+  const char* parity = cboParity.listIndex() == 0 ? "n" : cboParity.listIndex() == 2 ? "e" : "o";
+  const char* data = cboData.listIndex() == 1 ? "8" : "7";
+  const char* stop = cboStop.listIndex() == 1 ? "2" : "1";
+  MSComm1->settings = baud + "," + parity + "," + data + "," + stop;
+}
+
+// Tries the port and says how it stands.
+void frmBigFolder::cboCommPort_Click() {
+  const int port = cboCommPort.listIndex() + 1;
+  if (port == 0) {
+    cboCommPort.setText("unselect");
+    showPortState(white, "Port is unselected");
+    return;
+  }
+  MSComm1->commPort = port;
+  try {
+    MSComm1->open();
+    showPortState(green, "Port is available");
+    MSComm1->close();
+  } catch (const RuntimeError& error) {
+    showPortState(red, error.what());
+  }
+  cboCommPort.setToolTip(host().serialPortHint(port));
+}
+
+void frmBigFolder::showPortState(std::uint32_t color, std::string_view words) {
+  lblCommStat.setBackColor(color);
+  lblCommStat.setCaption(words);
+}
+
+void frmBigFolder::optCommunicationMode_Click(int index) {
+  const bool serial = index == 0;
+  fraSerialManualSet.setVisible(serial);
+  fraSerialCommunicationMode.setVisible(serial);
+  fraTCPIPAddress.setVisible(!serial);
+  fraTCPIPPort.setVisible(!serial);
+  if (serial) {
+    lblAutoDet.setCaption(serialAutoDetect);
+  } else {
+    showNetworkTarget();
+  }
+  if (!isLoaded<frmWrite>()) return;
+  form<frmWrite>().cmdNetwork.setEnabled(!serial);
+  form<frmWrite>().cmdSerial.setEnabled(serial);
+}
+
+void frmBigFolder::showNetworkTarget() {
+  lblAutoDet.setCaption("Connect to the web server at IP address" + txtTCPIPAddress.text() + " and port " +
+                        txtTCPPort.text());
+}
+
+void frmBigFolder::pickPortOption() {
+  attempt([this] {
+    const double port = Val(txtTCPPort.text());
+    optPortNum(port == initialPort ? 0 : port == typicalPort ? 1 : 2).setValue(true);
+  });
+}

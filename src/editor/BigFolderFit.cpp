@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+// Fitting the form to the model: which tabs and controls are in use.
+#include "core/Memo.h"
+#include "core/Model.h"
+#include "editor/frmBigFolder.h"
+
+namespace {
+
+enum : int { lbAlarmTab = 6, out1Tab = 7, out2Tab = 8, rampSoakTab = 9, analogTab = 10 };
+enum : int { alarmsOnlyKind = 1, simpleMenuKind = 2 };
+
+// The simple menu knows "Above" and "Below" only.
+void shortenSetup(ComboBox& setup) {
+  if (setup.listCount() == 4) {
+    setup.removeItem(3);
+    setup.setListIndex(0);
+    setup.setText("Above");
+  }
+  if (setup.listCount() == 3) setup.removeItem(2);
+}
+
+void lengthenSetup(ComboBox& setup) {
+  if (setup.listCount() == 2) setup.addItem("Hi/Lo");
+}
+
+void forceOnOff(ComboBox& control) {
+  control.setListIndex(0);
+  control.setText("On/Off");
+  control.setEnabled(false);
+}
+
+}  // namespace
+
+void frmBigFolder::cmdCnfg_Click() {
+  writeMemo(tabBig.tab());
+  SilentSetup = False;
+  if (const auto cut = BaseModel.find("-C"); cut != std::string::npos) BaseModel.resize(cut);
+  const bool analogOut = Hardware.Out1.Analog != False;
+  if (!analogOut) {
+    tabBig.setTabAvailable(out1Tab, true);
+  } else if (chkAnalogOutputEnabled.value() != 0) {
+    tabBig.setTabAvailable(out1Tab, false);
+  }
+  chkAnalogOutputEnabled.setEnabled(true);
+  if (Memo[rec::monitorOnly].value != 0) {
+    for (int tab : {out1Tab, out2Tab, rampSoakTab, analogTab}) tabBig.setTabAvailable(tab, false);
+  } else {
+    fitToFullUnit();
+    if (Memo[rec::menuKind].extra == alarmsOnlyKind) fitToAlarmsOnly();
+    if (Memo[rec::menuKind].extra == simpleMenuKind) fitToSimpleMenu();
+    fitAnalogOutput();
+  }
+  fraOut1Manual.setEnabled(true);
+  HSOut1Low.setEnabled(false);
+  HSOut1High.setEnabled(false);
+  if (DeviceState.IsRkw77 != False) {
+    chkAnalogOutputEnabled.setEnabled(false);
+    chkAnalogOutputEnabled.setValue(0);
+    fraOut1Manual.setEnabled(false);
+  }
+  leaveUnavailableTab();
+  for (std::int16_t tab = 1; tab < tabBig.tabs(); ++tab) writeMemo(tab);
+}
+
+void frmBigFolder::fitToFullUnit() {
+  for (int tab : {lbAlarmTab, rampSoakTab, out2Tab}) tabBig.setTabAvailable(tab, true);
+  const std::initializer_list<Control*> inUse = {&fraLBAlarm,  &chkLBAEnabled, &txtLBATime, &cboOut1Ctrl,
+                                                 &cboOut2Ctrl, &chkRampEn,     &fraRamp};
+  for (Control* control : inUse) control->setEnabled(true);
+  const std::initializer_list<Control*> onShow = {&cboAl1Closure, &cboAl1Ctrl, &cboAl2Closure, &cboAl2Ctrl,
+                                                  &lblAl1Closure, &lblAl1Ctrl, &lblAl2Closure, &lblAl2Ctrl,
+                                                  &fraAl1Spts,    &fraAl2Spts, &chkAl1AutoPOn};
+  for (Control* control : onShow) control->setVisible(true);
+  fraAl1Deadband.setVisible(false);
+  fraAl2Deadband.setVisible(false);
+  lengthenSetup(cboAl1Setup);
+  lengthenSetup(cboAl2Setup);
+  chkAl1Enabled.setEnabled(true);
+  chkAl2Enabled.setEnabled(true);
+}
+
+void frmBigFolder::fitToAlarmsOnly() {
+  fraLBAlarm.setEnabled(false);
+  chkLBAEnabled.setValue(0);
+  txtLBATime.setEnabled(false);
+  for (int tab : {out1Tab, out2Tab, rampSoakTab, analogTab}) tabBig.setTabAvailable(tab, false);
+}
+
+void frmBigFolder::fitToSimpleMenu() {
+  tabBig.setTabAvailable(analogTab, false);
+  forceOnOff(cboOut1Ctrl);
+  chkRampEn.setValue(0);
+  for (Control* control :
+       std::initializer_list<Control*>{&chkRampEn, &fraRamp, &fraLBAlarm, &chkLBAEnabled}) {
+    control->setEnabled(false);
+  }
+  cboAl1Ctrl.setListIndex(0);
+  cboAl2Ctrl.setListIndex(0);
+  const std::initializer_list<Control*> hidden = {&cboAl1Closure, &cboAl1Ctrl, &cboAl2Closure, &cboAl2Ctrl,
+                                                  &lblAl1Closure, &lblAl1Ctrl, &lblAl2Closure, &lblAl2Ctrl,
+                                                  &fraAl1Spts,    &fraAl2Spts, &chkAl1AutoPOn};
+  for (CheckBox* alarm : {&chkAl1Enabled, &chkAl2Enabled}) {
+    alarm->setValue(1);
+    alarm->setEnabled(false);
+  }
+  fraAl1Deadband.setVisible(true);
+  fraAl2Deadband.setVisible(true);
+  for (Control* control : hidden) control->setVisible(false);
+  shortenSetup(cboAl1Setup);
+  shortenSetup(cboAl2Setup);
+  for (int tab : {out1Tab, out2Tab, rampSoakTab}) tabBig.setTabAvailable(tab, false);
+  forceOnOff(cboOut2Ctrl);
+}
+
+void frmBigFolder::fitAnalogOutput() {
+  const bool analogOut = Hardware.Out1.Analog != False;
+  if (Memo[rec::menuKind].extra == simpleMenuKind) {
+    if (analogOut) {
+      chkAnalogOutputEnabled.setValue(1);
+      chkAnalogOutputEnabled.setEnabled(false);
+    }
+    tabBig.setTabAvailable(analogTab, analogOut);
+    cboAl2Latch.setEnabled(analogOut);
+  } else if (analogOut) {
+    tabBig.setTabAvailable(analogTab, true);
+    tabBig.setTabAvailable(out1Tab, chkAnalogOutputEnabled.value() == 0);
+  }
+}
+
+// Tab 0 is always available.
+void frmBigFolder::leaveUnavailableTab() {
+  while (tabBig.tab() > 0 && !tabBig.tabAvailable(tabBig.tab())) tabBig.setTab(tabBig.tab() - 1);
+}

@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: MIT
+// A choice on one control changes what the others offer: alarms, ID code, ramp and soak, analog output,
+// reading.
+#include "core/Memo.h"
+#include "core/Model.h"
+#include "editor/frmBigFolder.h"
+
+namespace {
+
+enum : int { above = 0, below = 1, hiLo = 2, band = 3 };
+enum : int { absolute = 0, deviation = 1 };
+constexpr int out1Tab = 7;
+constexpr int out2Tab = 8;
+
+bool isSimpleMenu() { return Memo[rec::menuKind].extra == 2; }
+
+void enableAll(std::initializer_list<Control*> controls, bool enable) {
+  for (Control* control : controls) control->setEnabled(enable);
+}
+
+// Which of the two set points an alarm uses.
+void setPointRule(const ComboBox& setup, TextBox& high, TextBox& low) {
+  const int index = setup.listIndex();
+  if (index < above || index > band) return;
+  high.setEnabled(index != below);
+  low.setEnabled(index == below || index == hiLo);
+}
+
+// "Band" belongs to deviation alarms.
+void offerBand(ComboBox& setup) {
+  if (setup.listCount() == 2) setup.addItem("Hi/Lo");
+  if (setup.listCount() == 3) setup.addItem("Band");
+}
+
+void withdrawBand(ComboBox& setup) {
+  if (setup.listCount() != 4) return;
+  setup.removeItem(3);
+  setup.setListIndex(above);
+}
+
+// The simple menu has no "Hi/Lo".
+void withdrawHiLo(ComboBox& setup) {
+  if (setup.listCount() == 3) setup.removeItem(2);
+}
+
+}  // namespace
+
+void frmBigFolder::wireDependentControls() {
+  for (std::size_t index = 0; index < optInType.count(); ++index) {
+    optInType(index).onClick = [this, index] {
+      for (std::size_t page = 0; page < fraInType.count(); ++page) fraInType(page).setVisible(page == index);
+      rdSOffsetDisable(optInType(2).value());
+      doInputImage();
+    };
+  }
+  lstProc.onClick = cboRTDValue.onClick = cboRTDWires.onClick = [this] { doInputImage(); };
+  chkAl1Enabled.onClick = [this] { Al1Disabled(chkAl1Enabled.value() != 0); };
+  chkAl2Enabled.onClick = [this] { Al2Disabled(chkAl2Enabled.value() != 0); };
+  cboAl1Setup.onClick = [this] { setPointRule(cboAl1Setup, txtAl1HiSp, txtAl1LoSp); };
+  cboAl2Setup.onClick = [this] { setPointRule(cboAl2Setup, txtAl2HiSp, txtAl2LoSp); };
+  cboAl1Ctrl.onClick = [this] { cboAl1Ctrl_Click(); };
+  cboAl2Ctrl.onClick = [this] { cboAl2Ctrl_Click(); };
+  chkIDEnabled.onClick = [this] { idDisable(chkIDEnabled.value() != 0); };
+  chkLBAEnabled.onClick = [this] { txtLBATime.setEnabled(chkLBAEnabled.value() != 0); };
+  chkRampEn.onClick = [this] { chkRampEn_Click(); };
+  chkSoakEn.onClick = [this] { txtSoakT.setEnabled(chkSoakEn.value() != 0); };
+  chkAnalogOutputEnabled.onClick = [this] {
+    const bool enabled = chkAnalogOutputEnabled.value() != 0;
+    tabBig.setTabAvailable(out1Tab, !enabled);
+    AnalogOutControls(enabled);
+  };
+}
+
+// The window as it stands before any record is shown: nothing is ticked, the thermocouple page is on top.
+void frmBigFolder::firstLooks() {
+  fraInType(1).setVisible(false);
+  fraInType(2).setVisible(false);
+  fraSOffset.setVisible(false);
+  fraOut1PID.setVisible(false);
+  fraOut2PID.setVisible(false);
+  fraTCPIPAddress.setVisible(false);
+  fraTCPIPPort.setVisible(false);
+  Al1Disabled(false);
+  Al2Disabled(false);
+  idDisable(false);
+  chkRampEn_Click();
+  txtLBATime.setEnabled(false);
+  chkOut1Start.setEnabled(false);
+  cboCommPort_Click();
+  doInputImage();
+}
+
+void frmBigFolder::Al1Disabled(bool enable) {
+  enableAll({&cboAl1Ctrl, &cboAl1Latch, &cboAl1Closure, &cboAl1Setup, &cboAl1WhenActiveColor}, enable);
+  if (isSimpleMenu()) {
+    enableAll({&fraAl1Deadband, &txtAl1Deadband}, enable);
+  } else if (DeviceState.IsRkw77 == False) {
+    tabBig.setTabAvailable(out1Tab, !enable);
+  }
+  setPointRule(cboAl1Setup, txtAl1HiSp, txtAl1LoSp);
+  if (!enable) enableAll({&txtAl1HiSp, &txtAl1LoSp}, false);
+}
+
+void frmBigFolder::Al2Disabled(bool enable) {
+  enableAll({&cboAl2Ctrl, &cboAl2Latch, &cboAl2Closure, &cboAl2Setup, &cboAl2WhenActiveColor}, enable);
+  tabBig.setTabAvailable(out2Tab, !enable);
+  if (isSimpleMenu()) enableAll({&fraAl2Deadband, &txtAl2Deadband}, enable);
+  setPointRule(cboAl2Setup, txtAl2HiSp, txtAl2LoSp);
+  if (!enable) enableAll({&txtAl2HiSp, &txtAl2LoSp}, false);
+}
+
+void frmBigFolder::cboAl1Ctrl_Click() {
+  if (cboAl1Ctrl.listIndex() == deviation) {
+    offerBand(cboAl1Setup);
+  } else if (cboAl1Ctrl.listIndex() == absolute && isSimpleMenu()) {
+    withdrawHiLo(cboAl1Setup);
+  } else if (cboAl1Ctrl.listIndex() == absolute) {
+    if (cboAl1Setup.listCount() == 2) cboAl1Setup.addItem("Hi/Lo");
+    withdrawBand(cboAl1Setup);
+  }
+}
+
+// On "Absolute" this one has always looked at alarm 1's list for "Hi/Lo", with another count; units in the
+// field are prepared with it so.
+void frmBigFolder::cboAl2Ctrl_Click() {
+  if (cboAl2Ctrl.listIndex() == deviation) {
+    offerBand(cboAl2Setup);
+  } else if (cboAl2Ctrl.listIndex() == absolute && isSimpleMenu()) {
+    withdrawHiLo(cboAl1Setup);
+  } else if (cboAl2Ctrl.listIndex() == absolute) {
+    if (cboAl1Setup.listCount() == 3) cboAl1Setup.addItem("Hi/Lo");
+    withdrawBand(cboAl2Setup);
+  }
+}
+
+void frmBigFolder::AnalogOutControls(bool enable) {
+  enableAll({&optAOutV, &optAOutI, &txtAOutRd1, &txtAOutRd2, &txtAOutOut1, &txtAOutOut2}, enable);
+}
+
+void frmBigFolder::idDisable(bool show) {
+  for (Control* control : std::initializer_list<Control*>{&lblIDInst, &lblIDCode, &lblIDWarn, &txtIDCode}) {
+    control->setVisible(show);
+  }
+  lblIDDisabled.setVisible(!show);
+}
+
+// Only a process signal has a scale of its own and more than one decimal.
+void frmBigFolder::rdSOffsetDisable(bool show) {
+  fraSOffset.setVisible(show);
+  fraNoSOffset.setVisible(!show);
+  if (!show) {
+    for (int finer : {rec::optDpoint + 2, rec::optDpoint + 3}) {
+      if (Memo[finer].flag == False) continue;
+      Memo[finer].flag = False;
+      Memo[rec::optDpoint + 1].flag = True;
+      break;
+    }
+  }
+  enableAll({&optDpoint(2), &optDpoint(3)}, show);
+  cboTUnit.setVisible(!show);
+  lblTUnit.setVisible(!show);
+}
+
+void frmBigFolder::chkRampEn_Click() {
+  const bool ramp = chkRampEn.value() != 0;
+  enableAll({&txtRampT, &chkSoakEn, &picProcess}, ramp);
+  txtSoakT.setEnabled(ramp && chkSoakEn.value() != 0);
+}

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+// Moving between the tabs, and the row of commands.
+#include "core/Global.h"
+#include "core/Memo.h"
+#include "core/Model.h"
+#include "dialogs/frmRead.h"
+#include "dialogs/frmWrite.h"
+#include "editor/frmBigFolder.h"
+#include "protocol/frmSerial.h"
+
+namespace {
+
+constexpr std::int16_t inputTypeTab = 2;
+constexpr std::int16_t commTab = 11;
+
+// The choosers offer the one channel that the communication tab has chosen.
+template <class Chooser>
+void offerChosenChannel(Chooser& chooser) {
+  chooser.cmdNetwork.setEnabled(Memo[rec::optCommunicationMode + 1].flag != False);
+  chooser.cmdSerial.setEnabled(Memo[rec::optCommunicationMode].flag != False);
+}
+
+}  // namespace
+
+void frmBigFolder::wireTabs() {
+  tabBig.onClick = [this](std::int16_t previousTab) { tabBig_Click(previousTab); };
+  cmdCnfg.onClick = [this] { cmdCnfg_Click(); };
+  cmdOpen.onClick = [this] { cmdOpen_Click(); };
+  cmdWrite.onClick = [this] { cmdWrite_Click(); };
+  cmdReset.onClick = [this] { cmdReset_Click(); };
+  cmdFactoryDefaults.onClick = [this] { cmdFactoryDefaults_Click(); };
+  cmdPrev.onClick = [this] { cmdPrev_Click(); };
+  cmdNext.onClick = [this] { cmdNext_Click(); };
+  cmdQuit.onClick = [this] { cmdQuit_Click(); };
+}
+
+void frmBigFolder::tabBig_Click(std::int16_t previousTab) {
+  writeMemo(previousTab);
+  loadMemo(tabBig.tab());
+  if (previousTab == inputTypeTab) doLKImage();
+  reForm();
+}
+
+void frmBigFolder::SaveCurrentTab() {
+  if (tabBig.tab() == commTab) tabBig_Click(commTab);
+}
+
+// The boxes that depend on the reading format are committed as they come on show.
+void frmBigFolder::reForm() {
+  switch (tabBig.tab()) {
+    case 1:
+    case 4:
+    case 5:
+    case 7:
+      writeMemo(tabBig.tab());
+      break;
+    default:
+      break;
+  }
+}
+
+void frmBigFolder::cmdReset_Click() { loadMemo(tabBig.tab()); }
+
+void frmBigFolder::cmdNext_Click() { stepTab(1); }
+
+void frmBigFolder::cmdPrev_Click() { stepTab(-1); }
+
+// Stops at every tab that is present in the strip, also at one that is out of use.
+void frmBigFolder::stepTab(int by) {
+  int tab = tabBig.tab();
+  do {
+    tab = (tab + by + tabBig.tabs()) % tabBig.tabs();
+  } while (!tabBig.page(static_cast<std::size_t>(tab)).present);
+  tabBig.setTab(tab);
+}
+
+void frmBigFolder::cmdQuit_Click() {
+  writeMemo(tabBig.tab());
+  unload();
+}
+
+void frmBigFolder::cmdWrite_Click() {
+  writeMemo(tabBig.tab());
+  loadMemo(commTab);
+  auto& chooser = form<frmWrite>();
+  offerChosenChannel(chooser);
+  chooser.showModal();
+  ::unload<frmWrite>();
+}
+
+// Nothing warns while a read or a file changes fields.
+void frmBigFolder::cmdOpen_Click() {
+  const std::int16_t warningsOff = Global.WarningsOff;
+  Global.WarningsOff = True;
+  writeMemo(tabBig.tab());
+  loadMemo(commTab);
+  auto& chooser = form<frmRead>();
+  offerChosenChannel(chooser);
+  chooser.showModal();
+  ::unload<frmSerial>();
+  ::unload<frmRead>();
+  Global.WarningsOff = warningsOff;
+}
+
+void frmBigFolder::cmdFactoryDefaults_Click() {
+  initBigFolder();
+  Global.DeviceSpecified = False;
+  resetDeviceState();
+  cboBaud.setListIndex(5);
+  cboParity.setListIndex(1);
+  cboData.setListIndex(0);
+  cboStop.setListIndex(0);
+  lblStatus.setCaption("RS-232");
+}

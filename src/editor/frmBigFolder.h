@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+// The main window: the whole configuration on twelve tabs, and the life of the program.
+//
+// Its controls are the uncommitted edit; writeMemo commits a tab to Memo and loadMemo shows it again.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "core/Registry.h"
+#include "editor/BigFolderControls.h"
+#include "platform/SerialPort.h"
+
+inline constexpr const char* serialAutoDetect =
+    "Find my device. Required Comm params to be: 9600 Baud, Odd Parity, 7 Databits, 1 Stop bit, Echo: On, "
+    "Mode:Command.";
+
+class frmBigFolder : public BigFolderControls {
+ public:
+  frmBigFolder();
+
+  // The serial port chosen on tab 11; frmSerial copies its number and settings when it loads.
+  const std::unique_ptr<SerialPort> MSComm1;
+  std::int16_t SilentSetup = 0;  // cmdCnfg_Click is to take the model without showing the hardware dialog
+
+  // Life.
+  void Form_Load() override;
+  void Form_Activate() override;
+  void Form_Unload() override;
+  void initSplash();
+  void initBigFolder();
+  void initMemory();
+  void loadRegCommSet();
+
+  // Memory and controls. Errors in loadMemo are ignored: what a control refuses leaves it as it was.
+  void loadMemo(std::int16_t tab);
+  void writeMemo(std::int16_t tab);
+  void reCover();  // writeMemo of all tabs
+  std::string formDPt() const;
+
+  // Tabs and buttons.
+  void tabBig_Click(std::int16_t previousTab);
+  void SaveCurrentTab();
+  void reForm();
+  void cmdReset_Click();
+  void cmdNext_Click();
+  void cmdPrev_Click();
+  void cmdQuit_Click();
+  void cmdWrite_Click();
+  void cmdOpen_Click();
+  void cmdFactoryDefaults_Click();
+  void cmdCnfg_Click();  // fits the form to the model
+
+  // Communication tab.
+  void makeCommSetting();
+  void cboCommPort_Click();
+  void optCommunicationMode_Click(int index);
+
+  // Dependent controls.
+  void Al1Disabled(bool enable);
+  void Al2Disabled(bool enable);
+  void AnalogOutControls(bool enable);
+  void idDisable(bool show);
+  void rdSOffsetDisable(bool show);
+  void fOut1Manual(bool enable);
+  void Out1AutoDisable(bool enable);
+  void doInputImage();
+  void doLKImage();
+
+ private:
+  // How a record and its control are copied into each other.
+  enum class Copy { flag, value, extra, plain, fourDigits, tenths, reading, position, positionText };
+  using AnyControl = std::variant<TextBox*, CheckBox*, OptionButton*, ListControl*, ScrollBar*>;
+  struct Field {
+    int loadTab;
+    int storeTab;  // notStored: shown only
+    int record;
+    Copy copy;
+    AnyControl control;
+  };
+  static constexpr int notStored = -1;
+
+  std::vector<Field> fieldTable();
+  void load(const Field& field);
+  void store(const Field& field) const;
+  void loadModelCopies();
+  void storeModelCopies() const;
+
+  void wireTabs();
+  void firstLooks();
+  void wireCommTab();
+  void showPortState(std::uint32_t color, std::string_view words);
+  void showNetworkTarget();
+  void pickPortOption();
+  void wireDependentControls();
+  void wireOutputs();
+  void setFixedTexts();
+  void savePreferences();
+  void keepSplashUp(double start) const;
+  void stepTab(int by);
+  void leaveUnavailableTab();
+  void fitToFullUnit();
+  void fitToAlarmsOnly();
+  void fitToSimpleMenu();
+  void fitAnalogOutput();
+  void chkOut1Self_Click();
+  void cboOut1Ctrl_Click();
+  void cboOut2Ctrl_Click();
+  void chkOut2AutoPID_Click();
+  void chkRampEn_Click();
+  void cboAl1Ctrl_Click();
+  void cboAl2Ctrl_Click();
+  void autoTuneRule();
+  void txtOut2CycleT_KeyPress();
+
+  const std::vector<Field> fields_;
+  Registry settings_;
+};

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+// Waits that keep the windows alive.
+#pragma once
+
+#include <cstdint>
+
+// Ends when more than `seconds` have passed; starts anew if the clock has stepped back behind its start.
+void Delay(float seconds);
+
+// The cruder wait: its start is rounded to a whole second, so it is up to half a second off. Yields at least
+// once.
+void pause(std::int16_t seconds);

@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+// The communications status window: narrative, Cancel, and what a showing does.
+#include "protocol/frmSerial.h"
+
+#include <algorithm>
+
+#include "core/Global.h"
+#include "core/Memo.h"
+#include "core/Model.h"
+#include "core/NumberText.h"
+#include "editor/frmBigFolder.h"
+#include "platform/Host.h"
+#include "protocol/Waits.h"
+
+namespace {
+
+constexpr float lastLook = 1.0F;  // seconds that the end of a run stays on the screen
+
+std::string onOneLine(std::string text) {
+  std::ranges::replace(text, '\r', ' ');
+  return text;
+}
+
+}  // namespace
+
+frmSerial::frmSerial()
+    : Form("frmSerial", "Communications Status"), MSComm1(host().makeSerialPort()), channel(*MSComm1) {
+  cmdCancel.onClick = [this] { cmdCancel_Click(); };
+}
+
+void frmSerial::Form_Load() {
+  centre();
+  attempt([this] {
+    Animation1.open(host().programFolder() + "/search.avi");
+    Animation1.setVisible(true);
+    const SerialPort& chosen = *form<frmBigFolder>().MSComm1;
+    MSComm1->commPort = chosen.commPort;
+    MSComm1->settings = chosen.settings;
+  });
+}
+
+void frmSerial::Form_Activate() {
+  Global.CancelFlag = False;
+  upProg(0);
+  windowActive = True;
+  if (readMode != False && Global.ReadConfirmed == 0) {
+    unload();
+    return;
+  }
+  showTarget();
+  const bool serial = Memo[rec::optCommunicationMode].flag != False;
+  if (serial && !serialPath()) return;
+  if (Global.DetectionDone == 1) unload();
+}
+
+// Each statement on its own: what fails is skipped, and the window still comes to its end. False when no unit
+// answered and the window has gone.
+bool frmSerial::serialPath() {
+  if (Global.AutoDetect != False) {
+    Global.AutoDetect = False;
+    return true;
+  }
+  cmdCancel.setCaption("Cancel");
+  std::string found;
+  std::int16_t mode = 4;
+  attempt([&] { found = comOK(mode); });
+  if (!found.empty()) {
+    hide();
+    host().beep();
+    messageBox(
+        "Communication with controller cannot be established.\r"
+        "Please verify COM setup and connection, then try again.",
+        "", Icon::critical);
+    return false;
+  }
+  upProg(3);
+  attempt([this] { Animation1.open(host().programFolder() + "/filecopy.avi"); });
+  auto& editor = form<frmBigFolder>();
+  for (std::int16_t tab = 0; tab < editor.tabBig.tabs(); ++tab) {
+    attempt([&] { editor.writeMemo(tab); });
+    host().yield();
+  }
+  if (readMode != False) {
+    if (Global.ReadConfirmed != 0) attempt([this] { ReadConfigurationFromDevice(); });
+    Global.ReadConfirmed = 0;
+  } else {
+    attempt([this] { WriteConfigurationToDevice(); });
+  }
+  if (Global.ResetAfterWrite != False && readMode == False) {
+    mode = 1;
+    attempt([&] { comOK(mode); });
+    upProg(97);
+  }
+  if (Memo[rec::optRS485].flag != False) {
+    attempt([] { Hardware.BusAddress = toInt16(Val(Memo[rec::txtRS485Address].text)); });
+  }
+  finish("Done\r");
+  return true;
+}
+
+void frmSerial::finish(std::string_view lastWords) {
+  Animation1.setVisible(false);
+  upStat(true, lastWords);
+  upProg(100);
+  cmdCancel.setCaption("Close");
+  Delay(lastLook);
+  hide();
+}
+
+void frmSerial::Form_Deactivate() { windowActive = False; }
+
+// The window's frame does what its button does.
+bool frmSerial::Form_QueryUnload() {
+  cmdCancel_Click();
+  return true;
+}
+
+void frmSerial::Form_Unload() {
+  if (MSComm1->isOpen()) MSComm1->close();
+}
+
+void frmSerial::cmdCancel_Click() {
+  if (cmdCancel.caption() != "Cancel") {
+    hide();
+    return;
+  }
+  const Answer answer = messageBox("This action will abort\rcurrent communication activities\rAre you sure?",
+                                   "", Icon::question, Buttons::yesNo);
+  if (answer == Answer::yes) Global.CancelFlag = True;
+}
+
+void frmSerial::upStat(bool append, std::string_view text) {
+  const bool sameLine = append && lstNarrative.listCount() > 0;
+  lblStatus.setCaption(append ? lblStatus.caption() + std::string(text) : std::string(text));
+  if (sameLine) lstNarrative.removeItem(lstNarrative.listCount() - 1);
+  lstNarrative.addItem(onOneLine(lblStatus.caption()));
+  lstNarrative.setListIndex(lstNarrative.listCount() - 1);
+  lblStatus.refresh();
+}
+
+void frmSerial::upProg(std::int16_t percent) {
+  lblProgress.setValue(percent * fullBar / 100);
+  lblPercent.setCaption(numberText(std::int32_t{percent}) + "%");
+}
+
+void frmSerial::showTarget() {
+  std::string target = "No serial port chosen";
+  if (MSComm1->commPort > 0) {
+    target = host().serialPortHint(MSComm1->commPort) + ", " + MSComm1->settings;
+    if (!isUnaddressed()) target += ", address " + numberText(std::int32_t{Hardware.BusAddress});
+  }
+  lblTarget.setCaption(target);
+}
+
+std::string frmSerial::ReadSerial(std::string_view reg) { return channel.ReadSet(reg); }
+
+std::string frmSerial::writeSerial(std::string_view reg, const std::string& value) {
+  upStat(true, value + "\r");
+  if (value.starts_with('!')) return value.substr(1);
+  return channel.writeSet(reg, value);
+}

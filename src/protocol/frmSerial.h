@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+// The communications status window: the engine of every run, and the dialog that the user watches meanwhile.
+//
+// Nobody calls a method to start a run: the caller sets `readMode` and the flags in Global and shows the
+// window modally; Form_Activate does the rest.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/Form.h"
+#include "platform/SerialPort.h"
+#include "protocol/SerialChannel.h"
+
+struct RegisterStep;
+
+class frmSerial : public Form {
+ public:
+  frmSerial();
+
+  Animation Animation1{*this, "Animation1"};
+  Picture imgComputer{*this, "imgComputer", "imgComputer"};
+  Picture imgMicro{*this, "imgMicro", "imgMicro"};
+  Label lblTarget{*this, "lblTarget"};          // what is being talked to
+  Label lblStatus{*this, "lblStatus"};          // the narrative of the present step
+  ListBox lstNarrative{*this, "lstNarrative"};  // the narrative so far, a line for each step
+  Label lblBar{*this, "lblBar"};
+  ProgressBar lblProgress{*this, "lblProgress", fullBar};
+  Label lblPercent{*this, "lblPercent"};
+  CommandButton cmdCancel{*this, "cmdCancel", "Cancel"};
+
+  // What a showing does.
+  std::int16_t readMode = 0;       // a read run rather than a write run; written by the choosers
+  std::int16_t windowActive = 0;   // between activation and deactivation
+  std::int16_t revisionClass = 0;  // written by comOK and the type check, read by the wizard
+
+  const std::unique_ptr<SerialPort> MSComm1;
+  SerialChannel channel;
+
+  // Narrative.
+  void upStat(bool append, std::string_view text);
+  void upProg(std::int16_t percent);
+
+  // The channel, as the runs use it.
+  std::string ReadSerial(std::string_view reg);
+  // Shows the value; a value that begins with "!" is a message and becomes the result without the "!".
+  std::string writeSerial(std::string_view reg, const std::string& value);
+
+  // Is there a unit that can be configured? Mode 0 and 4 probe ("" found, "ng" not), mode 1 resets the unit.
+  std::string comOK(std::int16_t& mode);
+  // What unit it is: -1 none that can be used, 0 the Rkw77 line, 1 to 5 TMP, PRC, STR, GR2, RHT, 6 any other.
+  void ComCheckForMeterType(std::int16_t& type);
+
+  // The runs. Errors in an encoder or decoder end them where they are.
+  void WriteConfigurationToDevice();
+  void ReadConfigurationFromDevice();
+
+  void Form_Load() override;
+  void Form_Activate() override;
+  void Form_Deactivate() override;
+  bool Form_QueryUnload() override;
+  void Form_Unload() override;
+
+ private:
+  static constexpr int fullBar = 4095;
+
+  bool serialPath();
+  void finish(std::string_view lastWords);
+  void cmdCancel_Click();
+  void showTarget();
+
+  void probe(std::string& result);
+  bool screenShape(const std::string& reply);
+  void judgeContent(const std::string& reply, int& stage);
+  std::string askVersion(int& stage);
+  void announce(std::int16_t type, const std::string& lastReply);
+  void shortCommand(std::int16_t mode);
+  std::string ask(std::string_view command);
+  void checkBusSettings(std::int16_t& type);
+
+  bool writeStep(int step);
+  bool writeInputType();
+  bool writeReadingScale();
+  void writeAnalogOutput();
+  void writeBusSettings();
+  void writeRow(const RegisterStep& row);
+  std::string sendRow(const RegisterStep& row);
+  void readRow(const RegisterStep& row);
+  void moveBar(int percent);
+};
