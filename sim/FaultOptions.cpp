@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+// Faults as they are named on the command line.
+#include "sim/FaultOptions.h"
+
+#include <algorithm>
+#include <array>
+
+#include "sim/Numbers.h"
+
+namespace sim {
+
+namespace {
+
+bool setCount(int& count, std::string_view text) {
+  const auto number = wholeNumber(text);
+  if (!number || *number < 0) return false;
+  count = *number;
+  return true;
+}
+
+bool setSeconds(double& seconds, std::string_view text) {
+  const auto number = fraction(text);
+  if (!number || *number < 0) return false;
+  seconds = *number;
+  return true;
+}
+
+bool setBytes(std::string& bytes, std::string_view hex) {
+  if (hex.empty() || hex.size() % 2 != 0) return false;
+  bytes.clear();
+  for (; !hex.empty(); hex.remove_prefix(2)) {
+    const auto byte = hexNumber(hex.substr(0, 2));
+    if (!byte) return false;
+    bytes += static_cast<char>(*byte);
+  }
+  return true;
+}
+
+bool silent(Faults& faults, std::string_view argument) {
+  return setCount(faults.silentAfter, argument.empty() ? "0" : argument);
+}
+
+bool loop(Faults& faults, std::string_view argument) {
+  faults.loopback = unlimited;
+  return argument.empty() || setCount(faults.loopback, argument);
+}
+
+bool refuse(Faults& faults, std::string_view argument) {
+  const auto fields = splitText(argument, ',');
+  if (fields.size() > 3) return false;
+  Refusal refusal{std::string(fields[0]), {}, unlimited};
+  if (fields.size() > 1) refusal.prefix = fields[1];
+  if (fields.size() > 2 && !setCount(refusal.times, fields[2])) return false;
+  faults.refusals.push_back(refusal);
+  return true;
+}
+
+bool answer(Faults& faults, std::string_view argument) {
+  const std::size_t sign = argument.find('=');
+  if (sign == std::string_view::npos) return false;
+  faults.answers[std::string(argument.substr(0, sign))] = argument.substr(sign + 1);
+  return true;
+}
+
+bool stuck(Faults& faults, std::string_view argument) {
+  const auto fields = splitText(argument, ',');
+  if (fields.size() > 2 || fields[0].size() != 2) return false;
+  const auto bits = hexNumber(fields.size() == 2 ? fields[1] : "0");
+  if (bits) faults.stuck[std::string(fields[0])] = *bits;
+  return bits.has_value();
+}
+
+bool late(Faults& faults, std::string_view argument) { return setSeconds(faults.late, argument); }
+
+bool pieces(Faults& faults, std::string_view argument) {
+  const auto fields = splitText(argument, ',');
+  int size = 0;
+  Piece piece{};
+  if (fields.size() != 2 || !setCount(size, fields[0]) || !setSeconds(piece.gap, fields[1])) return false;
+  piece.size = static_cast<std::size_t>(size);
+  faults.pieces.push_back(piece);
+  return size > 0;
+}
+
+bool lineEnd(Faults& faults, std::string_view argument) {
+  constexpr std::array<std::pair<std::string_view, std::string_view>, 4> ends{
+      {{"cr", "\r"}, {"lf", "\n"}, {"crlf", "\r\n"}, {"none", ""}}};
+  for (const auto& [name, bytes] : ends) {
+    if (name != argument) continue;
+    faults.lineEnd = bytes;
+    return true;
+  }
+  return false;
+}
+
+bool noise(Faults& faults, std::string_view argument) {
+  const auto fields = splitText(argument, ',');
+  if (fields.size() == 1) return setBytes(faults.noiseBefore, fields[0]);
+  int place = 0;
+  if (fields.size() != 2 || !setCount(place, fields[1])) return false;
+  faults.noiseAt = static_cast<std::size_t>(place);
+  return setBytes(faults.noiseInside, fields[0]);
+}
+
+bool endless(Faults& faults, std::string_view argument) {
+  int size = 0;
+  if (!setCount(size, argument.empty() ? "100000" : argument)) return false;
+  faults.endless = static_cast<std::size_t>(size);
+  return true;
+}
+
+bool stale(Faults& faults, std::string_view argument) {
+  faults.stale = std::string(argument) + '\r';
+  return !argument.empty();
+}
+
+bool trailing(Faults& faults, std::string_view argument) {
+  faults.trailing = std::string(argument) + '\r';
+  return !argument.empty();
+}
+
+bool hangup(Faults& faults, std::string_view argument) {
+  return setCount(faults.hangupAt, argument) && faults.hangupAt > 0;
+}
+
+struct Kind {
+  std::string_view name;
+  bool (*set)(Faults&, std::string_view);
+  std::string_view help;
+};
+
+constexpr std::array<Kind, 13> kinds{{
+    {"silent", silent, "silent[:N]               no reply, after N good ones if told"},
+    {"loop", loop, "loop[:N]                 commands come back as they went, N of them if told"},
+    {"refuse", refuse,
+     "refuse:CODE[,BEGIN[,N]]  such as ?43; for commands that begin so, N times; no CODE is silence"},
+    {"answer", answer, "answer:BEGIN=TEXT        a literal reply to commands that begin so"},
+    {"stuck", stuck,
+     "stuck:INDEX[,BITS]       a register keeps its value, or takes it with these bits turned over"},
+    {"late", late, "late:SECONDS             every reply so much later"},
+    {"pieces", pieces,
+     "pieces:SIZE,GAP          a reply's first SIZE bytes, a rest of GAP seconds; repeatable"},
+    {"line-end", lineEnd, "line-end:KIND            cr, lf, crlf or none"},
+    {"noise", noise,
+     "noise:BYTES[,AT]         bytes in hexadecimal before a reply, or inside it behind AT of its own"},
+    {"endless", endless, "endless[:N]              replies of N bytes (100000) without a line end"},
+    {"stale", stale, "stale:TEXT               a reply that nobody asked for, once at the start"},
+    {"trailing", trailing, "trailing:TEXT            one more reply behind every reply"},
+    {"hangup", hangup, "hangup:N                 the Nth command pulls the plug: the port goes away"},
+}};
+
+}  // namespace
+
+bool addFault(Faults& faults, std::string_view text) {
+  const std::size_t colon = std::min(text.find(':'), text.size());
+  const std::string_view name = text.substr(0, colon);
+  const std::string_view argument = colon < text.size() ? text.substr(colon + 1) : std::string_view();
+  const auto kind =
+      std::find_if(kinds.begin(), kinds.end(), [&](const Kind& one) { return one.name == name; });
+  return kind != kinds.end() && kind->set(faults, argument);
+}
+
+std::string faultHelp() {
+  std::string text;
+  for (const Kind& kind : kinds) text += "  " + std::string(kind.help) + '\n';
+  return text;
+}
+
+}  // namespace sim

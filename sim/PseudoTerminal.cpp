@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: MIT
+// A unit on a pseudo terminal, in the caller's thread or in one of its own.
+#include "sim/PseudoTerminal.h"
+
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cmath>
+#include <cstdint>
+#include <filesystem>
+#include <system_error>
+
+namespace sim {
+
+namespace {
+
+// A line that nobody reads loses what is beyond.
+constexpr std::size_t outboxCapacity = 1'000'000;
+
+constexpr double noEnd = -1;
+
+void makeLink(const std::string& link, const std::string& target) {
+  if (link.empty()) return;
+  if (std::filesystem::is_symlink(link)) std::filesystem::remove(link);
+  std::filesystem::create_symlink(target, link);
+}
+
+// A link that somebody else has set anew in the meantime stays.
+void dropLink(const std::string& link, const std::string& target) {
+  std::error_code ignored;
+  if (link.empty() || std::filesystem::read_symlink(link, ignored) != target) return;
+  std::filesystem::remove(link, ignored);
+}
+
+double sooner(double one, double other) {
+  if (one < 0) return other;
+  return other < 0 ? one : std::min(one, other);
+}
+
+timespec duration(double seconds) {
+  const double whole = std::floor(std::min(seconds, 1e6));
+  return {static_cast<time_t>(whole), static_cast<long>((std::min(seconds, 1e6) - whole) * 1e9)};
+}
+
+}  // namespace
+
+Server::Server(Unit& unit, ServerOptions options) : unit_(unit), options_(std::move(options)) {
+  makeLink(options_.link, path());
+  wakeFd_ = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+  if (wakeFd_ < 0) throw std::system_error(errno, std::generic_category(), "event");
+}
+
+Server::~Server() {
+  unplug();
+  ::close(wakeFd_);
+}
+
+bool Server::poll(double timeout) {
+  if (unplugged()) return false;
+  wait(timeout);
+  serve();
+  return !unplugged();
+}
+
+void Server::run() {
+  while (!stopping_ && poll(noEnd)) {
+  }
+}
+
+void Server::start() {
+  if (thread_.joinable()) return;
+  stopping_ = false;
+  thread_ = std::thread([this] { run(); });
+}
+
+void Server::stop() {
+  requestStop();
+  if (thread_.joinable()) thread_.join();
+}
+
+void Server::unplug() {
+  stop();
+  const std::scoped_lock lock(mutex_);
+  hangUp();
+}
+
+bool Server::unplugged() const {
+  const std::scoped_lock lock(mutex_);
+  return !pty_.isOpen();
+}
+
+void Server::wake() const {
+  const int before = errno;
+  const std::uint64_t one = 1;
+  // A full counter wakes as well.
+  [[maybe_unused]] const ssize_t written = ::write(wakeFd_, &one, sizeof one);
+  errno = before;
+}
+
+void Server::requestStop() {
+  stopping_ = true;
+  wake();
+}
+
+double Server::now() const {
+  return std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();
+}
+
+double Server::untilDue() {
+  const std::scoped_lock lock(mutex_);
+  queue(unit_.unasked(now()));
+  return due_.empty() ? noEnd : std::max(0.0, due_.begin()->first - now());
+}
+
+void Server::wait(double timeout) {
+  const short events = outbox_.empty() ? POLLIN : POLLIN | POLLOUT;
+  std::array<pollfd, 2> sources{{{pty_.master(), events, 0}, {wakeFd_, POLLIN, 0}}};
+  const double limit = sooner(timeout, untilDue());
+  const timespec length = duration(std::max(limit, 0.0));
+  ppoll(sources.data(), sources.size(), limit < 0 ? nullptr : &length, nullptr);
+  std::uint64_t wakes = 0;
+  [[maybe_unused]] const ssize_t size = ::read(wakeFd_, &wakes, sizeof wakes);
+}
+
+void Server::serve() {
+  const std::scoped_lock lock(mutex_);
+  if (!pty_.isOpen()) return;
+  hear();
+  tell();
+  if (unit_.unplugged()) return hangUp();
+  deliver();
+}
+
+void Server::hear() {
+  const std::string bytes = pty_.read();
+  if (bytes.empty()) return;
+  const LineSettings own = unit_.setup().line;
+  queue(unit_.receive(now(), bytes, options_.checkLine ? pty_.spoken(own) : own));
+  if (options_.onExchange) options_.onExchange(unit_);
+}
+
+void Server::tell() {
+  if (!options_.onTraffic) return;
+  for (const LogEntry& entry : unit_.takeLog()) options_.onTraffic(entry);
+}
+
+void Server::queue(std::vector<Chunk> chunks) {
+  for (Chunk& chunk : chunks) due_.emplace(chunk.at, std::move(chunk.bytes));
+}
+
+void Server::deliver() {
+  for (const double moment = now(); !due_.empty() && due_.begin()->first <= moment;) {
+    outbox_ += due_.begin()->second;
+    due_.erase(due_.begin());
+  }
+  outbox_.resize(std::min(outbox_.size(), outboxCapacity));
+  for (std::size_t taken = 1; taken > 0 && !outbox_.empty();) {
+    taken = pty_.write(outbox_);
+    outbox_.erase(0, taken);
+  }
+}
+
+void Server::hangUp() {
+  if (!pty_.isOpen()) return;
+  pty_.close();
+  dropLink(options_.link, path());
+  due_.clear();
+  outbox_.clear();
+}
+
+}  // namespace sim

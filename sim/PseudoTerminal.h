@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+// A unit on a pseudo terminal, in the caller's thread or in one of its own.
+#pragma once
+
+#include <atomic>
+#include <chrono>
+#include <functional>
+#include <map>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <utility>
+
+#include "sim/PtyPair.h"
+#include "sim/Unit.h"
+
+namespace sim {
+
+struct ServerOptions {
+  std::string link = {};   // a symbolic link to the device file, for a name that stays; empty for none
+  bool checkLine = false;  // compare the far end's line settings with the unit's, as far as they are known
+  std::function<void(const LogEntry&)> onTraffic = {};  // takes each line out of the unit's log
+  std::function<void(const Unit&)> onExchange = {};     // after the unit has heard something
+};
+
+class Server {
+ public:
+  // Throws std::system_error when there is no pseudo terminal or the link can't be made. The unit outlives
+  // the server.
+  explicit Server(Unit& unit, ServerOptions options = {});
+  ~Server();
+  Server(const Server&) = delete;
+  Server& operator=(const Server&) = delete;
+
+  const std::string& path() const { return pty_.path(); }
+
+  // In the caller's thread: waits for traffic, at most this long in seconds (below 0: without end), and
+  // serves what there is. False once the line is unplugged.
+  bool poll(double timeout);
+  void run();  // until unplugged or stop()
+
+  // In a thread of its own.
+  void start();
+  void stop();
+
+  // Hang-up at the far end, the device file and the link are gone. Not undone: a new line is a new server.
+  void unplug();
+  bool unplugged() const;
+
+  // The unit and its faults while a thread serves it: server.with([](Unit& unit) { return unit.count("W");
+  // }).
+  template <typename Use>
+  auto with(Use use) {
+    const WakeAtEnd wakeAtEnd{*this};
+    const std::scoped_lock lock(mutex_);
+    return use(unit_);
+  }
+
+  // Ends a wait early; may be called from a signal handler.
+  void wake() const;
+  void requestStop();  // the same, and run() returns; from a signal handler too
+
+ private:
+  struct WakeAtEnd {
+    const Server& server;
+    ~WakeAtEnd() { server.wake(); }
+  };
+
+  double now() const;
+  double untilDue();
+  void wait(double timeout);
+  void serve();
+  void hear();
+  void tell();
+  void deliver();
+  void hangUp();
+  void queue(std::vector<Chunk> chunks);
+
+  Unit& unit_;
+  ServerOptions options_;
+  PtyPair pty_;
+  int wakeFd_ = -1;
+  std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+  std::multimap<double, std::string> due_;  // by the moment at which it goes out
+  std::string outbox_;                      // due, but not yet taken by the line
+  std::atomic<bool> stopping_ = false;
+  mutable std::mutex mutex_;
+  std::thread thread_;
+};
+
+}  // namespace sim

@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: MIT
+// The program unit-simulator, started as a person starts it.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "TestPort.h"
+
+extern char** environ;
+
+namespace {
+
+// A run of the program with its two outputs in one pipe.
+class Program {
+ public:
+  explicit Program(std::vector<std::string> arguments) {
+    std::array<int, 2> ends{};
+    if (pipe2(ends.data(), O_CLOEXEC) != 0) return;
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_adddup2(&actions, ends[1], 1);
+    posix_spawn_file_actions_adddup2(&actions, ends[1], 2);
+    arguments.insert(arguments.begin(), UNIT_SIMULATOR);
+    std::vector<char*> words;
+    for (std::string& argument : arguments) words.push_back(argument.data());
+    words.push_back(nullptr);
+    posix_spawn(&process_, UNIT_SIMULATOR, &actions, nullptr, words.data(), environ);
+    posix_spawn_file_actions_destroy(&actions);
+    ::close(ends[1]);
+    output_ = ends[0];
+  }
+  ~Program() {
+    end(SIGKILL);
+    ::close(output_);
+  }
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
+  std::string line() const {
+    std::string text;
+    char byte = 0;
+    pollfd source{output_, POLLIN, 0};
+    while (::poll(&source, 1, 10'000) > 0 && ::read(output_, &byte, 1) == 1 && byte != '\n') text += byte;
+    return text;
+  }
+  std::string port() const {
+    const std::string first = line();
+    return first.starts_with("port ") ? first.substr(5) : std::string();
+  }
+
+  // The exit status, -1 when a signal ended it.
+  int end(int signal = SIGTERM) {
+    if (process_ <= 0) return status_;
+    if (signal != 0) kill(process_, signal);
+    int status = 0;
+    waitpid(process_, &status, 0);
+    process_ = -1;
+    return status_ = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  }
+  int wait() { return end(0); }
+
+ private:
+  pid_t process_ = -1;
+  int output_ = -1;
+  int status_ = -1;
+};
+
+std::string testPath(const char* name) { return testing::TempDir() + "simulator-program-" + name; }
+
+TEST(SimulatorProgram, TellsItsPortAndItsTraffic) {
+  Program program({});
+  const TestPort port(program.port());
+  ASSERT_TRUE(port.isOpen());
+  EXPECT_EQ(port.ask("*R07"), "R0704\r");
+  EXPECT_TRUE(program.line().ends_with(" > *R07<CR>"));
+  EXPECT_TRUE(program.line().ends_with(" < R0704<CR>"));
+  EXPECT_EQ(program.end(SIGINT), 0);
+}
+
+TEST(SimulatorProgram, IsTheUnitThatItWasTold) {
+  Program program({"--model", "larkspur", "--version-text", "1.7", "--address", "17", "--quiet"});
+  const TestPort port(program.port());
+  EXPECT_EQ(port.ask("*11U03"), "11U031.7\r");
+  EXPECT_EQ(port.ask("*11R11"), "11R11000077\r");
+  EXPECT_EQ(program.end(), 0);
+  EXPECT_EQ(program.line(), "");
+}
+
+TEST(SimulatorProgram, KeepsItsRegistersOverARestart) {
+  const std::string file = testPath("registers");
+  std::filesystem::remove(file);
+  {
+    Program program({"--registers", file});
+    EXPECT_EQ(TestPort(program.port()).ask("*W0726"), "W07\r");
+    EXPECT_EQ(program.end(), 0);
+  }
+  Program program({"--registers", file});
+  EXPECT_EQ(TestPort(program.port()).ask("*R07"), "R0726\r");
+  EXPECT_EQ(program.end(), 0);
+  std::filesystem::remove(file);
+}
+
+TEST(SimulatorProgram, SavesOnChangeEvenIfKilled) {
+  const std::string file = testPath("killed");
+  std::filesystem::remove(file);
+  Program program({"--registers", file});
+  const TestPort port(program.port());
+  port.ask("*W0726");
+  port.ask("*R07");
+  program.end(SIGKILL);
+  std::ifstream in(file);
+  const std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+  EXPECT_NE(text.find("07 = 26 "), std::string::npos);
+  std::filesystem::remove(file);
+}
+
+TEST(SimulatorProgram, AddressOfTheFileHoldsUnlessTold) {
+  const std::string file = testPath("address");
+  std::ofstream(file) << "1F = 3C\n21 = 11\n";
+  {
+    Program program({"--registers", file});
+    EXPECT_EQ(TestPort(program.port()).ask("*11U01"), "11U01\r");
+  }
+  Program program({"--registers", file, "--address", "5"});
+  EXPECT_EQ(TestPort(program.port()).ask("*05U01"), "05U01\r");
+  program.end();
+  std::filesystem::remove(file);
+}
+
+TEST(SimulatorProgram, BadRegisterFileIsLeftAsItIs) {
+  const std::string file = testPath("bad");
+  std::ofstream(file) << "nonsense\n";
+  Program program({"--registers", file});
+  EXPECT_NE(program.line().find("line 1"), std::string::npos);
+  EXPECT_EQ(program.wait(), 2);
+  EXPECT_EQ(std::filesystem::file_size(file), 9U);
+  std::filesystem::remove(file);
+}
+
+TEST(SimulatorProgram, LinkIsThereAndGoes) {
+  const std::string link = testPath("link");
+  Program program({"--link", link});
+  const std::string path = program.port();
+  EXPECT_EQ(std::filesystem::read_symlink(link), path);
+  EXPECT_EQ(TestPort(link).ask("*R07"), "R0704\r");
+  EXPECT_EQ(program.end(), 0);
+  EXPECT_FALSE(std::filesystem::is_symlink(link));
+}
+
+TEST(SimulatorProgram, ShowsItsFaults) {
+  Program program({"--fault", "refuse:?46,W", "--fault", "hangup:2"});
+  const TestPort port(program.port());
+  EXPECT_EQ(port.ask("*W0726"), "?46\r");
+  port.send("*R07\r");
+  EXPECT_TRUE(port.isHungUp());
+  EXPECT_EQ(program.wait(), 0);
+}
+
+TEST(SimulatorProgram, HelpAndBadOptions) {
+  Program help({"--help"});
+  EXPECT_TRUE(help.line().starts_with("unit-simulator"));
+  EXPECT_EQ(help.wait(), 0);
+  Program bad({"--model", "toaster"});
+  EXPECT_EQ(bad.line(), "--model can't be toaster; --help tells the options");
+  EXPECT_EQ(bad.wait(), 2);
+}
+
+}  // namespace
