@@ -148,7 +148,7 @@ void ComboBox::setText(std::string_view text) {
 }
 
 void ComboBox::userTyped(std::string_view text) {
-  act([&] { setText(text); });
+  if (editable) act([&] { setText(text); });
 }
 
 ScrollBar::ScrollBar(Container& container, std::string name, int min, int max, int value,

@@ -47,8 +47,8 @@ void Form::showModal() {
     host().show(*this, true);
     Form_Activate();
   } catch (...) {
-    hide();
     std::erase(Forms.modal, this);
+    hide();
     throw;
   }
   while (shown_) host().idle(longWait);
@@ -69,13 +69,9 @@ bool Form::reachable() const { return shown_ && (Forms.modal.empty() || Forms.mo
 
 void Form::userClosed() {
   if (!reachable()) return;
+  const HandlerScope scope(*this);
   try {
-    bool keep = false;
-    {
-      const HandlerScope scope(*this);
-      keep = Form_QueryUnload();
-    }
-    if (!keep) unload();
+    if (!Form_QueryUnload()) unload();
   } catch (const RuntimeError& error) {
     host().fail(error.what());
   }
@@ -102,8 +98,13 @@ void Form::unload() {
 void Form::finishUnload() {
   unloadAsked_ = false;
   ++handlersRunning_;
-  hide();
-  Form_Unload();
+  try {
+    hide();
+    Form_Unload();
+  } catch (...) {
+    --handlersRunning_;
+    throw;
+  }
   --handlersRunning_;
   host().release(*this);
   if (forget_) forget_();
