@@ -28,7 +28,7 @@ Command parseQuery(std::string_view rest, const Framing& framing) {
 std::string addressDigits(int address) { return hexText(static_cast<std::uint32_t>(address) & 0xFF, 2); }
 
 Command parseCommand(std::string_view line, const Framing& framing) {
-  const std::size_t start = line.find(framing.recognition);
+  const std::size_t start = line.rfind(framing.recognition);
   if (start != std::string_view::npos) return parseFramed(line.substr(start + 1), framing);
   const std::size_t query = line.find(settingsQuery);
   if (query != std::string_view::npos) return parseQuery(line.substr(query), framing);

@@ -22,8 +22,8 @@ struct Command {
 // Two upper-case hexadecimal digits of a bus address.
 std::string addressDigits(int address);
 
-// The line comes without its carriage return. What stands in front of the recognition character is passed
-// over: a unit wakes up at it. "^AE" needs none and has the address behind it.
+// The line comes without its carriage return. Whatever stands in front of the last recognition character is
+// passed over: a unit begins anew at each. "^AE" needs none and has the address behind it.
 Command parseCommand(std::string_view line, const Framing& framing);
 
 }  // namespace sim

@@ -3,14 +3,10 @@
 #include "sim/PseudoTerminal.h"
 
 #include <poll.h>
-#include <sys/eventfd.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cmath>
-#include <cstdint>
 #include <filesystem>
 #include <system_error>
 
@@ -50,14 +46,9 @@ timespec duration(double seconds) {
 
 Server::Server(Unit& unit, ServerOptions options) : unit_(unit), options_(std::move(options)) {
   makeLink(options_.link, path());
-  wakeFd_ = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
-  if (wakeFd_ < 0) throw std::system_error(errno, std::generic_category(), "event");
 }
 
-Server::~Server() {
-  unplug();
-  ::close(wakeFd_);
-}
+Server::~Server() { unplug(); }
 
 bool Server::poll(double timeout) {
   if (unplugged()) return false;
@@ -93,17 +84,9 @@ bool Server::unplugged() const {
   return !pty_.isOpen();
 }
 
-void Server::wake() const {
-  const int before = errno;
-  const std::uint64_t one = 1;
-  // A full counter wakes as well.
-  [[maybe_unused]] const ssize_t written = ::write(wakeFd_, &one, sizeof one);
-  errno = before;
-}
-
 void Server::requestStop() {
   stopping_ = true;
-  wake();
+  bell_.ring();
 }
 
 double Server::now() const {
@@ -118,12 +101,11 @@ double Server::untilDue() {
 
 void Server::wait(double timeout) {
   const short events = outbox_.empty() ? POLLIN : POLLIN | POLLOUT;
-  std::array<pollfd, 2> sources{{{pty_.master(), events, 0}, {wakeFd_, POLLIN, 0}}};
+  std::array<pollfd, 2> sources{{{pty_.master(), events, 0}, {bell_.file(), POLLIN, 0}}};
   const double limit = sooner(timeout, untilDue());
   const timespec length = duration(std::max(limit, 0.0));
   ppoll(sources.data(), sources.size(), limit < 0 ? nullptr : &length, nullptr);
-  std::uint64_t wakes = 0;
-  [[maybe_unused]] const ssize_t size = ::read(wakeFd_, &wakes, sizeof wakes);
+  if (sources[1].revents != 0) bell_.clear();
 }
 
 void Server::serve() {
@@ -138,6 +120,7 @@ void Server::serve() {
 void Server::hear() {
   const std::string bytes = pty_.read();
   if (bytes.empty()) return;
+  pty_.allowOthers();
   const LineSettings own = unit_.setup().line;
   queue(unit_.receive(now(), bytes, options_.checkLine ? pty_.spoken(own) : own));
   if (options_.onExchange) options_.onExchange(unit_);

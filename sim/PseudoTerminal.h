@@ -13,6 +13,7 @@
 
 #include "sim/PtyPair.h"
 #include "sim/Unit.h"
+#include "sim/WakeUp.h"
 
 namespace sim {
 
@@ -47,23 +48,24 @@ class Server {
   void unplug();
   bool unplugged() const;
 
-  // The unit and its faults while a thread serves it: server.with([](Unit& unit) { return unit.count("W");
+  // The unit and its faults while a thread serves it, not from inside the callbacks above:
+  // server.with([](Unit& unit) { return unit.count("W");
   // }).
   template <typename Use>
   auto with(Use use) {
-    const WakeAtEnd wakeAtEnd{*this};
+    const WakeAtEnd wakeAtEnd{bell_};
     const std::scoped_lock lock(mutex_);
     return use(unit_);
   }
 
-  // Ends a wait early; may be called from a signal handler.
-  void wake() const;
-  void requestStop();  // the same, and run() returns; from a signal handler too
+  // Lets run() return; may be called from a signal handler.
+  void requestStop();
 
  private:
+  // A fault may have to act at once, so the wait begins anew.
   struct WakeAtEnd {
-    const Server& server;
-    ~WakeAtEnd() { server.wake(); }
+    const WakeUp& bell;
+    ~WakeAtEnd() { bell.ring(); }
   };
 
   double now() const;
@@ -79,7 +81,7 @@ class Server {
   Unit& unit_;
   ServerOptions options_;
   PtyPair pty_;
-  int wakeFd_ = -1;
+  WakeUp bell_;
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
   std::multimap<double, std::string> due_;  // by the moment at which it goes out
   std::string outbox_;                      // due, but not yet taken by the line

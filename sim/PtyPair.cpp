@@ -4,6 +4,7 @@
 
 #include <fcntl.h>
 #include <stdlib.h>
+#include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -92,6 +93,8 @@ LineSettings PtyPair::spoken(const LineSettings& own) const {
   line.stopBits = (settings.c_cflag & CSTOPB) != 0 ? 2 : 1;
   return line;
 }
+
+void PtyPair::allowOthers() const { ioctl(slave_, TIOCNXCL); }
 
 void PtyPair::close() {
   if (slave_ >= 0) ::close(slave_);

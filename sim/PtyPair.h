@@ -32,6 +32,10 @@ class PtyPair {
   // parity and data bits are those of `own`.
   LineSettings spoken(const LineSettings& own) const;
 
+  // Lifts a claim to be the only one. It would outlive a program that was killed, as the far end never closes
+  // for good.
+  void allowOthers() const;
+
   // The other side sees a hang-up and the device file goes.
   void close();
 

@@ -135,12 +135,14 @@ TEST_F(PseudoTerminal, CommandThatPullsThePlug) {
 
 TEST_F(PseudoTerminal, ChecksTheSpeedWhereAsked) {
   Server server(unit, {.checkLine = true});
-  server.start();
   {
     const TestPort port(server.path(), 19200);
     port.send("*R07\r");
-    EXPECT_TRUE(port.isSilentFor(50));
+    EXPECT_TRUE(server.poll(10));
+    EXPECT_EQ(unit.commands(), std::vector<std::string>{"*R07"});
+    EXPECT_FALSE(port.hasBytes());
   }
+  server.start();
   EXPECT_EQ(TestPort(server.path(), 9600).ask("*R07"), "R0704\r");
 }
 
@@ -180,6 +182,16 @@ TEST_F(PseudoTerminal, TellsTheTraffic) {
   EXPECT_TRUE(server.poll(10));
   EXPECT_EQ(told, (std::vector<std::string>{"*R07\r", "R0704\r"}));
   EXPECT_EQ(exchanges, 1);
+}
+
+TEST_F(PseudoTerminal, ClaimToBeTheOnlyOneDoesNotOutliveACommand) {
+  Server server(unit);
+  server.start();
+  const TestPort port(server.path());
+  port.claim();
+  EXPECT_TRUE(port.isClaimed());
+  EXPECT_EQ(port.ask("*R07"), "R0704\r");
+  EXPECT_FALSE(port.isClaimed());
 }
 
 TEST_F(PseudoTerminal, StartsAgainAfterStop) {

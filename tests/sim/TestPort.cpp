@@ -4,6 +4,7 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -77,6 +78,14 @@ std::string TestPort::ask(const std::string& command) const {
   return readTo('\r');
 }
 
-bool TestPort::isSilentFor(int milliseconds) const { return eventsOf(file_, milliseconds) == 0; }
+void TestPort::claim() const { ioctl(file_, TIOCEXCL); }
+
+bool TestPort::isClaimed() const {
+  int claimed = 0;
+  ioctl(file_, TIOCGEXCL, &claimed);
+  return claimed != 0;
+}
+
+bool TestPort::hasBytes() const { return eventsOf(file_, 0) != 0; }
 
 bool TestPort::isHungUp() const { return (eventsOf(file_, longest) & POLLHUP) != 0; }

@@ -29,8 +29,10 @@ class TestPort {
   std::string readBytes(std::size_t size) const;
   std::string ask(const std::string& command) const;  // adds the carriage return
 
-  // Nothing to read within the time.
-  bool isSilentFor(int milliseconds) const;
+  void claim() const;  // to be the only one that has the port open
+  bool isClaimed() const;
+
+  bool hasBytes() const;  // now
   bool isHungUp() const;  // within ten seconds
 
  private:

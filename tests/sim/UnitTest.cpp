@@ -190,6 +190,7 @@ TEST(Unit, PassesOverWhatStandsBeforeTheRecognitionCharacter) {
   Unit unit{{}};
   EXPECT_EQ(ask(unit, std::string("\0\xFFx", 3) + "*R07"), "R0704\r");
   EXPECT_EQ(ask(unit, "\n*R07"), "R0704\r");
+  EXPECT_EQ(ask(unit, "*R0*R07"), "R0704\r");
   EXPECT_EQ(ask(unit, "hello"), "");
   EXPECT_EQ(ask(unit, ""), "");
 }
