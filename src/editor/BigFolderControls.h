@@ -214,10 +214,12 @@ struct BigFolderControls : Form {
 
   // Tab 7, Out1. Of the on/off and the PID frame one is on show.
   TabPage& pageOut1 = tabBig.page(7);
-  CheckBox chkOut1Self{pageOut1, "chkOut1Self", "Self (manual) control",
-                       "The percentage of the output is set by hand at the unit"};
   ComboBox cboOut1Ctrl{pageOut1, "cboOut1Ctrl", {"On/Off", "PID"}, "How output 1 is controlled"};
   ComboBox cboOut1Action{pageOut1, "cboOut1Action", {"Reverse", "Direct"}, "reverse=heating, direct=cooling"};
+  CheckBox chkOut1Self{pageOut1, "chkOut1Self", "Self (manual) control",
+                       "The percentage of the output is set by hand at the unit"};
+  CheckBox chkOut1Start{pageOut1, "chkOut1Start", "Start auto-tune after reset",
+                        "Needs an output in PID with auto PID on"};
   Frame fraOut1OnOff{pageOut1, "fraOut1OnOff", "On/Off"};
   TextBox txtOut1DeadBand{fraOut1OnOff, "txtOut1DeadBand", "Dead band, in the format of the Reading tab"};
   Frame fraOut1PID{pageOut1, "fraOut1PID", "PID"};
@@ -231,12 +233,10 @@ struct BigFolderControls : Form {
                            "lstOut1DamFactor",
                            {"0", "1", "2", "3", "4", "5", "6", "7"},
                            "For Auto-tune, larger numbers indicate faster process"};
-  CheckBox chkOut1Start{pageOut1, "chkOut1Start", "Start auto-tune after reset",
-                        "Needs an output in PID with auto PID on"};
   Frame fraOut1CycleT{pageOut1, "fraOut1CycleT", "Cycle time"};
   ScrollBar HSOut1CycleT{fraOut1CycleT, "HSOut1CycleT", 1, 199, 4, "Cycle time, 1 to 199 seconds"};
   Label lblOut1CycleTDisplay{fraOut1CycleT, "lblOut1CycleTDisplay", "4"};
-  Frame fraOut1Manual{pageOut1, "fraOut1Manual", "Manual range"};
+  Frame fraOut1Manual{pageOut1, "fraOut1Manual", "Manual output"};
   ScrollBar HSOut1Low{fraOut1Manual, "HSOut1Low", 0, 99, 0, "Lowest output, 0 to 99 %"};
   Label lblOut1LowDisplay{fraOut1Manual, "lblOut1LowDisplay", "0"};
   ScrollBar HSOut1High{fraOut1Manual, "HSOut1High", 0, 99, 0, "Highest output, 0 to 99 %"};
@@ -289,6 +289,9 @@ struct BigFolderControls : Form {
   TabPage& pageComm = tabBig.page(11);
   Frame fraCommMode{pageComm, "fraCommMode", "Communication mode"};
   ControlArray<OptionButton> optCommunicationMode{fraCommMode, "optCommunicationMode", {"Serial", "TCP/IP"}};
+  Frame fraAutoDetect{pageComm, "fraAutoDetect", "Connection Wizard"};
+  Label lblAutoDet{fraAutoDetect, "lblAutoDet"};
+  CommandButton cmdAutoDetect{fraAutoDetect, "cmdAutoDetect", "Connect", "Auto connect and verification"};
   Frame fraSerialManualSet{pageComm, "fraSerialManualSet", "Manual Setup"};
   ComboBox cboCommPort{fraSerialManualSet,
                        "cboCommPort",
@@ -316,9 +319,6 @@ struct BigFolderControls : Form {
   ControlArray<OptionButton> optPortNum{
       fraTCPIPPort, "optPortNum", {"1000 (Initial)", "2000 (Typical)", "Non-standard"}};
   TextBox txtTCPPort{fraTCPIPPort, "txtTCPPort", "TCP port of the bridge"};
-  Frame fraAutoDetect{pageComm, "fraAutoDetect", "Connection Wizard"};
-  Label lblAutoDet{fraAutoDetect, "lblAutoDet"};
-  CommandButton cmdAutoDetect{fraAutoDetect, "cmdAutoDetect", "Connect", "Auto connect and verification"};
 
   // Below the tabs: the communication option of the chosen hardware, and the row of commands.
   Label lblStatus{*this, "lblStatus", "RS-232"};
