@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+// Plays a film again and again, while it can be seen.
+#include "platform/qt/AnimationView.h"
+
+#include <QEvent>
+#include <QFile>
+#include <QPainter>
+
+namespace {
+
+constexpr int drawnForFont = 16;  // pixels of line height that the films' own sizes are made for
+constexpr qint64 mostBytes = 16 * 1024 * 1024;
+
+QByteArray bytesOf(const QString& name) {
+  QFile file(name);
+  return !name.isEmpty() && file.open(QIODevice::ReadOnly) ? file.read(mostBytes) : QByteArray();
+}
+
+}  // namespace
+
+AnimationView::AnimationView(QWidget* parent) : QWidget(parent) {
+  connect(&clock_, &QTimer::timeout, this, [this] {
+    frame_ = (frame_ + 1) % film_.frames.size();
+    update();
+  });
+}
+
+void AnimationView::play(const QString& file) {
+  if (file == file_) return;
+  file_ = file;
+  film_ = readFilm(bytesOf(file));
+  frame_ = 0;
+  startClock();
+  updateGeometry();
+  update();
+}
+
+void AnimationView::startClock() {
+  if (isVisible() && film_.frames.size() > 1) {
+    clock_.start(film_.frameMilliseconds);
+  } else {
+    clock_.stop();
+  }
+}
+
+QSize AnimationView::sizeHint() const {
+  if (film_.frames.empty()) return {};
+  return film_.frames.front().size() * fontMetrics().height() / drawnForFont;
+}
+
+void AnimationView::paintEvent(QPaintEvent*) {
+  if (film_.frames.empty()) return;
+  const QImage& image = film_.frames[frame_];
+  QRect area(QPoint(0, 0), image.size().scaled(size(), Qt::KeepAspectRatio));
+  area.moveCenter(rect().center());
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.drawImage(area, image);
+}
+
+void AnimationView::showEvent(QShowEvent*) { startClock(); }
+
+void AnimationView::hideEvent(QHideEvent*) { startClock(); }
+
+void AnimationView::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::FontChange) updateGeometry();
+  QWidget::changeEvent(event);
+}

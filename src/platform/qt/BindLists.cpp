@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+// List boxes and combo boxes.
+#include "platform/qt/Bindings.h"
+#include "platform/qt/QtText.h"
+
+namespace {
+
+bool sameItems(const ListControl& control, const auto& textOf, int count) {
+  if (count != control.listCount()) return false;
+  for (int index = 0; index < count; ++index) {
+    if (textOf(index) != shown(control.list(index))) return false;
+  }
+  return true;
+}
+
+void fill(const ListControl& control, auto& widget) {
+  widget.clear();
+  for (const std::string& item : control.items()) widget.addItem(shown(item));
+}
+
+void showList(const ListBox& control, QListWidget& widget) {
+  const auto textOf = [&](int index) { return widget.item(index)->text(); };
+  if (!sameItems(control, textOf, widget.count())) fill(control, widget);
+  if (widget.currentRow() != control.listIndex()) widget.setCurrentRow(control.listIndex());
+  if (control.listIndex() < 0) {
+    widget.clearSelection();
+  } else {
+    widget.item(control.listIndex())->setSelected(true);
+  }
+}
+
+// The toolkit ties the text to the index; a text of the control's own takes the place of the one chosen.
+void showCombo(const ComboBox& control, QComboBox& widget) {
+  const auto textOf = [&](int index) { return widget.itemText(index); };
+  if (!sameItems(control, textOf, widget.count())) fill(control, widget);
+  const bool ownText = control.text() != control.list(control.listIndex());
+  const int index = ownText ? -1 : control.listIndex();
+  if (widget.currentIndex() != index) widget.setCurrentIndex(index);
+  const QString text = shown(control.text());
+  widget.setPlaceholderText(index < 0 ? text : QString());
+  if (widget.isEditable() && widget.currentText() != text) widget.setEditText(text);
+}
+
+void letUserType(Binding* binding, ComboBox& control, QComboBox& widget) {
+  widget.setEditable(true);
+  widget.setInsertPolicy(QComboBox::NoInsert);
+  widget.setCompleter(nullptr);
+  QObject::connect(widget.lineEdit(), &QLineEdit::textEdited, binding, [=, &control](const QString& text) {
+    binding->userDidWithin([&] { control.userTyped(typed(text)); });
+  });
+}
+
+}  // namespace
+
+Binding* bind(ListBox& control, QListWidget& widget) {
+  auto* binding = new Binding(control, widget, [&] { showList(control, widget); });
+  widget.setSelectionMode(QAbstractItemView::SingleSelection);
+  // A list that gets the keyboard makes its first item the current one without a deed of the user; only a
+  // selection is one, and taking a selection back is none.
+  QObject::connect(&widget, &QListWidget::itemSelectionChanged, binding, [=, &control, &widget] {
+    const auto selected = widget.selectedItems();
+    const int row = selected.empty() ? control.listIndex() : widget.row(selected.front());
+    binding->userDid([&] { control.userChose(row); });
+  });
+  return binding;
+}
+
+Binding* bind(ComboBox& control, QComboBox& widget) {
+  auto* binding = new Binding(control, widget, [&] { showCombo(control, widget); });
+  if (control.editable) letUserType(binding, control, widget);
+  QObject::connect(&widget, &QComboBox::activated, binding,
+                   [=, &control](int index) { binding->userDid([&] { control.userChose(index); }); });
+  return binding;
+}

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+// What shows and does not take: labels, frames, pictures, animations, bars; and the scroll bar.
+#include <algorithm>
+
+#include "platform/qt/Bindings.h"
+#include "platform/qt/QtText.h"
+
+namespace {
+
+// Black or white, whichever is easier to read on the ground.
+QColor readableOn(const QColor& ground) { return qGray(ground.rgb()) > 127 ? Qt::black : Qt::white; }
+
+// The colour's red lies in the low byte.
+QColor fromBackColor(std::uint32_t color) {
+  return QColor(static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
+                static_cast<int>(color >> 16 & 0xFF));
+}
+
+void showGround(const Label& control, QLabel& widget) {
+  if (!control.backColor()) return;
+  const QColor ground = fromBackColor(*control.backColor());
+  if (widget.autoFillBackground() && widget.palette().color(QPalette::Window) == ground) return;
+  QPalette palette = widget.palette();
+  palette.setColor(QPalette::Window, ground);
+  palette.setColor(QPalette::WindowText, readableOn(ground));
+  widget.setPalette(palette);
+  widget.setAutoFillBackground(true);
+}
+
+void showLabel(const Label& control, QLabel& widget) {
+  const QString caption = withMnemonic(shown(control.caption()), widget.property("mnemonic").toString());
+  if (widget.text() != caption) widget.setText(caption);
+  showGround(control, widget);
+}
+
+void showFrame(const Frame& control, QGroupBox& widget) {
+  const QString caption = shown(control.caption());
+  if (widget.title() != caption) widget.setTitle(caption);
+}
+
+void showProgress(const ProgressBar& control, QProgressBar& widget) {
+  if (widget.maximum() != control.max() || widget.minimum() != 0) widget.setRange(0, control.max());
+  if (widget.value() != control.value()) widget.setValue(control.value());
+}
+
+void showScroll(const ScrollBar& control, QScrollBar& widget) {
+  if (widget.minimum() != control.min() || widget.maximum() != control.max()) {
+    widget.setRange(control.min(), control.max());
+    widget.setPageStep(std::max(1, (control.max() - control.min()) / 10));
+  }
+  if (widget.value() != control.value()) widget.setValue(control.value());
+}
+
+}  // namespace
+
+Binding* bind(Label& control, QLabel& widget) {
+  widget.setTextFormat(Qt::PlainText);
+  return new Binding(control, widget, [&] { showLabel(control, widget); });
+}
+
+Binding* bind(Frame& control, QGroupBox& widget) {
+  return new Binding(control, widget, [&] { showFrame(control, widget); });
+}
+
+Binding* bind(Picture& control, PictureView& widget) {
+  return new Binding(control, widget, [&] { widget.setPicture(shown(control.file())); });
+}
+
+Binding* bind(Animation& control, AnimationView& widget) {
+  return new Binding(control, widget, [&] { widget.play(shown(control.file())); });
+}
+
+Binding* bind(ProgressBar& control, QProgressBar& widget) {
+  widget.setTextVisible(false);
+  return new Binding(control, widget, [&] { showProgress(control, widget); });
+}
+
+Binding* bind(ScrollBar& control, QScrollBar& widget) {
+  auto* binding = new Binding(control, widget, [&] { showScroll(control, widget); });
+  QObject::connect(&widget, &QScrollBar::valueChanged, binding,
+                   [=, &control](int value) { binding->userDid([&] { control.userScrolled(value); }); });
+  return binding;
+}

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// Ties every control of a form to the widget of its name.
+#pragma once
+
+#include <QWidget>
+
+#include "platform/Form.h"
+
+// Binds the form to what its layout has put into the window, and shows it. All faults together make one
+// std::logic_error: a control without a widget, a widget without a control, a widget of the wrong class, a
+// name twice, a widget that lies in another container than its control, a "follows" that names no control.
+//
+// Names that need no control: "text_..." (labels), "box_..." (containers for layout), "<strip>_pages" with
+// its pages "<strip>_0"... Dynamic properties that the layouts use: "mnemonic", "columns", "follows",
+// "stack".
+void bindForm(Form& form, QWidget& window);
+
+// The form is about to end: its controls are let go, the widgets stay as they are.
+void releaseForm(QWidget& window);
+
+// Sets the widths that the layouts tell in characters (property "columns"); again after a change of the font.
+void applyColumns(QWidget& window);

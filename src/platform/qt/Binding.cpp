@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+// The tie between one control and one widget, with its guard against feedback.
+#include "platform/qt/Binding.h"
+
+#include <QApplication>
+
+#include "platform/qt/Guard.h"
+#include "platform/qt/QtText.h"
+
+namespace {
+
+// The widget's own state, whatever its parents' is.
+void setOwnVisible(QWidget& widget, bool visible) {
+  if (widget.isHidden() == !visible) return;
+  widget.setVisible(visible);
+  // Frames that take turns on one place lie on top of each other; the one shown last is the one to see.
+  if (visible && widget.parentWidget()->property("stack").toBool()) widget.raise();
+}
+
+void setOwnEnabled(QWidget& widget, bool enabled) {
+  if (widget.isEnabledTo(widget.parentWidget()) != enabled) widget.setEnabled(enabled);
+}
+
+}  // namespace
+
+Binding::Binding(Control& control, QWidget& widget, std::function<void()> show)
+    : QObject(&widget), control_(&control), widget_(widget), show_(std::move(show)) {
+  setObjectName("binding");
+  control.onRedraw = [this] { this->show(); };
+  control.onRefresh = [this] { widget_.repaint(); };
+}
+
+void Binding::show() {
+  if (control_ == nullptr || showing_) return;
+  showing_ = true;
+  show_();
+  showCommon(widget_);
+  const QString tip = shown(control_->toolTip());
+  if (widget_.toolTip() != tip) widget_.setToolTip(tip);
+  for (const auto& follower : followers_) {
+    if (follower) showCommon(*follower);
+  }
+  showing_ = false;
+}
+
+void Binding::showCommon(QWidget& widget) const {
+  setOwnEnabled(widget, control_->enabled());
+  setOwnVisible(widget, control_->visible());
+}
+
+void Binding::userDid(const std::function<void()>& deed) {
+  if (showing_) return;
+  const QPointer<Binding> self(this);
+  leaveFocusedTextBox();
+  if (self) userDidWithin(deed);
+}
+
+void Binding::userDidWithin(const std::function<void()>& deed) {
+  if (control_ == nullptr || showing_) return;
+  const QPointer<Binding> self(this);
+  guarded(deed);
+  if (self) show();
+}
+
+void Binding::release() {
+  if (control_ == nullptr) return;
+  control_->onRedraw = nullptr;
+  control_->onRefresh = nullptr;
+  control_ = nullptr;
+}
+
+Binding* bindingOf(const QWidget* widget) {
+  if (widget == nullptr) return nullptr;
+  return dynamic_cast<Binding*>(widget->findChild<QObject*>("binding", Qt::FindDirectChildrenOnly));
+}
+
+void leaveFocusedTextBox() {
+  const Binding* binding = bindingOf(QApplication::focusWidget());
+  if (binding != nullptr && binding->leave) binding->leave();
+}

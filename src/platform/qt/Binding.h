@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+// The tie between one control and one widget, with its guard against feedback.
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+#include <functional>
+#include <vector>
+
+#include "platform/Controls.h"
+
+class Binding : public QObject {
+ public:
+  // Lives with the widget. `show` brings the widget to what the control holds.
+  Binding(Control& control, QWidget& widget, std::function<void()> show);
+
+  const Control* control() const { return control_; }
+  QWidget& widget() const { return widget_; }
+
+  // Brings the widget to what the control holds; what the widget signals meanwhile is no deed of the user.
+  void show();
+  bool showing() const { return showing_; }
+  // Runs what the user did on this widget and shows what the control holds afterwards, refused or repaired as
+  // it may be. A text box that the user has not left yet is left first.
+  void userDid(const std::function<void()>& deed);
+  // The same for a text box, which needn't be left for what is done in it.
+  void userDidWithin(const std::function<void()>& deed);
+  // The form is about to end; the widget may outlive it for a while.
+  void release();
+
+  void addFollower(QWidget& follower) { followers_.emplace_back(&follower); }
+
+  // Set by a text box: raises its validator if the user has been there since it was last raised.
+  std::function<void()> leave;
+
+ private:
+  void showCommon(QWidget& widget) const;
+
+  Control* control_;
+  QWidget& widget_;
+  std::function<void()> show_;
+  std::vector<QPointer<QWidget>> followers_;
+  bool showing_ = false;
+};
+
+// The binding of a widget, or none.
+Binding* bindingOf(const QWidget* widget);
+// The user turns to something else: the text box that has the keyboard is left.
+void leaveFocusedTextBox();

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+// The seam at which the program's errors meet the toolkit, through whose frames no exception may pass.
+#pragma once
+
+#include <exception>
+
+#include "platform/Host.h"
+
+// Runs what an event asks for; an error that nothing caught ends the program (Host::fail).
+template <class Deed>
+void guarded(Deed&& deed) {
+  try {
+    deed();
+  } catch (const std::exception& error) {
+    host().fail(error.what());
+  } catch (...) {
+    host().fail("An unknown error has occurred");
+  }
+}

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+// Drawings of the program, drawn once for each size and palette.
+#include "platform/qt/PictureView.h"
+
+#include <QEvent>
+#include <QFile>
+#include <QPainter>
+#include <QSvgRenderer>
+
+namespace {
+
+constexpr int drawnForFont = 16;  // pixels of line height that the drawings' own sizes are made for
+
+QString fileOf(const QString& name) { return QStringLiteral(":/pictures/%1.svg").arg(name); }
+
+// The drawing with its text colour, #000001, replaced by the given one; empty if there is none of that name.
+QByteArray drawing(const QString& name, const QColor& text) {
+  QFile file(fileOf(name));
+  if (name.isEmpty() || !file.open(QIODevice::ReadOnly)) return {};
+  return file.readAll().replace("#000001", text.name().toLatin1());
+}
+
+// Largest within `size` that keeps the drawing's ratio; the rest is transparent.
+QPixmap draw(const QByteArray& svg, QSize size, qreal ratio) {
+  QPixmap pixmap(size * ratio);
+  pixmap.setDevicePixelRatio(ratio);
+  pixmap.fill(Qt::transparent);
+  QSvgRenderer renderer(svg);
+  renderer.setAspectRatioMode(Qt::KeepAspectRatio);
+  QPainter painter(&pixmap);
+  renderer.render(&painter, QRectF(QPointF(0, 0), QSizeF(size)));
+  return pixmap;
+}
+
+bool changesLook(const QEvent& event) {
+  return event.type() == QEvent::PaletteChange || event.type() == QEvent::FontChange ||
+         event.type() == QEvent::StyleChange || event.type() == QEvent::EnabledChange;
+}
+
+}  // namespace
+
+bool hasPicture(const QString& name) { return QFile::exists(fileOf(name)); }
+
+PictureView::PictureView(QWidget* parent) : QWidget(parent) {}
+
+void PictureView::setPicture(const QString& name) {
+  if (name == name_) return;
+  name_ = name;
+  drawn_ = {};
+  updateGeometry();
+  update();
+}
+
+QSize PictureView::sizeHint() const {
+  const QByteArray svg = drawing(name_, Qt::black);
+  if (svg.isEmpty()) return {};
+  return QSvgRenderer(svg).defaultSize() * fontMetrics().height() / drawnForFont;
+}
+
+void PictureView::paintEvent(QPaintEvent*) {
+  const qreal ratio = devicePixelRatioF();
+  if (drawn_.isNull() || drawn_.size() != size() * ratio) {
+    const QByteArray svg = drawing(name_, palette().color(QPalette::WindowText));
+    if (svg.isEmpty() || size().isEmpty()) return;
+    drawn_ = draw(svg, size(), ratio);
+  }
+  QPainter(this).drawPixmap(0, 0, drawn_);
+}
+
+void PictureView::changeEvent(QEvent* event) {
+  if (changesLook(*event)) {
+    drawn_ = {};
+    updateGeometry();
+    update();
+  }
+  QWidget::changeEvent(event);
+}
+
+ButtonPicture::ButtonPicture(QPushButton& button, QString name)
+    : QObject(&button), button_(button), name_(std::move(name)) {
+  draw();
+  button.installEventFilter(this);
+}
+
+bool ButtonPicture::eventFilter(QObject* watched, QEvent* event) {
+  if (changesLook(*event)) draw();
+  return QObject::eventFilter(watched, event);
+}
+
+void ButtonPicture::draw() {
+  const QByteArray svg = drawing(name_, button_.palette().color(QPalette::ButtonText));
+  if (svg.isEmpty()) return;
+  const int height = button_.fontMetrics().height() * 3 / 2;
+  const QSize size(height, height);
+  button_.setIconSize(size);
+  button_.setIcon(QIcon(::draw(svg, size, button_.devicePixelRatioF())));
+}

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+// The machine on Qt: clock, events, boxes, and what is passed on to its neighbours.
+#include "platform/qt/QtHost.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPixmap>
+#include <QTime>
+#include <cmath>
+#include <cstdlib>
+
+#include "platform/qt/QtSerialPort.h"
+#include "platform/qt/QtText.h"
+
+namespace {
+
+QMessageBox::Icon iconOf(Icon icon) {
+  switch (icon) {
+    case Icon::information:
+      return QMessageBox::Information;
+    case Icon::critical:
+      return QMessageBox::Critical;
+    case Icon::question:
+      return QMessageBox::Question;
+    case Icon::none:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+void setButtons(QMessageBox& box, Buttons buttons) {
+  if (buttons == Buttons::ok) {
+    box.setStandardButtons(QMessageBox::Ok);
+    return;
+  }
+  box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+  box.setEscapeButton(QMessageBox::No);
+}
+
+Answer answerOf(int button) {
+  if (button == QMessageBox::Ok) return Answer::ok;
+  return button == QMessageBox::Yes ? Answer::yes : Answer::no;
+}
+
+// What a handler has let go of is deleted here, never beneath a handler that is still running.
+void deleteWhatIsDue() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
+}  // namespace
+
+QtHost::QtHost() : startOfRun_(QTime::currentTime().msecsSinceStartOfDay() / 1000.0), ports_(settings_) {
+  sinceStart_.start();
+  alarm_.setSingleShot(true);
+  alarm_.setTimerType(Qt::PreciseTimer);
+  // The program ends when its own code says so; between two windows there may be none.
+  QApplication::setQuitOnLastWindowClosed(false);
+}
+
+QtHost::~QtHost() { deleteWhatIsDue(); }
+
+double QtHost::now() { return startOfRun_ + static_cast<double>(sinceStart_.nsecsElapsed()) / 1e9; }
+
+void QtHost::yield() {
+  QCoreApplication::processEvents();
+  deleteWhatIsDue();
+}
+
+void QtHost::idle(double seconds) {
+  const auto wait = static_cast<int>(std::ceil(seconds * 1000));
+  if (wait <= 0) return yield();
+  alarm_.start(wait);
+  QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+  alarm_.stop();
+  deleteWhatIsDue();
+}
+
+void QtHost::show(Form& form, bool modal) { windows_.show(form, modal); }
+
+void QtHost::hide(Form& form) { windows_.hide(form); }
+
+void QtHost::release(Form& form) { windows_.release(form); }
+
+void QtHost::centre(Form& form) { windows_.of(form).centre(); }
+
+void QtHost::repaint(Form& form) { windows_.repaint(form); }
+
+Answer QtHost::messageBox(std::string_view text, std::string_view title, Icon icon, Buttons buttons) {
+  QWidget* active = QApplication::activeWindow();
+  const QPointer<QMessageBox> box(new QMessageBox(active != nullptr ? active : windows_.front()));
+  box->setTextFormat(Qt::PlainText);
+  box->setText(shown(text));
+  box->setWindowTitle(title.empty() ? QString(programTitle) : shown(title));
+  box->setIcon(iconOf(icon));
+  setButtons(*box, buttons);
+  const Answer answer = answerOf(box->exec());
+  delete box.data();
+  return answer;
+}
+
+void QtHost::beep() { QApplication::beep(); }
+
+std::string QtHost::setting(const std::string& path) { return settings_.value(path); }
+
+void QtHost::saveSetting(const std::string& path, const std::string& value) { settings_.save(path, value); }
+
+void QtHost::deleteSetting(const std::string& path) { settings_.remove(path); }
+
+std::unique_ptr<SerialPort> QtHost::makeSerialPort() {
+  return std::make_unique<QtSerialPort>([this](int commPort) { return ports_.device(commPort); });
+}
+
+std::string QtHost::serialPortHint(int commPort) {
+  settings_.readAgain();
+  return ports_.hint(commPort);
+}
+
+std::string QtHost::programFolder() { return typed(QCoreApplication::applicationDirPath()); }
+
+bool QtHost::fileExists(const std::string& path) { return QFileInfo(shown(path)).isFile(); }
+
+void QtHost::fail(const std::string& description) {
+  if (failing_) return;
+  failing_ = true;
+  messageBox(description, "", Icon::critical, Buttons::ok);
+  closeAllSerialPorts();
+  std::exit(EXIT_FAILURE);
+}
+
+QWidget& QtHost::window(Form& form) { return windows_.of(form); }
+
+bool screenshot(Form& form, const QString& file) {
+  auto* qt = dynamic_cast<QtHost*>(&host());
+  return qt != nullptr && qt->window(form).grab().save(file);
+}

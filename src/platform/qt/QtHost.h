@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+// The machine on Qt. Needs the QApplication; must end before it does.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QString>
+#include <QTimer>
+
+#include "platform/Host.h"
+#include "platform/qt/QtPorts.h"
+#include "platform/qt/QtSettings.h"
+#include "platform/qt/Windows.h"
+
+class QtHost : public Host {
+ public:
+  QtHost();
+  ~QtHost() override;
+
+  double now() override;
+  void yield() override;
+  void idle(double seconds) override;
+
+  void show(Form& form, bool modal) override;
+  void hide(Form& form) override;
+  void release(Form& form) override;
+  void centre(Form& form) override;
+  void repaint(Form& form) override;
+
+  Answer messageBox(std::string_view text, std::string_view title, Icon icon, Buttons buttons) override;
+  void beep() override;
+
+  std::string setting(const std::string& path) override;
+  void saveSetting(const std::string& path, const std::string& value) override;
+  void deleteSetting(const std::string& path) override;
+
+  std::unique_ptr<SerialPort> makeSerialPort() override;
+  std::string serialPortHint(int commPort) override;
+  std::string programFolder() override;
+  bool fileExists(const std::string& path) override;
+
+  // Closes all serial ports and ends the process with status 1. A second error while the box of the first is
+  // still open adds nothing to it.
+  void fail(const std::string& description) override;
+
+  // The form's window, made if need be.
+  QWidget& window(Form& form);
+
+ private:
+  double startOfRun_;  // seconds since midnight
+  QElapsedTimer sinceStart_;
+  QTimer alarm_;  // ends an idle wait
+  Windows windows_;
+  QtSettings settings_;
+  QtPorts ports_;
+  bool failing_ = false;
+};
+
+// Saves a picture of the form's window, shown or not; the ending of `file` tells its kind.
+bool screenshot(Form& form, const QString& file);

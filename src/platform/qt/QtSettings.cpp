@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+// The per-user settings tree, on the toolkit's INI files.
+#include "platform/qt/QtSettings.h"
+
+#include "platform/qt/QtText.h"
+
+namespace {
+
+constexpr const char* companyName = "Ashgrove Electronics";
+
+QString keyOf(const std::string& path) {
+  const QString whole = shown(path);
+  const QString title = QString::fromUtf8(programTitle) + '/';
+  return whole.startsWith(title) ? whole.mid(title.size()) : whole;
+}
+
+}  // namespace
+
+QtSettings::QtSettings()
+    : tree_(QSettings::IniFormat, QSettings::UserScope, companyName, QString::fromUtf8(programTitle)) {
+  tree_.setFallbacksEnabled(false);
+}
+
+// A text with commas that was written by hand, without quotes, comes as a list.
+std::string QtSettings::value(const std::string& path) const {
+  return typed(tree_.value(keyOf(path)).toStringList().join(QStringLiteral(",")));
+}
+
+void QtSettings::save(const std::string& path, const std::string& value) {
+  tree_.setValue(keyOf(path), shown(value));
+  tree_.sync();
+}
+
+void QtSettings::remove(const std::string& path) {
+  tree_.remove(keyOf(path));
+  tree_.sync();
+}
+
+void QtSettings::readAgain() { tree_.sync(); }
+
+std::string QtSettings::fileName() const { return typed(tree_.fileName()); }

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+// The per-user settings tree: an INI file of the company and the program, one INI section for each section.
+#pragma once
+
+#include <QSettings>
+#include <string>
+
+class QtSettings {
+ public:
+  QtSettings();
+
+  // Paths are "<program title>/<section>/<key>"; the title names the file. A missing key gives an empty text,
+  // a file that can't be read an empty tree. Writing and deleting reach the file at once if the user may
+  // write.
+  std::string value(const std::string& path) const;
+  void save(const std::string& path, const std::string& value);
+  void remove(const std::string& path);
+
+  void readAgain();  // takes up what another program has written
+  std::string fileName() const;
+
+ private:
+  QSettings tree_;
+};
+
+constexpr const char* programTitle = "Torvane Configuration";

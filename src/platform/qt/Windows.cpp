@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: MIT
+// The windows of the forms: made when first needed, gone with their form.
+#include "platform/qt/Windows.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QScreen>
+#include <QWindow>
+#include <algorithm>
+#include <stdexcept>
+
+#include "platform/qt/Binder.h"
+#include "platform/qt/Binding.h"
+#include "platform/qt/Guard.h"
+#include "platform/qt/Layouts.h"
+#include "platform/qt/QtText.h"
+
+namespace {
+
+const Layout& layoutOf(const Form& form) {
+  const auto& table = layouts();
+  const auto found = std::find_if(table.begin(), table.end(),
+                                  [&](const Layout& layout) { return layout.form == form.containerName(); });
+  if (found == table.end()) throw std::logic_error(form.containerName() + " has no layout");
+  return *found;
+}
+
+}  // namespace
+
+FormWindow::FormWindow(Form& form) : form_(&form) {
+  layoutOf(form).build(*this);
+  bindForm(form, *this);
+  setWindowTitle(shown(form.caption()));
+  if (property("splash").toBool()) setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
+  form.onRedraw = [this] { setWindowTitle(shown(form_->caption())); };
+}
+
+void FormWindow::release() {
+  if (form_ == nullptr) return;
+  form_->onRedraw = nullptr;
+  form_ = nullptr;
+  releaseForm(*this);
+  hide();
+  deleteLater();
+}
+
+void FormWindow::showOver(QWidget* below, bool modal) {
+  setFirstSize();
+  setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
+  if (modal) setWindowFlag(Qt::Dialog);
+  create();
+  if (below != nullptr && modal) windowHandle()->setTransientParent(below->windowHandle());
+  placeOver(modal ? below : nullptr);
+  QWidget::show();
+  raise();
+  activateWindow();
+}
+
+// The room that the layout asks for, within the screen.
+void FormWindow::setFirstSize() {
+  if (sized_) return;
+  sized_ = true;
+  resize(sizeHint().expandedTo(minimumSizeHint()).boundedTo(screen()->availableSize()));
+}
+
+void FormWindow::placeOver(QWidget* below) {
+  if (centred_ || below == nullptr) return;
+  move(below->frameGeometry().center() - rect().center());
+}
+
+void FormWindow::centre() {
+  setFirstSize();
+  centred_ = true;
+  move(screen()->availableGeometry().center() - rect().center());
+}
+
+// Whether the window goes is the form's choice.
+void FormWindow::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  leaveFocusedTextBox();
+  tell(&Form::userClosed);
+}
+
+// Only keys that no widget has used come here. Enter presses the button that has the keyboard, as in a
+// dialog.
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  auto* button = qobject_cast<QPushButton*>(focusWidget());
+  if (enter && button != nullptr && button->isEnabled()) return button->click();
+  tell(&Form::userPressedKey);
+}
+
+void FormWindow::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) applyColumns(*this);
+  QWidget::changeEvent(event);
+}
+
+void FormWindow::tell(void (Form::*what)()) {
+  if (form_ == nullptr) return;
+  const auto alive = form_->shared_from_this();
+  guarded([&] { ((*alive).*what)(); });
+}
+
+Windows::~Windows() {
+  for (const auto& [form, window] : windows_) {
+    if (window) window->release();
+  }
+  for (const auto& [form, window] : windows_) delete window.data();
+}
+
+FormWindow& Windows::of(Form& form) {
+  QPointer<FormWindow>& window = windows_[&form];
+  if (!window) window = new FormWindow(form);
+  return *window;
+}
+
+void Windows::show(Form& form, bool modal) {
+  FormWindow& window = of(form);
+  std::erase(shown_, &window);
+  QWidget* below = front();
+  shown_.emplace_back(&window);
+  window.showOver(below, modal);
+}
+
+void Windows::hide(Form& form) {
+  const auto found = windows_.find(&form);
+  if (found == windows_.end() || !found->second) return;
+  std::erase(shown_, found->second);
+  found->second->hide();
+}
+
+void Windows::release(Form& form) {
+  hide(form);
+  const auto found = windows_.find(&form);
+  if (found == windows_.end()) return;
+  if (found->second) found->second->release();
+  windows_.erase(found);
+}
+
+void Windows::repaint(Form& form) {
+  const auto found = windows_.find(&form);
+  if (found != windows_.end() && found->second) found->second->repaint();
+}
+
+QWidget* Windows::front() const {
+  for (auto window = shown_.rbegin(); window != shown_.rend(); ++window) {
+    if (*window) return *window;
+  }
+  return nullptr;
+}

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+// The windows of the forms: made when first needed, gone with their form.
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+#include <map>
+#include <vector>
+
+#include "platform/Form.h"
+
+// A top level widget that tells its form what happens to it. The layout may ask for a splash window, without
+// a frame, by the dynamic property "splash".
+class FormWindow : public QWidget {
+ public:
+  // Lays the form out and binds it; std::logic_error if it has no layout or doesn't fit it.
+  explicit FormWindow(Form& form);
+
+  void showOver(QWidget* below, bool modal);  // `below` may be null
+  void centre();                              // on the screen; also when it is shown next
+  void release();                             // the form is about to end
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void setFirstSize();
+  void placeOver(QWidget* below);
+  void tell(void (Form::*what)());
+
+  Form* form_;
+  bool sized_ = false;
+  bool centred_ = false;
+};
+
+class Windows {
+ public:
+  ~Windows();
+
+  FormWindow& of(Form& form);
+  void show(Form& form, bool modal);
+  void hide(Form& form);
+  void release(Form& form);
+  void repaint(Form& form);
+  // The window in front, on which a box belongs; null if none is shown.
+  QWidget* front() const;
+
+ private:
+  std::map<const Form*, QPointer<FormWindow>> windows_;
+  std::vector<QPointer<FormWindow>> shown_;  // the last one shown last
+};
