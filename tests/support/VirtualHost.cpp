@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+// A machine in virtual time.
+#include "tests/support/VirtualHost.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "platform/Form.h"
+#include "tests/support/VirtualPort.h"
+
+namespace {
+constexpr int hopeless = 20000;  // waits in a row in which nothing happens
+}
+
+VirtualHost::VirtualHost() { setHost(this); }
+
+VirtualHost::~VirtualHost() {
+  unloadAllForms();
+  EXPECT_TRUE(announced_.empty()) << "a box did not come: " << announced_.front().part;
+  setHost(nullptr);
+}
+
+void VirtualHost::expect(std::function<bool()> when, std::function<void()> act) {
+  script_.push_back({std::move(when), std::move(act)});
+}
+
+void VirtualHost::whenShown(const std::string& formName, std::function<void()> act) {
+  expect(
+      [formName] {
+        const auto forms = loadedForms();
+        return std::ranges::any_of(
+            forms, [&](const auto& form) { return form->containerName() == formName && form->reachable(); });
+      },
+      std::move(act));
+}
+
+void VirtualHost::expectBox(const std::string& part, Answer answer, std::function<void()> meanwhile) {
+  announced_.push_back({part, answer, std::move(meanwhile)});
+}
+
+void VirtualHost::letUserAct() {
+  if (script_.empty() || !script_.front().when()) return;
+  const auto act = script_.front().act;
+  script_.pop_front();
+  idleInARow_ = 0;
+  act();
+}
+
+void VirtualHost::yield() {
+  clock += yieldTime;
+  idleInARow_ = 0;
+  letUserAct();
+}
+
+void VirtualHost::idle(double seconds) {
+  clock += std::max(seconds, yieldTime);
+  if (++idleInARow_ > hopeless) throw std::logic_error("nobody ends this wait");
+  letUserAct();
+}
+
+void VirtualHost::show(Form& form, bool modal) {
+  events.push_back((modal ? "show modal " : "show ") + form.containerName());
+}
+
+void VirtualHost::hide(Form& form) { events.push_back("hide " + form.containerName()); }
+
+void VirtualHost::release(Form& form) { events.push_back("release " + form.containerName()); }
+
+void VirtualHost::centre(Form& form) { events.push_back("centre " + form.containerName()); }
+
+void VirtualHost::repaint(Form& form) { events.push_back("repaint " + form.containerName()); }
+
+Answer VirtualHost::messageBox(std::string_view text, std::string_view title, Icon icon, Buttons buttons) {
+  boxes.push_back({std::string(text), std::string(title), icon, buttons});
+  if (announced_.empty() || boxes.back().text.find(announced_.front().part) == std::string::npos) {
+    ADD_FAILURE() << "nobody expected the box: " << text;
+    return buttons == Buttons::yesNo ? Answer::no : Answer::ok;
+  }
+  const Announced announced = announced_.front();
+  announced_.pop_front();
+  if (announced.meanwhile) announced.meanwhile();
+  return announced.answer;
+}
+
+std::string VirtualHost::setting(const std::string& path) {
+  const auto found = settings.find(path);
+  return found == settings.end() ? "" : found->second;
+}
+
+void VirtualHost::saveSetting(const std::string& path, const std::string& value) {
+  settings[path] = value;
+  savedOrder.push_back(path);
+}
+
+std::unique_ptr<SerialPort> VirtualHost::makeSerialPort() { return std::make_unique<VirtualPort>(*this); }
+
+std::string VirtualHost::serialPortHint(int commPort) { return "COM " + std::to_string(commPort) + " here"; }

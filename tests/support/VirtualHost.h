@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+// A machine in virtual time: its clock moves only by waits, its user follows a script, its serial ports lead
+// to simulated units.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "platform/Host.h"
+#include "sim/Unit.h"
+
+// What lies on one serial line; several port objects may name the same line.
+struct Line {
+  sim::Unit* unit = nullptr;
+  std::string openFault;             // the system's words; empty: the port opens
+  std::vector<sim::Chunk> underway;  // in order of time
+};
+
+struct Box {
+  std::string text;
+  std::string title;
+  Icon icon;
+  Buttons buttons;
+};
+
+class VirtualHost : public Host {
+ public:
+  VirtualHost();
+  ~VirtualHost() override;
+
+  double clock = 36000.2;  // ten in the morning, and a bit
+  double yieldTime = 0.001;
+  std::map<int, Line> lines;  // by the n of "COM n"
+  std::map<std::string, std::string> settings;
+  std::vector<std::string> savedOrder;  // keys in the order in which they were saved
+  std::set<std::string> missingFiles;
+  std::vector<std::string> events;  // "show frmSplash", "hide frmSplash", "repaint ..." and so on
+  std::vector<std::string> failures;
+  int beeps = 0;
+  int portOpenings = 0;
+
+  // The user acts once `when` holds, at the next wait. Acts follow each other in order.
+  void expect(std::function<bool()> when, std::function<void()> act);
+  void whenShown(const std::string& formName, std::function<void()> act);
+  bool scriptDone() const { return script_.empty(); }
+
+  // Boxes: each must have been announced, by a part of its text, or the test fails.
+  void expectBox(const std::string& part, Answer answer = Answer::ok, std::function<void()> meanwhile = {});
+  std::vector<Box> boxes;  // as they came
+
+  double now() override { return clock; }
+  void yield() override;
+  void idle(double seconds) override;
+  void show(Form& form, bool modal) override;
+  void hide(Form& form) override;
+  void release(Form& form) override;
+  void centre(Form& form) override;
+  void repaint(Form& form) override;
+  Answer messageBox(std::string_view text, std::string_view title, Icon icon, Buttons buttons) override;
+  void beep() override { ++beeps; }
+  std::string setting(const std::string& path) override;
+  void saveSetting(const std::string& path, const std::string& value) override;
+  void deleteSetting(const std::string& path) override { settings.erase(path); }
+  std::unique_ptr<SerialPort> makeSerialPort() override;
+  std::string serialPortHint(int commPort) override;
+  std::string programFolder() override { return "/program"; }
+  bool fileExists(const std::string& path) override { return !missingFiles.contains(path); }
+  void fail(const std::string& description) override { failures.push_back(description); }
+
+ private:
+  struct Act {
+    std::function<bool()> when;
+    std::function<void()> act;
+  };
+  struct Announced {
+    std::string part;
+    Answer answer;
+    std::function<void()> meanwhile;
+  };
+  void letUserAct();
+
+  std::deque<Act> script_;
+  std::deque<Announced> announced_;
+  int idleInARow_ = 0;
+};
