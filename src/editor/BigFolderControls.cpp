@@ -3,7 +3,9 @@
 // looks.
 #include "editor/BigFolderControls.h"
 
-BigFolderControls::BigFolderControls() : Form("frmBigFolder", "Torvane Configuration") {
+#include "core/Program.h"
+
+BigFolderControls::BigFolderControls() : Form("frmBigFolder", program::title) {
   optIDCode(0).setToolTip("No change at the front buttons asks for the ID code");
   optIDCode(1).setToolTip("A change of the setpoints asks for the ID code");
   optIDCode(2).setToolTip("Every change at the front buttons asks for the ID code");
