@@ -66,8 +66,8 @@ TEST(Val, SkipsBlanksAnywhereInTheNumber) {
 }
 
 TEST(Val, EndsAtAByteThatIsNoPlainCharacter) {
-  EXPECT_EQ(Val("12\0x34"s), 12);
-  EXPECT_EQ(Val("\0x34"s), 0);
+  EXPECT_EQ(Val("12\0 34"s), 12);
+  EXPECT_EQ(Val("\0 34"s), 0);
   EXPECT_EQ(Val("12\xA0 34"), 12);
   EXPECT_EQ(Val("1\xD9\xA1"), 1);
   EXPECT_EQ(Val("&HF\0x"s), 15);
