@@ -72,6 +72,7 @@ std::vector<Chunk> Unit::receive(double now, std::string_view bytes) {
 std::vector<Chunk> Unit::receive(double now, std::string_view bytes, const LineSettings& spoken) {
   std::vector<Chunk> out = unasked(now);
   for (const char byte : bytes) hear(byte, timing_.heard(now), spoken, out);
+  std::stable_sort(out.begin(), out.end(), [](const Chunk& a, const Chunk& b) { return a.at < b.at; });
   return out;
 }
 
@@ -127,7 +128,7 @@ void Unit::answerLine(const Command& command, double at, const LineSettings& spo
 void Unit::say(const std::string& bytes, double at, std::vector<Chunk>& out) {
   const double end = timing_.say(at, bytes, faults.pieces, out);
   log_.push_back({end, '<', bytes, {}});
-  if (!faults.trailing.empty()) timing_.say(end + faults.trailingAfter, faults.trailing, {}, out);
+  if (!faults.trailing.empty()) out.push_back({end + faults.trailingAfter, faults.trailing});
 }
 
 std::string Unit::answer(const Command& command) {

@@ -43,7 +43,7 @@ class Keeper {
 
   std::string load(sim::Unit& unit) const {
     if (options_.registers.empty()) return {};
-    const std::string problem = sim::loadRegisters(unit, options_.registers);
+    std::string problem = sim::loadRegisters(unit, options_.registers);
     if (options_.addressGiven) restoreAddress(unit);
     unit.powerOn();
     return problem;

@@ -161,6 +161,12 @@ TEST_F(Faults, TrailingReplyFollowsEveryReply) {
   EXPECT_DOUBLE_EQ(chunks[1].at, 1.5);
 }
 
+TEST_F(Faults, TrailingReplyHoldsUpNoOther) {
+  unit.faults.trailing = "R0799\r";
+  unit.faults.trailingAfter = 0.5;
+  EXPECT_EQ(ask(unit, "*R07\r*R08"), "R0704\rR0842\rR0799\rR0799\r");
+}
+
 TEST_F(Faults, StuckRegisterKeepsItsValue) {
   unit.faults.stuck = {{"07", 0}};
   EXPECT_EQ(ask(unit, "*W0726"), "W07\r");
