@@ -50,11 +50,11 @@ class Walk {
   void run() {
     nameControls();
     if (typed(window_.objectName()) != form_.containerName()) {
-      fault("the layout is that of \"" + typed(window_.objectName()) + "\"");
+      fault("the layout is that of \"", typed(window_.objectName()), "\"");
     }
     walk(window_, form_.containerName());
     for (const auto& [name, control] : controls_) {
-      if (!bindings_.contains(name)) fault("control \"" + name + "\" has no widget");
+      if (!bindings_.contains(name)) fault("control \"", name, "\" has no widget");
     }
     for (QWidget* follower : followers_) follow(*follower);
     if (!faults_.empty()) throw std::logic_error(form_.containerName() + " and its layout differ:" + faults_);
@@ -62,12 +62,16 @@ class Walk {
   }
 
  private:
-  void fault(const std::string& words) { faults_ += "\n- " + words; }
+  template <class... Words>
+  void fault(const Words&... words) {
+    faults_ += "\n- ";
+    ((faults_ += words), ...);
+  }
 
   void nameControls() {
     for (Control* control : form_.controls) {
       if (!controls_.emplace(control->name(), control).second) {
-        fault("two controls have the name \"" + control->name() + "\"");
+        fault("two controls have the name \"", control->name(), "\"");
       }
     }
   }
@@ -82,7 +86,7 @@ class Walk {
   void visit(QWidget& widget, const std::string& container) {
     const std::string name = typed(widget.objectName());
     if (!name.empty() && !name.starts_with("qt_") && !seen_.insert(name).second) {
-      fault("two widgets have the name \"" + name + "\"");
+      fault("two widgets have the name \"", name, "\"");
     } else if (const auto found = controls_.find(name); found != controls_.end()) {
       tie(*found->second, widget, container);
     } else if (!visitPages(widget, name)) {
@@ -93,15 +97,15 @@ class Walk {
   void tie(Control& control, QWidget& widget, const std::string& container) {
     const std::string& name = control.name();
     if (control.container().containerName() != container) {
-      fault("\"" + name + "\" lies in \"" + container + "\", its control in \"" +
-            control.container().containerName() + "\"");
+      fault("\"", name, "\" lies in \"", container, "\", its control in \"",
+            control.container().containerName(), "\"");
     }
     Binding* binding = nullptr;
     for (const auto& kind : kinds) {
       if (binding == nullptr) binding = kind(control, widget);
     }
     bindings_[name] = binding;
-    if (binding == nullptr) return fault("\"" + name + "\" is a " + widget.metaObject()->className());
+    if (binding == nullptr) return fault("\"", name, "\" is a ", widget.metaObject()->className());
     keepRoom(widget);
     if (qobject_cast<QGroupBox*>(&widget) != nullptr) walk(widget, name);
   }
@@ -114,8 +118,7 @@ class Walk {
     const auto* control = found == controls_.end() ? nullptr : dynamic_cast<TabStrip*>(found->second);
     const auto* stack = qobject_cast<QStackedWidget*>(&widget);
     if (control == nullptr || stack == nullptr) return false;
-    if (stack->count() != control->tabs())
-      fault("\"" + name + "\" has another number of pages than its strip");
+    if (stack->count() != control->tabs()) fault("\"", name, "\" has another number of pages than its strip");
     for (int index = 0; index < stack->count(); ++index) {
       visitPage(*stack->widget(index), strip + "_" + std::to_string(index));
     }
@@ -124,7 +127,7 @@ class Walk {
 
   void visitPage(const QWidget& page, const std::string& name) {
     if (typed(page.objectName()) != name) {
-      fault("the page \"" + typed(page.objectName()) + "\" lies where \"" + name + "\" belongs");
+      fault("the page \"", typed(page.objectName()), "\" lies where \"", name, "\" belongs");
     }
     seen_.insert(name);
     walk(page, name);
@@ -133,13 +136,13 @@ class Walk {
   void visitOther(QWidget& widget, const std::string& name, const std::string& container) {
     if (name.starts_with("text_")) return visitText(widget);
     const bool layoutOnly = name.empty() || name.starts_with("box_") || name.starts_with("qt_");
-    if (!layoutOnly) return fault("widget \"" + name + "\" has no control");
+    if (!layoutOnly) return fault("widget \"", name, "\" has no control");
     walk(widget, container);
   }
 
   void visitText(QWidget& widget) {
     auto* label = qobject_cast<QLabel*>(&widget);
-    if (label == nullptr) return fault("\"" + typed(widget.objectName()) + "\" is no label");
+    if (label == nullptr) return fault("\"", typed(widget.objectName()), "\" is no label");
     label->setTextFormat(Qt::PlainText);
     label->setText(withMnemonic(label->text(), label->property("mnemonic").toString()));
     if (label->property("follows").isValid()) followers_.push_back(label);
@@ -149,7 +152,7 @@ class Walk {
     const std::string name = typed(follower.property("follows").toString());
     const auto found = bindings_.find(name);
     if (found == bindings_.end() || found->second == nullptr) {
-      return fault("\"" + typed(follower.objectName()) + "\" follows \"" + name + "\", which is no control");
+      return fault("\"", typed(follower.objectName()), "\" follows \"", name, "\", which is no control");
     }
     keepRoom(follower);
     found->second->addFollower(follower);

@@ -16,9 +16,11 @@
 
 namespace {
 
-constexpr qint64 listLifetime = 2000;  // milliseconds
+// Milliseconds. Reading the system's list takes some 30 ms, and every register opens its port afresh.
+constexpr qint64 listLifetime = 60'000;
+constexpr qint64 retryAfter = 2'000;  // where the list does not hold what is asked for
 
-std::string portName(int commPort) { return "COM " + std::to_string(commPort); }
+std::string portName(int commPort) { return std::string("COM ").append(std::to_string(commPort)); }
 
 QStringList devicesPresent() {
   QStringList paths;
@@ -49,7 +51,7 @@ std::string processName(pid_t process) {
 
 std::string heldBy(pid_t process) {
   if (process == getpid()) return "which this program itself has open";
-  return "which " + processName(process) + " (process " + std::to_string(process) + ") has open";
+  return std::string("which ") + processName(process) + " (process " + std::to_string(process) + ") has open";
 }
 
 std::string groupOf(const std::string& device) {
@@ -80,11 +82,17 @@ std::string QtPorts::device(int commPort) {
   if (commPort < 1) return {};
   const std::string chosen = settings_.value(std::string(programTitle) + "/Ports/" + portName(commPort));
   if (!chosen.empty()) return chosen;
-  if (!age_.isValid() || age_.hasExpired(listLifetime)) {
+  if (isStale(commPort)) {
     present_ = devicesPresent();
     age_.start();
   }
   return commPort <= present_.size() ? typed(present_[commPort - 1]) : std::string();
+}
+
+bool QtPorts::isStale(int commPort) const {
+  if (!age_.isValid() || age_.hasExpired(listLifetime)) return true;
+  const bool isThere = commPort <= present_.size() && QFile::exists(present_[commPort - 1]);
+  return !isThere && age_.hasExpired(retryAfter);
 }
 
 std::string QtPorts::hint(int commPort) {

@@ -20,6 +20,8 @@ class QtPorts {
   std::string hint(int commPort);
 
  private:
+  bool isStale(int commPort) const;
+
   const QtSettings& settings_;
   QStringList present_;
   QElapsedTimer age_;

@@ -2,6 +2,7 @@
 // A serial port on a device file: opened exclusively, without handshake.
 #include "platform/qt/QtSerialPort.h"
 
+#include <poll.h>
 #include <unistd.h>
 
 #include <QStringList>
@@ -27,6 +28,14 @@ bool isHarmless(QSerialPort::SerialPortError error) {
   return error == QSerialPort::NoError || error == QSerialPort::TimeoutError ||
          error == QSerialPort::UnsupportedOperationError || error == QSerialPort::NotOpenError;
 }
+
+// Whether one of these events is there now; a hang-up is told in any case.
+bool isThere(int handle, short events) {
+  pollfd line{handle, events, 0};
+  return poll(&line, 1, 0) > 0;
+}
+
+bool hasHungUp(int handle) { return isThere(handle, 0); }
 
 QSerialPort::Parity parityOf(const QString& letter) {
   if (letter.startsWith('o', Qt::CaseInsensitive)) return QSerialPort::OddParity;
@@ -87,7 +96,9 @@ bool QtSerialPort::isOpen() const { return port_.isOpen() && fault_.empty(); }
 // toolkit's own code, which raised this one, has returned.
 void QtSerialPort::noteFault(QSerialPort::SerialPortError error) {
   if (opening_ || isHarmless(error) || !fault_.empty()) return;
-  fault_ = typed(port_.errorString());
+  // A read at a line that has hung up gives nothing rather than an error, and the toolkit then quotes an
+  // older one.
+  fault_ = hasHungUp(port_.handle()) ? std::strerror(EIO) : typed(port_.errorString());
   QMetaObject::invokeMethod(
       &port_,
       [this] {
@@ -117,7 +128,8 @@ void QtSerialPort::checkDevice() {
 
 std::size_t QtSerialPort::inBufferCount() {
   mustBeOpen();
-  if (port_.bytesAvailable() == 0) port_.waitForReadyRead(0);
+  // Asking first is cheap; the toolkit makes an error of a wait that brings nothing.
+  if (port_.bytesAvailable() == 0 && isThere(port_.handle(), POLLIN)) port_.waitForReadyRead(0);
   throwFault();
   return static_cast<std::size_t>(port_.bytesAvailable());
 }
