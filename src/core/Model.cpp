@@ -9,9 +9,12 @@ constinit DeviceStateRecord DeviceState;
 constinit std::string BaseModel;
 
 void resetDeviceState() {
-  const std::int32_t spare = DeviceState.SpareLong;
-  DeviceState = {};
-  DeviceState.SpareLong = spare;
+  DeviceState = {.IdFlagE = -1,
+                 .DeviceClass = -1,
+                 .SpareLong = DeviceState.SpareLong,
+                 .IsGr2 = -1,
+                 .IsHyt = -1,
+                 .ModelIndex = -1};
   if (Hardware.Out1.Analog != False) {
     Hardware.Out1.SSR = True;
     Hardware.Out1.Analog = False;

@@ -27,19 +27,20 @@ struct HardwareRecord {
   std::int16_t BusAddress = 0;  // 0 to 199
 };
 
+// The values of resetDeviceState stand in Model.cpp; a new process starts with zeros.
 struct DeviceStateRecord {
-  std::int16_t IdFlagE = -1;
+  std::int16_t IdFlagE = 0;
   std::int16_t IdFlagC = 0;
-  std::int32_t DeviceClass = -1;  // -1 unknown, 0 the Rkw77 line, 1 and above the other families
-  std::int32_t SpareLong = 0;     // comes from a file only
+  std::int32_t DeviceClass = 0;  // -1 unknown, 0 the Rkw77 line, 1 and above the other families
+  std::int32_t SpareLong = 0;    // comes from a file only
   std::int16_t IsRkw77 = False;
-  std::int32_t IsGr2 = -1;
-  std::int32_t IsHyt = -1;
+  std::int32_t IsGr2 = 0;
+  std::int32_t IsHyt = 0;
   std::int32_t MenuKind = 0;  // 0 full, 1 alarms only, 2 simple menu
   std::int16_t ClassSeen = False;
   std::int16_t SpareFlag = False;
   std::int16_t AnalogFound = False;
-  std::int32_t ModelIndex = -1;
+  std::int32_t ModelIndex = 0;
 };
 
 // Written by the hardware dialog, identification and the file; read by almost everyone.

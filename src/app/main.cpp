@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+// The program: picks the host and shows the main window, whose life is the program's.
+#include <QApplication>
+#include <QIcon>
+
+#include "core/Program.h"
+#include "editor/frmBigFolder.h"
+#include "platform/qt/QtHost.h"
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(program::title);
+  QApplication::setOrganizationName(program::company);
+  QApplication::setWindowIcon(QIcon(":/pictures/app.svg"));
+  QtHost machine;
+  setHost(&machine);
+  try {
+    form<frmBigFolder>();
+  } catch (const RuntimeError& error) {
+    machine.fail(error.what());
+  }
+  while (isLoaded<frmBigFolder>()) machine.idle(1.0);
+  unloadAllForms();
+  return 0;
+}

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+// A user by script in front of the real windows.
+#include "session/ScriptedHost.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QTabBar>
+#include <QTest>
+#include <algorithm>
+
+#include "platform/Form.h"
+
+namespace {
+constexpr double glance = 0.02;  // seconds between two looks of the user
+}
+
+void ScriptedHost::then(Condition when, Act act) { script_.push_back({std::move(when), std::move(act)}); }
+
+void ScriptedHost::whenShown(const std::string& formName, Act act) {
+  then(
+      [formName] {
+        const auto forms = loadedForms();
+        return std::ranges::any_of(
+            forms, [&](const auto& form) { return form->containerName() == formName && form->reachable(); });
+      },
+      std::move(act));
+}
+
+void ScriptedHost::letUserAct() {
+  if (script_.empty() || !script_.front().when()) return;
+  const Act act = script_.front().act;
+  script_.pop_front();
+  act();
+}
+
+void ScriptedHost::yield() {
+  QtHost::yield();
+  letUserAct();
+}
+
+void ScriptedHost::idle(double seconds) {
+  QtHost::idle(std::min(seconds, glance));
+  letUserAct();
+}
+
+Answer ScriptedHost::messageBox(std::string_view text, std::string_view, Icon, Buttons buttons) {
+  boxes.emplace_back(text);
+  return buttons == Buttons::yesNo ? answer : Answer::ok;
+}
+
+void click(QtHost& host, Form& form, const char* button) {
+  QTest::mouseClick(&widget<QAbstractButton>(host, form, button), Qt::LeftButton);
+}
+
+void type(QtHost& host, Form& form, const char* box, const char* text) {
+  auto& edit = widget<QLineEdit>(host, form, box);
+  edit.setFocus();
+  edit.selectAll();
+  QTest::keyClicks(&edit, QString::fromUtf8(text));
+}
+
+void choose(QtHost& host, Form& form, const char* list, int index) {
+  auto& combo = widget<QComboBox>(host, form, list);
+  combo.setFocus();
+  combo.setCurrentIndex(index);
+  emit combo.activated(index);
+}
+
+void clickTab(QtHost& host, Form& form, const char* strip, int index) {
+  auto& bar = widget<QTabBar>(host, form, strip);
+  QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.tabRect(index).center());
+}

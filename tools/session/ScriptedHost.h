@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+// The machine on Qt with a user by script, who acts on the real widgets while the program waits.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+
+#include <QWidget>
+
+#include "platform/qt/QtHost.h"
+
+class ScriptedHost : public QtHost {
+ public:
+  using Condition = std::function<bool()>;
+  using Act = std::function<void()>;
+
+  // The user does this as soon as the condition holds; acts follow each other in order.
+  void then(Condition when, Act act);
+  void whenShown(const std::string& formName, Act act);
+  bool done() const { return script_.empty(); }
+
+  // Answers every message box with its default after noting its text.
+  std::deque<std::string> boxes;
+  Answer answer = Answer::ok;
+
+  void yield() override;
+  void idle(double seconds) override;
+  Answer messageBox(std::string_view text, std::string_view title, Icon icon, Buttons buttons) override;
+
+ private:
+  struct Step {
+    Condition when;
+    Act act;
+  };
+  void letUserAct();
+
+  std::deque<Step> script_;
+};
+
+// The widget of a control on the form's window.
+template <class Widget>
+Widget& widget(QtHost& host, Form& form, const char* name) {
+  return *host.window(form).findChild<Widget*>(QString::fromLatin1(name));
+}
+
+// As a person does it: with mouse and keyboard on the widget.
+void click(QtHost& host, Form& form, const char* button);
+void type(QtHost& host, Form& form, const char* box, const char* text);
+void choose(QtHost& host, Form& form, const char* list, int index);
+void clickTab(QtHost& host, Form& form, const char* strip, int index);

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+// A walk through a session with the simulated unit, for a machine without a display: edits a setup, writes
+// it, reads it back, and leaves pictures of the windows in the folder that is named on the command line.
+#include <QApplication>
+#include <QDir>
+#include <cstdio>
+
+#include "core/Program.h"
+#include "dialogs/frmRead.h"
+#include "dialogs/frmSplash.h"
+#include "dialogs/frmWrite.h"
+#include "editor/frmBigFolder.h"
+#include "protocol/frmSerial.h"
+#include "session/ScriptedHost.h"
+
+namespace {
+
+QDir folder;
+
+void picture(Form& of, const std::string& name) {
+  const QString file = folder.filePath(QString::fromStdString(name + ".png"));
+  std::printf("%s %s\n", screenshot(of, file) ? "wrote" : "could not write", qPrintable(file));
+}
+
+frmBigFolder& editor() { return form<frmBigFolder>(); }
+
+bool halfWay() { return isLoaded<frmSerial>() && form<frmSerial>().lblProgress.value() > 2000; }
+
+bool atTheEnd() { return isLoaded<frmSerial>() && form<frmSerial>().lblPercent.caption() == "100%"; }
+
+void pictureEveryTab() {
+  for (int tab = 0; tab < editor().tabBig.tabs(); ++tab) {
+    editor().tabBig.setTab(tab);
+    picture(editor(), "tab" + std::to_string(tab));
+  }
+  editor().tabBig.setTab(1);
+}
+
+void editSetup(ScriptedHost& user) {
+  type(user, editor(), "txtSp1", "123.4");
+  type(user, editor(), "txtSp2", "150.0");
+  choose(user, editor(), "cboNormalColor", 2);
+}
+
+void planSession(ScriptedHost& user) {
+  user.whenShown("frmSplash", [] { picture(form<frmSplash>(), "splash"); });
+  user.whenShown("frmBigFolder", [&user] {
+    pictureEveryTab();
+    editSetup(user);
+    picture(editor(), "edited");
+    click(user, editor(), "cmdWrite");
+  });
+  user.whenShown("frmWrite", [&user] {
+    picture(form<frmWrite>(), "write-to");
+    click(user, form<frmWrite>(), "cmdSerial");
+  });
+  user.then(halfWay, [] { picture(form<frmSerial>(), "status-write"); });
+  user.then(atTheEnd, [] { picture(form<frmSerial>(), "status-write-end"); });
+  user.whenShown("frmWrite", [&user] { click(user, form<frmWrite>(), "cmdCancel"); });
+  user.whenShown("frmBigFolder", [&user] { click(user, editor(), "cmdOpen"); });
+  user.whenShown("frmRead", [&user] {
+    picture(form<frmRead>(), "read-from");
+    click(user, form<frmRead>(), "cmdSerial");
+  });
+  user.then(halfWay, [] { picture(form<frmSerial>(), "status-read"); });
+  user.whenShown("frmBigFolder", [&user] {
+    picture(editor(), "read-back");
+    click(user, editor(), "cmdQuit");
+  });
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(program::title);
+  QApplication::setOrganizationName(program::company);
+  if (argc < 2 || !QDir().mkpath(QString::fromLocal8Bit(argv[1]))) {
+    std::fputs("usage: demo-session FOLDER\n", stderr);
+    return 2;
+  }
+  folder = QDir(QString::fromLocal8Bit(argv[1]));
+  ScriptedHost user;
+  setHost(&user);
+  planSession(user);
+  form<frmBigFolder>();
+  while (isLoaded<frmBigFolder>()) user.idle(1.0);
+  for (const std::string& box : user.boxes) std::printf("box: %s\n", box.c_str());
+  unloadAllForms();
+  return user.done() && user.boxes.empty() ? 0 : 1;
+}
