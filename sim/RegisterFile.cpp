@@ -33,9 +33,9 @@ std::optional<Setting> parseSetting(std::string_view line) {
 std::string registerText(const Unit& unit) {
   std::string text;
   for (const std::string& index : unit.registerNames()) {
-    const std::string hex = unit.registerHex(index);
-    text += index + " = " + hex + std::string(8 - hex.size(), ' ') + std::string(unit.registerTitle(index)) +
-            '\n';
+    std::string value = unit.registerHex(index);
+    value.resize(8, ' ');
+    text.append(index).append(" = ").append(value).append(unit.registerTitle(index)).append("\n");
   }
   return text;
 }

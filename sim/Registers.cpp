@@ -69,6 +69,7 @@ RegisterBank::RegisterBank(Model model) {
 
 std::vector<std::string> RegisterBank::indices() const {
   std::vector<std::string> all;
+  all.reserve(cells_.size());
   for (const auto& [index, cell] : cells_) all.push_back(index);
   return all;
 }

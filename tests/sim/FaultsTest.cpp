@@ -122,9 +122,9 @@ TEST_F(Faults, NoiseOfEveryByteBeforeAndInside) {
   for (int byte = 0; byte < 256; ++byte) {
     const std::string noise(1, static_cast<char>(byte));
     unit.faults.noiseBefore = noise;
-    unit.faults.noiseInside = noise + noise;
+    unit.faults.noiseInside = noise;
     unit.faults.noiseAt = 3;
-    EXPECT_EQ(ask(unit, "*R07"), noise + "R07" + noise + noise + "04\r") << byte;
+    EXPECT_EQ(ask(unit, "*R07"), std::string(noise).append("R07").append(noise).append("04\r")) << byte;
   }
   unit.faults.noiseAt = 100;
   unit.faults.noiseInside = "!";

@@ -32,6 +32,7 @@ class Program {
     posix_spawn_file_actions_adddup2(&actions, ends[1], 2);
     arguments.insert(arguments.begin(), UNIT_SIMULATOR);
     std::vector<char*> words;
+    words.reserve(arguments.size() + 1);
     for (std::string& argument : arguments) words.push_back(argument.data());
     words.push_back(nullptr);
     posix_spawn(&process_, UNIT_SIMULATOR, &actions, nullptr, words.data(), environ);
