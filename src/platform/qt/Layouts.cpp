@@ -2,10 +2,16 @@
 // One row for each form that has a window, in the order of the alphabet.
 #include "platform/qt/Layouts.h"
 
+#include "ui_frmBigFolder.h"
+#include "ui_frmRead.h"
+#include "ui_frmSerial.h"
+#include "ui_frmSplash.h"
+#include "ui_frmWrite.h"
+
 namespace {
 
 template <class Ui>
-[[maybe_unused]] void build(QWidget& window) {
+void build(QWidget& window) {
   Ui().setupUi(&window);
 }
 
@@ -13,7 +19,9 @@ template <class Ui>
 
 std::vector<Layout>& layouts() {
   static std::vector<Layout> table = {
-      // {"frmName", build<Ui::frmName>},
+      {"frmBigFolder", build<Ui::frmBigFolder>}, {"frmRead", build<Ui::frmRead>},
+      {"frmSerial", build<Ui::frmSerial>},       {"frmSplash", build<Ui::frmSplash>},
+      {"frmWrite", build<Ui::frmWrite>},
   };
   return table;
 }
