@@ -10,14 +10,21 @@
 
 namespace {
 
-constexpr double replyLimit = 1.0;    // seconds of silence, counted from a start rounded to a whole second
-constexpr double babbleLimit = 10.0;  // seconds of bytes without a line end
+constexpr double replyLimit = 1.0;   // seconds of silence, counted from a start rounded to a whole second
+constexpr double babbleLimit = 2.0;  // seconds of bytes that never pause and never end a line
+constexpr std::size_t babbleSize = 1 << 20;  // bytes without a line end: no reply is a thousandth of it
 constexpr int readTries = 3;
 constexpr int firstReadTries = 2;
 constexpr int writeTries = 5;
 constexpr int starsThatTell = 2;  // loop-backs that mark a wiring fault
 
 bool endsLine(std::string_view chunk) { return chunk.ends_with('\r') || chunk.ends_with('\n'); }
+
+// A line that never falls silent must not hold the program, nor fill its memory. What already waits when a
+// process comes back late is read all the same.
+bool isBabble(std::size_t received, double elapsed) {
+  return received > babbleSize || (received > 0 && elapsed > babbleLimit);
+}
 
 bool isRefused(std::string_view reply) {
   return contains(reply, "?") || contains(reply, "*") || contains(reply, "Time");
@@ -50,7 +57,7 @@ std::string SerialChannel::writePort(std::string_view command) {
   while (!endsLine(chunk)) {
     const bool waiting = port_.inBufferCount() > 0;
     const double elapsed = host().now() - start;
-    if (elapsed > (waiting ? babbleLimit : replyLimit)) return std::string(timeoutMarker);
+    if (waiting ? isBabble(reply.size(), elapsed) : elapsed > replyLimit) return std::string(timeoutMarker);
     if (waiting) {
       chunk = port_.input();
       reply += chunk;
