@@ -37,6 +37,9 @@ constexpr const char* typeWords[] = {
 
 std::string frmSerial::comOK(std::int16_t& mode) {
   std::string result;
+  const auto close = [this] {
+    if (MSComm1->isOpen()) MSComm1->close();
+  };
   try {
     if (mode == probeAll || mode == probeForRun) {
       if (mode == probeAll) resetDeviceState();
@@ -45,13 +48,12 @@ std::string frmSerial::comOK(std::int16_t& mode) {
     } else {
       shortCommand(mode);
     }
+    statement(close);
   } catch (const RuntimeError& error) {
     messageBox("Encountered an error:\r" + std::string(error.what()));
     result.clear();
+    attempt(close);
   }
-  attempt([this] {
-    if (MSComm1->isOpen()) MSComm1->close();
-  });
   return result;
 }
 
