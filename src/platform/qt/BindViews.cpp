@@ -7,8 +7,9 @@
 
 namespace {
 
-// Black or white, whichever is easier to read on the ground.
-QColor readableOn(const QColor& ground) { return qGray(ground.rgb()) > 127 ? Qt::black : Qt::white; }
+// Black or white, whichever is easier to read on the ground; on pure red (grey 87) and pure green (127) black
+// is.
+QColor readableOn(const QColor& ground) { return qGray(ground.rgb()) > 80 ? Qt::black : Qt::white; }
 
 // The colour's red lies in the low byte.
 QColor fromBackColor(std::uint32_t color) {

@@ -146,6 +146,8 @@ void QtSerialPort::output(std::string_view bytes) {
   while (fault_.empty() && port_.bytesToWrite() > 0 && port_.waitForBytesWritten(writeLimit)) {
   }
   throwFault();
+  // What a stuck line has not taken by now must not go out with a later command.
+  if (port_.bytesToWrite() > 0) port_.clear(QSerialPort::Output);
 }
 
 void QtSerialPort::waitForInput(double seconds) {
