@@ -21,7 +21,7 @@ constexpr std::array<RegisterFact, 33> facts{{
     {"07", "Input type",                          2, "04",     true},
     {"08", "Reading configuration",               2, "42",     true},
     {"09", "Alarm 1 configuration",               2, "00",     true},
-    {"0A", "Alarm 2 configuration",               2, "00",     false},
+    {"0A", "Alarm 2 configuration",               2, "00",     true},
     {"0B", "Loop break time",                     4, "003B",   true},
     {"0C", "Output 1 configuration",              2, "00",     true},
     {"0D", "Output 2 configuration",              2, "00",     true},
