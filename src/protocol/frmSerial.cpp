@@ -144,11 +144,12 @@ void frmSerial::upProg(std::int16_t percent) {
 }
 
 void frmSerial::showTarget() {
-  std::string target = "No serial port chosen";
+  std::string target = "No serial port is chosen";
   if (MSComm1->commPort > 0) {
-    target = host().serialPortHint(MSComm1->commPort) + ", " + MSComm1->settings;
-    if (!isUnaddressed()) target += ", address " + numberText(std::int32_t{Hardware.BusAddress});
+    target = "COM " + numberText(std::int32_t{MSComm1->commPort}) + ", " + MSComm1->settings;
+    lblTarget.setToolTip(host().serialPortHint(MSComm1->commPort));
   }
+  if (!isUnaddressed()) target += ", address " + numberText(std::int32_t{Hardware.BusAddress});
   lblTarget.setCaption(target);
 }
 
