@@ -145,6 +145,7 @@ void frmBigFolder::loadMemo(std::int16_t tab) {
 }
 
 void frmBigFolder::writeMemo(std::int16_t tab) {
+  if (tab < 0 || tab >= tabCount) return;
   for (const Field& field : fields_) {
     if (field.storeTab == tab) store(field);
   }
