@@ -81,12 +81,6 @@ const Notice* offsetNotice(const Mantissa& mantissa) {
   return mantissa.exponent + 2 > 8 ? &offsetOverflow : nullptr;
 }
 
-// The unit counts temperatures of one decimal in tenths.
-bool isReadInTenths() {
-  const bool temperature = Memo[rec::optInType].flag != False || Memo[rec::optInType + 1].flag != False;
-  return temperature && Memo[rec::optDpoint + 1].flag != False;
-}
-
 bool isCurrentOutput() { return Memo[rec::optAOutI].flag != False; }
 
 // Every digit is worth a place of ten, so what is cut here goes into the exponent. A number with more places
@@ -129,6 +123,11 @@ DecimalParts takeApart(const std::string& text, bool belowZero) {
 }
 
 }  // namespace
+
+bool isReadInTenths() {
+  const bool temperature = Memo[rec::optInType].flag != False || Memo[rec::optInType + 1].flag != False;
+  return temperature && Memo[rec::optDpoint + 1].flag != False;
+}
 
 Mantissa TextToMantissa(double r) {
   DecimalParts parts = takeApart(numberText(r), r < 0);

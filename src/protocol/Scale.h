@@ -28,3 +28,7 @@ struct Mantissa {
 
 // Cut after six digits, not rounded.
 Mantissa TextToMantissa(double r);
+
+// Whether the analog output's scale counts in tenths: a temperature that is read with one decimal. The scale
+// then is one power of ten off, on the way out and on the way back.
+bool isReadInTenths();

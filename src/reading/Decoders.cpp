@@ -53,19 +53,19 @@ std::string parseSeconds(const std::string& reply, int record) {
 std::string parseBand(const std::string& reply, int deadBandRecord, int bandRecord) {
   return decoded(reply, [=](const std::string& payload) {
     const double band = static_cast<double>(numberOfPayload(payload)) / decimalScale();
-    const std::string text = formatNumber(band, picturesNow().filled);
+    std::string text = formatNumber(band, picturesNow().filled);
     Memo[deadBandRecord].text = text;
     Memo[bandRecord].text = text;
     return text;
   });
 }
 
+std::string twoDigits(std::int32_t number) { return formatNumber(static_cast<double>(number), "00"); }
+
 std::string parseTime(const std::string& reply, int record) {
   return decoded(reply, [record](const std::string& payload) {
     const std::int32_t v = numberOfPayload(payload);
-    const double first = v / 100;
-    const double second = v % 100;
-    return Memo[record].text = formatNumber(first, "00") + ":" + formatNumber(second, "00");
+    return Memo[record].text = twoDigits(v / 100) + ":" + twoDigits(v % 100);
   });
 }
 

@@ -70,7 +70,8 @@ std::string parseRdgCnfg(const std::string& reply) {
   return decodedBits(reply, [](std::int32_t v) {
     storeFlags(rec::optDpoint, 4, (v & 7) - 1);
     Memo[rec::cboTUnit].value = bit(v, 3);
-    Memo[rec::lstFiltConst].value = toInt16(v / 32);
+    const std::int32_t filter = v / 32;
+    Memo[rec::lstFiltConst].value = toInt16(filter);
   });
 }
 

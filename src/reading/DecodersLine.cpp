@@ -7,6 +7,7 @@
 #include "core/Model.h"
 #include "core/NumberText.h"
 #include "platform/RuntimeError.h"
+#include "protocol/Scale.h"
 #include "reading/Decoders.h"
 #include "reading/DecodersPayload.h"
 
@@ -38,12 +39,6 @@ float offsetIn(const std::string& payload) {
   const int first = digitAt(payload, 0);
   const double magnitude = numberOfPayload(payload.substr(tail)) / std::pow(10.0, (first & 7) - 2);
   return toSingle((first & 8) != 0 ? 0 - magnitude : magnitude);
-}
-
-// The unit counts temperatures of one decimal in tenths.
-bool isReadInTenths() {
-  const bool temperature = Memo[rec::optInType].flag != False || Memo[rec::optInType + 1].flag != False;
-  return temperature && Memo[rec::optDpoint + 1].flag != False;
 }
 
 // A negative scale that is too small turns positive.

@@ -52,7 +52,7 @@ const std::map<std::string, ByKind> expected = {
     {"28", {255, 255, 0, 255, 0}},
 };
 
-class Masks : public testing::TestWithParam<int> {
+class RegisterMasks : public testing::TestWithParam<int> {
  protected:
   void SetUp() override {
     freshSetup();
@@ -60,7 +60,7 @@ class Masks : public testing::TestWithParam<int> {
   }
 };
 
-TEST_P(Masks, AreThoseOfTheKindOfUnit) {
+TEST_P(RegisterMasks, AreThoseOfTheKindOfUnit) {
   EXPECT_EQ(allRegisters().size(), 33U);
   EXPECT_EQ(expected.size(), 33U);
   for (const RegisterUnderTest& reg : allRegisters()) {
@@ -68,13 +68,13 @@ TEST_P(Masks, AreThoseOfTheKindOfUnit) {
   }
 }
 
-TEST_P(Masks, OfZeroDoNotKeepThePayloadFromBeingBuilt) {
+TEST_P(RegisterMasks, OfZeroDoNotKeepThePayloadFromBeingBuilt) {
   for (const RegisterUnderTest& reg : allRegisters()) {
     EXPECT_EQ(reg.make().payload.size(), reg.width) << reg.index;
   }
 }
 
-TEST_P(Masks, StandBesideARefusalToo) {
+TEST_P(RegisterMasks, StandBesideARefusalToo) {
   const auto kind = static_cast<std::size_t>(GetParam());
   for (const int record : {rec::txtLBATime, rec::txtRampT, rec::txtSoakT}) Memo[record].text = "5:30";
   Memo[rec::txtOut1Rate].text = "200.0";
@@ -87,6 +87,6 @@ TEST_P(Masks, StandBesideARefusalToo) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(FiveKinds, Masks, testing::Range(0, 5));
+INSTANTIATE_TEST_SUITE_P(FiveKinds, RegisterMasks, testing::Range(0, 5));
 
 }  // namespace

@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int rounds = 3000;
+constexpr int rounds = 1000;  // for each kind of unit
 
 bool isHexadecimal(const std::string& text) {
   return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) {
