@@ -43,14 +43,18 @@ constexpr ValueChoice values[] = {
 };
 
 // A full controller, point to point.
-const Payloads fullController = {
-    {"07", "06"},   {"08", "4A"},     {"01", "2004D2"}, {"02", "A001F4"}, {"14", "630D40"}, {"03", "5186A0"},
-    {"09", "59"},   {"13", "200BB8"}, {"12", "A003E8"}, {"0A", "24"},     {"16", "200FA0"}, {"15", "A001F4"},
-    {"0B", "0082"}, {"25", "A0000F"}, {"05", "04D2"},   {"0C", "55"},     {"0D", "4E"},     {"17", "007D"},
-    {"18", "00C8"}, {"19", "000F"},   {"1A", "0A"},     {"1C", "0032"},   {"1D", "14"},     {"0E", "002D"},
-    {"1E", "00C8"}, {"11", "06"},     {"24", "88"},     {"0F", "8186A0"}, {"04", "7186A0"}, {"27", "0A"},
-    {"28", "5A"},   {"1F", "3C"},     {"21", "11"},
-};
+const Payloads& fullController() {
+  static const Payloads payloads = {
+      {"07", "06"},     {"08", "4A"},     {"01", "2004D2"}, {"02", "A001F4"}, {"14", "630D40"},
+      {"03", "5186A0"}, {"09", "59"},     {"13", "200BB8"}, {"12", "A003E8"}, {"0A", "24"},
+      {"16", "200FA0"}, {"15", "A001F4"}, {"0B", "0082"},   {"25", "A0000F"}, {"05", "04D2"},
+      {"0C", "55"},     {"0D", "4E"},     {"17", "007D"},   {"18", "00C8"},   {"19", "000F"},
+      {"1A", "0A"},     {"1C", "0032"},   {"1D", "14"},     {"0E", "002D"},   {"1E", "00C8"},
+      {"11", "06"},     {"24", "88"},     {"0F", "8186A0"}, {"04", "7186A0"}, {"27", "0A"},
+      {"28", "5A"},     {"1F", "3C"},     {"21", "11"},
+  };
+  return payloads;
+}
 
 }  // namespace
 
@@ -61,7 +65,7 @@ sim::UnitSetup onBus(sim::UnitSetup setup, int address) {
 }
 
 Payloads payloadsOfSetup(int kind, bool addressed) {
-  Payloads payloads = fullController;
+  Payloads payloads = fullController();
   if (kind == kind::simpleMenu) {
     payloads["0A"] = "25";
     payloads["0C"] = "D5";
