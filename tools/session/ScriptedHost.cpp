@@ -49,8 +49,11 @@ Answer ScriptedHost::messageBox(std::string_view text, std::string_view, Icon, B
   return buttons == Buttons::yesNo ? answer : Answer::ok;
 }
 
+// A check box or an option is hit at its mark, which lies at the left of a wide widget.
 void click(QtHost& host, Form& form, const char* button) {
-  QTest::mouseClick(&widget<QAbstractButton>(host, form, button), Qt::LeftButton);
+  auto& hit = widget<QAbstractButton>(host, form, button);
+  const int mark = hit.isCheckable() ? hit.height() / 2 : hit.width() / 2;
+  QTest::mouseClick(&hit, Qt::LeftButton, {}, QPoint(mark, hit.height() / 2));
 }
 
 void type(QtHost& host, Form& form, const char* box, const char* text) {

@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: MIT
+// Whole sessions: the real windows, a user with mouse and keyboard, a real pseudo terminal, the simulated
+// unit.
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QRadioButton>
+#include <memory>
+
+#include "core/Global.h"
+#include "dialogs/frmRead.h"
+#include "dialogs/frmWrite.h"
+#include "editor/frmBigFolder.h"
+#include "protocol/frmSerial.h"
+#include "session/ScriptedHost.h"
+#include "sim/PseudoTerminal.h"
+
+namespace {
+
+frmBigFolder& editor() { return form<frmBigFolder>(); }
+
+ScriptedHost* user = nullptr;
+
+// The program is started once, since its splash stands for six seconds; each test has a unit of its own.
+class Session : public ::testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    user = new ScriptedHost;
+    setHost(user);
+    user->saveSetting("Torvane Configuration/Persist/CommPort", "-1");
+    user->saveSetting("Torvane Configuration/Persist/Baud", "5");
+    form<frmBigFolder>();
+  }
+
+  static void TearDownTestSuite() {
+    unloadAllForms();
+    setHost(nullptr);
+    delete user;
+  }
+
+  Session() : server(unit) {
+    user->boxes.clear();
+    user->saveSetting("Torvane Configuration/Ports/COM 1", server.path());
+    server.start();
+    clickTab(*user, editor(), "tabBig", 11);
+    editor().cboCommPort.setListIndex(-1);
+    choose(*user, editor(), "cboCommPort", 0);
+  }
+
+  ~Session() override {
+    server.stop();
+    EXPECT_TRUE(user->done());
+  }
+
+  static void writeToUnit() {
+    user->whenShown("frmWrite", [] { click(*user, form<frmWrite>(), "cmdSerial"); });
+    user->whenShown("frmWrite", [] { click(*user, form<frmWrite>(), "cmdCancel"); });
+    click(*user, editor(), "cmdWrite");
+  }
+
+  static void readFromUnit() {
+    user->whenShown("frmRead", [] { click(*user, form<frmRead>(), "cmdSerial"); });
+    click(*user, editor(), "cmdOpen");
+  }
+
+  std::string registerHex(const char* index) {
+    return server.with([&](sim::Unit& there) { return there.registerHex(index); });
+  }
+  std::size_t count(const char* prefix) {
+    return server.with([&](sim::Unit& there) { return there.count(prefix); });
+  }
+
+  sim::Unit unit{sim::UnitSetup{}};
+  sim::Server server;
+};
+
+std::string shown(const char* box) { return widget<QLineEdit>(*user, editor(), box).text().toStdString(); }
+
+TEST_F(Session, WhatIsTypedReachesTheUnitAndWhatTheUnitHoldsIsShown) {
+  EXPECT_EQ(editor().lblCommStat.caption(), "Port is available");
+  clickTab(*user, editor(), "tabBig", 1);
+  type(*user, editor(), "txtSp1", "123.4");
+  type(*user, editor(), "txtSp2", "-50.5");
+  choose(*user, editor(), "cboNormalColor", 2);
+  clickTab(*user, editor(), "tabBig", 2);
+  click(*user, editor(), "optInType_1");
+  choose(*user, editor(), "cboRTDValue", 1);
+  clickTab(*user, editor(), "tabBig", 4);
+  click(*user, editor(), "chkAl1Enabled");
+  choose(*user, editor(), "cboAl1Setup", 1);
+  type(*user, editor(), "txtAl1LoSp", "-12.3");
+  clickTab(*user, editor(), "tabBig", 9);
+  click(*user, editor(), "chkRampEn");
+  type(*user, editor(), "txtRampT", "01:30");
+  writeToUnit();
+
+  EXPECT_TRUE(user->boxes.empty());
+  EXPECT_EQ(registerHex("01"), "2004D2");
+  EXPECT_EQ(registerHex("02"), "A001F9");
+  EXPECT_EQ(registerHex("07"), "41");
+  EXPECT_EQ(registerHex("09"), "11");
+  EXPECT_EQ(registerHex("12"), "A0007B");
+  EXPECT_EQ(registerHex("0E"), "0082");
+  EXPECT_EQ(registerHex("11"), "08");
+
+  server.with([](sim::Unit& there) {
+    there.setRegister("01", "200064");
+    there.setRegister("07", "04");
+    there.setRegister("1E", "00E6");
+    there.setRegister("09", "80");
+  });
+  readFromUnit();
+  EXPECT_TRUE(user->boxes.empty());
+  EXPECT_EQ(shown("txtSp1"), "010.0");
+  EXPECT_EQ(shown("txtSp2"), "-050.5");
+  EXPECT_EQ(shown("txtSoakT"), "02:30");
+  EXPECT_TRUE(widget<QRadioButton>(*user, editor(), "optInType_0").isChecked());
+  EXPECT_FALSE(widget<QCheckBox>(*user, editor(), "chkAl1Enabled").isChecked());
+  EXPECT_TRUE(widget<QCheckBox>(*user, editor(), "chkAl1AutoPOn").isChecked());
+  EXPECT_EQ(widget<QComboBox>(*user, editor(), "cboNormalColor").currentText(), "Amber");
+}
+
+TEST_F(Session, ASecondWriteSendsNothing) {
+  writeToUnit();
+  server.with([](sim::Unit& there) { there.takeLog(); });
+  writeToUnit();
+  EXPECT_EQ(count("W"), 0U);
+  EXPECT_GE(count("R"), 30U);
+}
+
+TEST_F(Session, AnAdapterUnpluggedDuringARunEndsTheRunAndNotTheProgram) {
+  user->whenShown("frmWrite", [] { click(*user, form<frmWrite>(), "cmdSerial"); });
+  user->then([] { return isLoaded<frmSerial>() && form<frmSerial>().lblProgress.value() > 1000; },
+             [this] { server.unplug(); });
+  QStringList narrative;
+  user->then([] { return form<frmSerial>().cmdCancel.caption() == "Close"; },
+             [&narrative] {
+               auto& list = widget<QListWidget>(*user, form<frmSerial>(), "lstNarrative");
+               for (int row = 0; row < list.count(); ++row) narrative << list.item(row)->text();
+             });
+  user->whenShown("frmWrite", [] { click(*user, form<frmWrite>(), "cmdCancel"); });
+  click(*user, editor(), "cmdWrite");
+  EXPECT_TRUE(user->boxes.empty());
+  EXPECT_GT(narrative.filter("Fail").size(), 10);
+  EXPECT_TRUE(narrative.last().contains("Done"));
+}
+
+TEST_F(Session, ASilentUnitIsToldOnceAndNothingIsWritten) {
+  server.with([](sim::Unit& there) { there.faults.silentAfter = 0; });
+  user->whenShown("frmWrite", [] { click(*user, form<frmWrite>(), "cmdSerial"); });
+  user->whenShown("frmWrite", [] { click(*user, form<frmWrite>(), "cmdCancel"); });
+  click(*user, editor(), "cmdWrite");
+  ASSERT_EQ(user->boxes.size(), 1U);
+  EXPECT_EQ(user->boxes.front(),
+            "Communication with controller cannot be established.\rPlease verify COM setup and connection, "
+            "then try "
+            "again.");
+  EXPECT_EQ(count("W"), 0U);
+}
+
+TEST_F(Session, CancelStopsBehindTheRegisterThatIsUnderWay) {
+  user->answer = Answer::yes;
+  user->whenShown("frmWrite", [] { click(*user, form<frmWrite>(), "cmdSerial"); });
+  user->then([] { return isLoaded<frmSerial>() && form<frmSerial>().lblProgress.value() > 1000; },
+             [] { click(*user, form<frmSerial>(), "cmdCancel"); });
+  user->whenShown("frmWrite", [] { click(*user, form<frmWrite>(), "cmdCancel"); });
+  click(*user, editor(), "cmdWrite");
+  ASSERT_EQ(user->boxes.size(), 1U);
+  EXPECT_NE(user->boxes.front().find("Are you sure?"), std::string::npos);
+  EXPECT_EQ(count("R1A"), 0U);
+}
+
+}  // namespace
