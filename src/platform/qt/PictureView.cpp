@@ -13,11 +13,13 @@ constexpr int drawnForFont = 16;  // pixels of line height that the drawings' ow
 
 QString fileOf(const QString& name) { return QStringLiteral(":/pictures/%1.svg").arg(name); }
 
-// The drawing with its text colour, #000001, replaced by the given one; empty if there is none of that name.
-QByteArray drawing(const QString& name, const QColor& text) {
+// The drawing with its ink, #000001, and its paper, #FFFFFE, replaced by the given colours; empty if there is
+// none of that name.
+QByteArray drawing(const QString& name, const QColor& ink, const QColor& paper) {
   QFile file(fileOf(name));
   if (name.isEmpty() || !file.open(QIODevice::ReadOnly)) return {};
-  return file.readAll().replace("#000001", text.name().toLatin1());
+  const QByteArray svg = file.readAll().replace("#000001", ink.name().toLatin1());
+  return QByteArray(svg).replace("#FFFFFE", paper.name().toLatin1());
 }
 
 // Largest within `size` that keeps the drawing's ratio; the rest is transparent.
@@ -52,7 +54,7 @@ void PictureView::setPicture(const QString& name) {
 }
 
 QSize PictureView::sizeHint() const {
-  const QByteArray svg = drawing(name_, Qt::black);
+  const QByteArray svg = drawing(name_, Qt::black, Qt::white);
   if (svg.isEmpty()) return {};
   return QSvgRenderer(svg).defaultSize() * fontMetrics().height() / drawnForFont;
 }
@@ -60,7 +62,8 @@ QSize PictureView::sizeHint() const {
 void PictureView::paintEvent(QPaintEvent*) {
   const qreal ratio = devicePixelRatioF();
   if (drawn_.isNull() || drawn_.size() != size() * ratio) {
-    const QByteArray svg = drawing(name_, palette().color(QPalette::WindowText));
+    const QByteArray svg =
+        drawing(name_, palette().color(QPalette::WindowText), palette().color(QPalette::Base));
     if (svg.isEmpty() || size().isEmpty()) return;
     drawn_ = draw(svg, size(), ratio);
   }
@@ -88,7 +91,8 @@ bool ButtonPicture::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void ButtonPicture::draw() {
-  const QByteArray svg = drawing(name_, button_.palette().color(QPalette::ButtonText));
+  const QByteArray svg =
+      drawing(name_, button_.palette().color(QPalette::ButtonText), button_.palette().color(QPalette::Base));
   if (svg.isEmpty()) return;
   const int height = button_.fontMetrics().height() * 3 / 2;
   const QSize size(height, height);

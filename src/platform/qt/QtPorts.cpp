@@ -2,6 +2,7 @@
 // Which device each port name means, and what keeps it from being opened.
 #include "platform/qt/QtPorts.h"
 
+#include <fcntl.h>
 #include <grp.h>
 #include <signal.h>
 #include <sys/stat.h>
@@ -73,7 +74,7 @@ bool isTaken(const std::string& device) { return lockHolder(device).has_value();
 
 std::string obstacle(const std::string& device) {
   if (access(device.c_str(), F_OK) != 0) return "which is not there";
-  if (access(device.c_str(), R_OK | W_OK) != 0) return noRight(device);
+  if (faccessat(AT_FDCWD, device.c_str(), R_OK | W_OK, AT_EACCESS) != 0) return noRight(device);
   const auto holder = lockHolder(device);
   return holder ? heldBy(*holder) : std::string();
 }

@@ -2,6 +2,7 @@
 // A serial port on a device file: opened exclusively, without handshake.
 #include "platform/qt/QtSerialPort.h"
 
+#include <fcntl.h>
 #include <poll.h>
 #include <unistd.h>
 
@@ -62,7 +63,7 @@ void QtSerialPort::open() {
   if (commPort == 0) throw RuntimeError(Fault::portFault, "No port is chosen");
   device_ = deviceOf_(commPort);
   if (device_.empty()) fail(ENOENT);
-  if (access(device_.c_str(), R_OK | W_OK) != 0) fail(errno);
+  if (faccessat(AT_FDCWD, device_.c_str(), R_OK | W_OK, AT_EACCESS) != 0) fail(errno);
   port_.setPortName(shown(device_));
   applySettings();
   opening_ = true;
@@ -70,8 +71,8 @@ void QtSerialPort::open() {
   opening_ = false;
   fault_.clear();
   if (opened) return;
-  // The toolkit says the same of a missing right and of another program's lock; the right has been looked at.
-  if (port_.error() == QSerialPort::PermissionError) fail(EBUSY);
+  // The toolkit's words for another program's lock speak of a missing right.
+  if (isTaken(device_)) fail(EBUSY);
   throw RuntimeError(Fault::portFault, typed(port_.errorString()));
 }
 

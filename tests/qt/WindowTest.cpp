@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+// The life of windows: showing, modal or not, closing, keys, places.
+#include <QImage>
+#include <QScreen>
+#include <QTemporaryDir>
+#include <QWindow>
+
+#include "platform/qt/Bindings.h"
+#include "platform/qt/Layouts.h"
+#include "qt/TestForm.h"
+
+namespace {
+
+void buildOther(QWidget& window) {
+  window.setObjectName("frmOther");
+  (new QPushButton(&window))->setObjectName("cmdHide");
+}
+
+void buildSplash(QWidget& window) {
+  buildOther(window);
+  window.setProperty("splash", true);
+}
+
+struct OtherForm : Form {
+  OtherForm() : Form("frmOther", "Other") {}
+  CommandButton cmdHide{*this, "cmdHide", "Hide"};
+  void Form_Activate() override { ++activations; }
+  int activations = 0;
+};
+
+class WindowTest : public QtTest {
+ protected:
+  WindowTest() { layouts().push_back({"frmOther", buildOther}); }
+  ~WindowTest() override { layouts().pop_back(); }
+};
+
+TEST_F(WindowTest, ShowsAndHides) {
+  auto& test = show();
+  EXPECT_TRUE(host_.window(test).isVisible());
+  EXPECT_EQ(host_.window(test).windowModality(), Qt::NonModal);
+  test.hide();
+  EXPECT_FALSE(host_.window(test).isVisible());
+  test.show();
+  EXPECT_TRUE(host_.window(test).isVisible());
+}
+
+TEST_F(WindowTest, AModalShowReturnsWhenTheFormIsHidden) {
+  auto& below = show();
+  auto& other = form<OtherForm>();
+  other.cmdHide.onClick = [&] {
+    const auto& window = host_.window(other);
+    EXPECT_EQ(window.windowModality(), Qt::ApplicationModal);
+    EXPECT_EQ(window.windowHandle()->transientParent(), host_.window(below).windowHandle());
+    EXPECT_FALSE(below.reachable());
+    other.hide();
+  };
+  QTimer::singleShot(0, [&] { host_.window(other).findChild<QPushButton*>("cmdHide")->click(); });
+  other.showModal();
+  EXPECT_FALSE(host_.window(other).isVisible());
+  EXPECT_TRUE(below.reachable());
+  EXPECT_EQ(other.activations, 1);
+}
+
+TEST_F(WindowTest, AModalShowReturnsWhenTheFormIsUnloaded) {
+  show();
+  auto& other = form<OtherForm>();
+  other.cmdHide.onClick = [] { unload<OtherForm>(); };
+  QTimer::singleShot(0, [&] { host_.window(other).findChild<QPushButton*>("cmdHide")->click(); });
+  other.showModal();
+  EXPECT_FALSE(isLoaded<OtherForm>());
+}
+
+TEST_F(WindowTest, ABoxOverAFormIsNoNewShowing) {
+  auto& other = form<OtherForm>();
+  other.show();
+  QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
+  host_.messageBox("Text", "", Icon::none, Buttons::ok);
+  host_.yield();
+  EXPECT_EQ(other.activations, 1);
+}
+
+TEST_F(WindowTest, TheFormDecidesWhetherItsFrameCloses) {
+  auto& test = show();
+  test.keep = true;
+  host_.window(test).close();
+  EXPECT_EQ(test.closings, 1);
+  EXPECT_TRUE(host_.window(test).isVisible());
+  test.keep = false;
+  const QPointer<QWidget> window(&host_.window(test));
+  window->close();
+  EXPECT_FALSE(isLoaded<TestForm>());
+  host_.yield();
+  EXPECT_TRUE(window.isNull());
+}
+
+TEST_F(WindowTest, TheWindowOfAnUnloadedFormGoes) {
+  const QPointer<QWidget> window(&host_.window(show()));
+  unload<TestForm>();
+  EXPECT_FALSE(window->isVisible());
+  host_.yield();
+  EXPECT_TRUE(window.isNull());
+  EXPECT_NE(&host_.window(form<TestForm>()), nullptr);
+}
+
+TEST_F(WindowTest, KeysThatNoWidgetUsesReachTheForm) {
+  auto& test = show();
+  widget<QLineEdit>("txtValue").setFocus();
+  QTest::keyClick(&widget<QLineEdit>("txtValue"), Qt::Key_5);
+  EXPECT_EQ(test.keys, 0);
+  widget<QPushButton>("cmdGo").setFocus();
+  QTest::keyClick(&widget<QPushButton>("cmdGo"), Qt::Key_5);
+  EXPECT_EQ(test.keys, 1);
+}
+
+TEST_F(WindowTest, OpensWithTheRoomItNeedsAndWithinTheScreen) {
+  auto& window = host_.window(show());
+  EXPECT_GE(window.width(), window.minimumSizeHint().width());
+  EXPECT_LE(window.width(), window.screen()->availableSize().width());
+  EXPECT_LE(window.height(), window.screen()->availableSize().height());
+}
+
+TEST_F(WindowTest, Centres) {
+  auto& test = form<TestForm>();
+  test.centre();
+  test.show();
+  const QPoint off =
+      host_.window(test).geometry().center() - host_.window(test).screen()->availableGeometry().center();
+  EXPECT_LE(off.manhattanLength(), 16);  // but for the frame, which is not known before
+}
+
+TEST_F(WindowTest, ASplashHasNoFrame) {
+  layouts().back().build = buildSplash;
+  auto& other = form<OtherForm>();
+  other.show();
+  EXPECT_TRUE(host_.window(other).windowFlags().testFlag(Qt::FramelessWindowHint));
+}
+
+TEST_F(WindowTest, TakesAPictureOfAWindow) {
+  const QTemporaryDir folder;
+  const QString file = folder.filePath("window.png");
+  ASSERT_TRUE(screenshot(show(), file));
+  EXPECT_EQ(QImage(file).size(), host_.window(form<TestForm>()).size());
+}
+
+TEST_F(WindowTest, PaintsAWholeFormAtOnce) {
+  auto& test = show();
+  host_.repaint(test);
+  test.hide();
+  host_.repaint(test);
+  EXPECT_FALSE(host_.window(test).isVisible());
+}
+
+}  // namespace
