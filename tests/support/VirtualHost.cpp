@@ -75,7 +75,7 @@ void VirtualHost::repaint(Form& form) { events.push_back("repaint " + form.conta
 Answer VirtualHost::messageBox(std::string_view text, std::string_view title, Icon icon, Buttons buttons) {
   boxes.push_back({std::string(text), std::string(title), icon, buttons});
   if (announced_.empty() || boxes.back().text.find(announced_.front().part) == std::string::npos) {
-    ADD_FAILURE() << "nobody expected the box: " << text;
+    if (!toleratesBoxes) ADD_FAILURE() << "nobody expected the box: " << text;
     return buttons == Buttons::yesNo ? Answer::no : Answer::ok;
   }
   const Announced announced = announced_.front();
