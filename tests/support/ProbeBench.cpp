@@ -32,8 +32,7 @@ void ProbeBench::startAnew() {
   window.lblStatus.setCaption("");
   port().failAt = 0;
   if (port().isOpen()) port().close();
-  port().sent.clear();
-  port().calls.clear();
+  port().forget();
   host.boxes.clear();
   host.clock = 36000;
 }
