@@ -9,9 +9,9 @@
 
 namespace {
 
-class Choosers : public Bench {
+class ReadAndWriteChoosers : public Bench {
  protected:
-  Choosers() { start(); }
+  ReadAndWriteChoosers() { start(); }
 
   frmBigFolder& editor() { return form<frmBigFolder>(); }
   // The user meets the chooser, acts, and the script goes on.
@@ -26,7 +26,7 @@ class Choosers : public Bench {
 
 // ---- what they say
 
-TEST_F(Choosers, OfAReadNameTheirSourcesWithTheTipsOfAWrite) {
+TEST_F(ReadAndWriteChoosers, OfAReadNameTheirSourcesWithTheTipsOfAWrite) {
   auto& chooser = form<frmRead>();
   EXPECT_EQ(chooser.caption(), "Read from...");
   EXPECT_EQ(chooser.fraWriteTo.caption(), "Source");
@@ -44,7 +44,7 @@ TEST_F(Choosers, OfAReadNameTheirSourcesWithTheTipsOfAWrite) {
   EXPECT_EQ(chooser.OKButton.caption(), "Cancel");
 }
 
-TEST_F(Choosers, OfAWriteNameTheirDestinations) {
+TEST_F(ReadAndWriteChoosers, OfAWriteNameTheirDestinations) {
   auto& chooser = form<frmWrite>();
   EXPECT_EQ(chooser.caption(), "Write to...");
   EXPECT_EQ(chooser.fraWriteTo.caption(), "Destination");
@@ -69,7 +69,7 @@ TEST_F(Choosers, OfAWriteNameTheirDestinations) {
   EXPECT_EQ(chooser.cmdCancel.caption(), "Close");
 }
 
-TEST_F(Choosers, StandInTheMiddleOfTheScreen) {
+TEST_F(ReadAndWriteChoosers, StandInTheMiddleOfTheScreen) {
   form<frmRead>();
   form<frmWrite>();
   EXPECT_EQ(std::ranges::count(host.events, "centre frmRead"), 1);
@@ -78,7 +78,7 @@ TEST_F(Choosers, StandInTheMiddleOfTheScreen) {
 
 // ---- opening and closing
 
-TEST_F(Choosers, OfferTheChannelOfTheCommunicationTabOnly) {
+TEST_F(ReadAndWriteChoosers, OfferTheChannelOfTheCommunicationTabOnly) {
   for (bool serial : {true, false}) {
     editor().optCommunicationMode(serial ? 0 : 1).setValue(true);
     editor().writeMemo(11);
@@ -98,7 +98,7 @@ TEST_F(Choosers, OfferTheChannelOfTheCommunicationTabOnly) {
   EXPECT_TRUE(host.scriptDone());
 }
 
-TEST_F(Choosers, CommitTheTabOnShowWhenTheyOpen) {
+TEST_F(ReadAndWriteChoosers, CommitTheTabOnShowWhenTheyOpen) {
   editor().txtSp1.setText("055.5");
   atWrite([](frmWrite& chooser) {
     EXPECT_EQ(Memo[rec::txtSp1].text, "055.5");
@@ -108,7 +108,7 @@ TEST_F(Choosers, CommitTheTabOnShowWhenTheyOpen) {
   EXPECT_TRUE(host.scriptDone());
 }
 
-TEST_F(Choosers, AreUnloadedWhenTheyAreClosedAndNothingWasSaid) {
+TEST_F(ReadAndWriteChoosers, AreUnloadedWhenTheyAreClosedAndNothingWasSaid) {
   atWrite([](frmWrite& chooser) { chooser.cmdCancel.userClicked(); });
   editor().cmdWrite.userClicked();
   EXPECT_FALSE(isLoaded<frmWrite>());
@@ -119,7 +119,7 @@ TEST_F(Choosers, AreUnloadedWhenTheyAreClosedAndNothingWasSaid) {
   EXPECT_TRUE(unit.commands().empty());
 }
 
-TEST_F(Choosers, CloseByTheirFrame) {
+TEST_F(ReadAndWriteChoosers, CloseByTheirFrame) {
   atWrite([](frmWrite& chooser) { chooser.userClosed(); });
   editor().cmdWrite.userClicked();
   atRead([](frmRead& chooser) { chooser.userClosed(); });
@@ -129,7 +129,7 @@ TEST_F(Choosers, CloseByTheirFrame) {
   EXPECT_FALSE(isLoaded<frmRead>());
 }
 
-TEST_F(Choosers, OfAReadKeepWarningsBackOnlyWhileTheyAreOpen) {
+TEST_F(ReadAndWriteChoosers, OfAReadKeepWarningsBackOnlyWhileTheyAreOpen) {
   for (std::int16_t warningsOff : {False, True}) {
     Global.WarningsOff = warningsOff;
     atRead([](frmRead& chooser) {
@@ -143,7 +143,7 @@ TEST_F(Choosers, OfAReadKeepWarningsBackOnlyWhileTheyAreOpen) {
 
 // ---- the reset preference
 
-TEST_F(Choosers, ShowTheResetPreference) {
+TEST_F(ReadAndWriteChoosers, ShowTheResetPreference) {
   for (std::int16_t reset : {True, False}) {
     Global.ResetAfterWrite = reset;
     EXPECT_EQ(form<frmWrite>().chkReset.value(), reset == True ? 1 : 0);
@@ -151,14 +151,14 @@ TEST_F(Choosers, ShowTheResetPreference) {
   }
 }
 
-TEST_F(Choosers, ShowTheResetPreferenceAgainWhenTheyComeOnShow) {
+TEST_F(ReadAndWriteChoosers, ShowTheResetPreferenceAgainWhenTheyComeOnShow) {
   auto& chooser = form<frmWrite>();
   Global.ResetAfterWrite = True;
   chooser.show();
   EXPECT_EQ(chooser.chkReset.value(), 1);
 }
 
-TEST_F(Choosers, ChangeTheStoredResetPreferenceThoughNothingIsWritten) {
+TEST_F(ReadAndWriteChoosers, ChangeTheStoredResetPreferenceThoughNothingIsWritten) {
   atWrite([](frmWrite& chooser) {
     chooser.chkReset.userClicked();
     EXPECT_EQ(Global.ResetAfterWrite, True);
@@ -170,7 +170,7 @@ TEST_F(Choosers, ChangeTheStoredResetPreferenceThoughNothingIsWritten) {
   EXPECT_EQ(host.settings.at("Torvane Configuration/Persist/Reset"), "True");
 }
 
-TEST_F(Choosers, ClearTheResetPreferenceWithASecondClick) {
+TEST_F(ReadAndWriteChoosers, ClearTheResetPreferenceWithASecondClick) {
   Global.ResetAfterWrite = True;
   auto& chooser = form<frmWrite>();
   chooser.show();
@@ -178,7 +178,7 @@ TEST_F(Choosers, ClearTheResetPreferenceWithASecondClick) {
   EXPECT_EQ(Global.ResetAfterWrite, False);
 }
 
-TEST_F(Choosers, ResetTheUnitBehindAWriteIfTheBoxIsTicked) {
+TEST_F(ReadAndWriteChoosers, ResetTheUnitBehindAWriteIfTheBoxIsTicked) {
   atWrite([](frmWrite& chooser) {
     chooser.chkReset.userClicked();
     chooser.cmdSerial.userClicked();
@@ -190,7 +190,7 @@ TEST_F(Choosers, ResetTheUnitBehindAWriteIfTheBoxIsTicked) {
 
 // ---- a run
 
-TEST_F(Choosers, OfAWriteStayOpenBehindTheRunAndUnloadItsWindow) {
+TEST_F(ReadAndWriteChoosers, OfAWriteStayOpenBehindTheRunAndUnloadItsWindow) {
   atWrite([](frmWrite& chooser) {
     chooser.cmdSerial.userClicked();
     EXPECT_TRUE(chooser.visible());
@@ -202,7 +202,7 @@ TEST_F(Choosers, OfAWriteStayOpenBehindTheRunAndUnloadItsWindow) {
   EXPECT_TRUE(host.scriptDone());
 }
 
-TEST_F(Choosers, OfAReadGoWithTheRunWhoseWindowStaysUntilTheMainWindowIsBack) {
+TEST_F(ReadAndWriteChoosers, OfAReadGoWithTheRunWhoseWindowStaysUntilTheMainWindowIsBack) {
   bool loadedBehindTheRun = false;
   bool chooserBehindTheRun = true;
   atRead([&](frmRead& chooser) {
@@ -223,7 +223,7 @@ struct Flags {
   std::int16_t autoDetect;
 };
 
-TEST_F(Choosers, SetTheFlagsOfTheRunThatTheyStart) {
+TEST_F(ReadAndWriteChoosers, SetTheFlagsOfTheRunThatTheyStart) {
   Flags seen{};
   const auto look = [&seen] { seen = {form<frmSerial>().readMode, Global.ReadConfirmed, Global.AutoDetect}; };
   Global.AutoDetect = True;
@@ -245,7 +245,7 @@ TEST_F(Choosers, SetTheFlagsOfTheRunThatTheyStart) {
   EXPECT_EQ(Global.ReadConfirmed, 0);
 }
 
-TEST_F(Choosers, ClearTheReadThatWasDueWhenNoUnitAnswers) {
+TEST_F(ReadAndWriteChoosers, ClearTheReadThatWasDueWhenNoUnitAnswers) {
   unit.faults.silentAfter = 0;
   host.expectBox("Communication with controller cannot be established.");
   read();
@@ -253,14 +253,14 @@ TEST_F(Choosers, ClearTheReadThatWasDueWhenNoUnitAnswers) {
   EXPECT_FALSE(isLoaded<frmRead>());
 }
 
-TEST_F(Choosers, TakeTheDefaultModelForChosen) {
+TEST_F(ReadAndWriteChoosers, TakeTheDefaultModelForChosen) {
   EXPECT_EQ(Global.DeviceSpecified, False);
   write();
   EXPECT_EQ(Global.DeviceSpecified, True);
   EXPECT_TRUE(host.boxes.empty());
 }
 
-TEST_F(Choosers, FitTheFormToTheUnitThatWasFoundWithoutAsking) {
+TEST_F(ReadAndWriteChoosers, FitTheFormToTheUnitThatWasFoundWithoutAsking) {
   editor().SilentSetup = False;
   Memo[rec::monitorOnly].value = 1;
   write();
@@ -268,7 +268,7 @@ TEST_F(Choosers, FitTheFormToTheUnitThatWasFoundWithoutAsking) {
   EXPECT_EQ(editor().SilentSetup, False) << "it holds for one fitting";
 }
 
-TEST_F(Choosers, BringAUnitsSetupBackToTheTabs) {
+TEST_F(ReadAndWriteChoosers, BringAUnitsSetupBackToTheTabs) {
   editor().txtSp1.setText("123.4");
   editor().txtSp2.setText("-055.0");
   write();
@@ -279,7 +279,7 @@ TEST_F(Choosers, BringAUnitsSetupBackToTheTabs) {
   EXPECT_EQ(editor().txtSp2.text(), "-055.0");
 }
 
-TEST_F(Choosers, UseThePortThatIsChosenWhileTheyAreClosed) {
+TEST_F(ReadAndWriteChoosers, UseThePortThatIsChosenWhileTheyAreClosed) {
   sim::Unit other{sim::UnitSetup{}};
   host.lines[2].unit = &other;
   editor().cboCommPort.setListIndex(1);
