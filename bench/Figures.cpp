@@ -50,3 +50,5 @@ double largest(const std::vector<double>& values) { return *std::ranges::max_ele
 double wallClock() { return secondsOn(CLOCK_MONOTONIC); }
 
 double processorTime() { return secondsOn(CLOCK_PROCESS_CPUTIME_ID); }
+
+double threadTime() { return secondsOn(CLOCK_THREAD_CPUTIME_ID); }

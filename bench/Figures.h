@@ -14,6 +14,7 @@ void printFigure(std::string_view figure, double measured, std::string_view unit
 double median(std::vector<double> values);
 double largest(const std::vector<double>& values);
 
-// Seconds on a clock that never steps back, and of processor time that all threads have taken.
+// Seconds on a clock that never steps back; of processor time that all threads, or this one, have taken.
 double wallClock();
 double processorTime();
+double threadTime();

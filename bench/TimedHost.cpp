@@ -12,14 +12,14 @@ namespace {
 
 class Stopwatch {
  public:
-  explicit Stopwatch(double& sum) : sum_(sum) {}
+  explicit Stopwatch(Spent& sum) : sum_(sum) {}
   Stopwatch(const Stopwatch&) = delete;
   Stopwatch& operator=(const Stopwatch&) = delete;
-  ~Stopwatch() { sum_ += wallClock() - start_; }
+  ~Stopwatch() { sum_ += spentSoFar() - start_; }
 
  private:
-  double& sum_;
-  double start_ = wallClock();
+  Spent& sum_;
+  Spent start_ = spentSoFar();
 };
 
 class TimedPort : public SerialPort {
@@ -28,7 +28,7 @@ class TimedPort : public SerialPort {
       : port_([device](int) { return device; }), cost_(cost) {}
 
   void open() override {
-    if (cost_.begin <= 0) cost_.begin = wallClock();
+    if (cost_.begin.wall <= 0) cost_.begin = spentSoFar();
     const Stopwatch stopwatch(cost_.openings);
     port_.commPort = commPort;
     port_.settings = settings;
@@ -39,8 +39,9 @@ class TimedPort : public SerialPort {
       const Stopwatch stopwatch(cost_.openings);
       port_.close();
     }
-    cost_.end = wallClock();
-    cost_.pausesAtEnd = cost_.pauses;
+    cost_.whole = spentSoFar() - cost_.begin;
+    cost_.waitsWithin = cost_.waits;
+    cost_.pausesWithin = cost_.pauses;
   }
   bool isOpen() const override { return port_.isOpen(); }
   std::size_t inBufferCount() override {
@@ -67,6 +68,18 @@ class TimedPort : public SerialPort {
 
 }  // namespace
 
+Spent spentSoFar() { return {wallClock(), threadTime()}; }
+
+Spent operator-(const Spent& one, const Spent& other) {
+  return {one.wall - other.wall, one.processor - other.processor};
+}
+
+Spent& operator+=(Spent& sum, const Spent& more) {
+  sum.wall += more.wall;
+  sum.processor += more.processor;
+  return sum;
+}
+
 TimedHost::TimedHost(std::string device) : device_(std::move(device)) {}
 
 void TimedHost::startRun() {
@@ -81,13 +94,11 @@ RunCost TimedHost::endRun() {
 
 void TimedHost::idle(double seconds) {
   if (!running_) return ScriptedHost::idle(seconds);
-  const double start = wallClock();
-  const double processor = processorTime();
+  const Spent start = spentSoFar();
   QtHost::idle(seconds);
-  const double took = wallClock() - start;
-  cost_.waited += took;
-  cost_.processor += processorTime() - processor;
-  cost_.pauses += std::min(took, std::max(seconds, 0.0));
+  const Spent took = spentSoFar() - start;
+  cost_.waits += took;
+  cost_.pauses += std::min(took.wall, std::max(seconds, 0.0));
 }
 
 std::unique_ptr<SerialPort> TimedHost::makeSerialPort() {

@@ -8,20 +8,29 @@
 #include "platform/SerialPort.h"
 #include "session/ScriptedHost.h"
 
-// What a run has spent, in seconds.
-struct RunCost {
-  double begin = 0;      // moment of the first opening of the port, 0 before it
-  double end = 0;        // moment of the last closing so far
-  double openings = 0;   // in opening and closing
-  double pauses = 0;     // in waits that were asked for, without what they took longer ...
-  double waited = 0;     // ... and with it
-  double processor = 0;  // processor time of those waits
-  double pausesAtEnd = 0;
-  double onLine = 0;  // in all other calls of the port
+// Seconds by the clock and seconds of this thread's processor time; the latter hardly feel the machine's
+// load.
+struct Spent {
+  double wall = 0;
+  double processor = 0;
+};
+Spent spentSoFar();
+Spent operator-(const Spent& one, const Spent& other);
+Spent& operator+=(Spent& sum, const Spent& more);
 
-  double lessPauses() const { return end - begin - pausesAtEnd; }
-  double lessOpenings() const { return lessPauses() - openings; }
-  double between() const { return lessOpenings() - onLine; }  // encoders, narrative, painting
+struct RunCost {
+  Spent begin;        // at the first opening of the port
+  Spent whole;        // from there to the last closing so far
+  Spent openings;     // in opening and closing
+  Spent onLine;       // in all other calls of the port
+  Spent waits;        // in waits that were asked for ...
+  double pauses = 0;  // ... the part of them that was asked for
+  Spent waitsWithin;  // both as they stood at the last closing
+  double pausesWithin = 0;
+
+  double lessPauses() const { return whole.wall - pausesWithin; }
+  double lessOpenings() const { return lessPauses() - openings.wall; }
+  Spent between() const { return whole - waitsWithin - openings - onLine; }  // encoders, narrative, painting
 };
 
 class TimedHost : public ScriptedHost {

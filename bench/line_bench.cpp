@@ -26,7 +26,7 @@ constexpr double baud = 9600;
 using Registers = std::map<std::string, std::string>;
 
 struct Times {
-  std::vector<double> open, closed, pressed, bare, beside, share, silent;
+  std::vector<double> open, closed, pressed, bare, beside, between, share, silent;
 };
 
 sim::UnitSetup setup() {
@@ -87,6 +87,11 @@ double bareRun(const std::string& device, const std::vector<sim::LogEntry>& log)
 
 void pressSerial(TimedHost& user) { click(user, form<frmWrite>(), "cmdSerial"); }
 
+// Milliseconds by the clock, and of processor time.
+void tell(const char* what, const Spent& spent) {
+  std::printf("%s %.0f (%.0f), ", what, 1000 * spent.wall, 1000 * spent.processor);
+}
+
 void measureWrite(TimedHost& user, sim::Server& server, Times& times) {
   const Registers before = server.with(spoilRegisters);
   user.startRun();
@@ -98,15 +103,18 @@ void measureWrite(TimedHost& user, sim::Server& server, Times& times) {
   const double line = timeOnLine(log);
   server.with([&](sim::Unit& unit) { restore(unit, before); });
   const double bare = bareRun(server.path(), log);
-  std::printf("%zu lines, %.0f ms; run %.0f ms: port %.0f, openings %.0f, between %.0f; bare %.0f ms\n",
-              log.size(), 1000 * line, 1000 * cost.lessPauses(), 1000 * cost.onLine, 1000 * cost.openings,
-              1000 * cost.between(), 1000 * bare);
+  tell("run", {cost.lessPauses(), cost.whole.processor - cost.waitsWithin.processor});
+  tell("openings", cost.openings);
+  tell("exchanges", cost.onLine);
+  tell("between", cost.between());
+  std::printf("bytes %.0f, bare %.0f ms\n", 1000 * line, 1000 * bare);
   times.open.push_back(cost.lessPauses() / line);
   times.closed.push_back(cost.lessOpenings() / line);
   times.pressed.push_back((pressed - cost.pauses) / line);
   times.bare.push_back(bare / line);
   times.beside.push_back(cost.lessOpenings() / bare);
-  times.share.push_back(100 * cost.processor / cost.waited);
+  times.between.push_back(100 * cost.between().processor / line);
+  times.share.push_back(100 * cost.waits.processor / cost.waits.wall);
 }
 
 void measureSilence(TimedHost& user, sim::Server& server, Times& times) {
@@ -135,6 +143,7 @@ void print(const Times& times) {
   printFigure("... from the press of the button to the closed window", median(times.pressed), "times");
   printFigure("... the simulated unit alone, under bare system calls", median(times.bare), "times");
   printFigure("... without the openings, beside bare system calls", median(times.beside), "times");
+  printFigure("... processor time between the exchanges", median(times.between), "%");
   printFigure("share of a core in the pauses of a run", median(times.share), "%", 3);
   printFigure("share of a core through a run at a silent unit", median(times.silent), "%", 3);
 }
