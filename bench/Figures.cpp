@@ -17,8 +17,9 @@ constexpr int digits = 4;
 // With a decimal point whatever the user's language is.
 std::string inWords(double number, std::string_view unit) {
   std::array<char, 32> text{};
-  const auto end =
-      std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::general, digits).ptr;
+  const bool large = std::abs(number) >= 1000;
+  const auto format = large ? std::chars_format::fixed : std::chars_format::general;
+  const auto end = std::to_chars(text.begin(), text.end(), number, format, large ? 0 : digits).ptr;
   return std::string(text.data(), end) + " " + std::string(unit);
 }
 
