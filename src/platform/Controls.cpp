@@ -120,6 +120,13 @@ void ListControl::addItem(std::string_view item) {
   redraw();
 }
 
+void ListControl::setItem(int index, std::string_view item) {
+  refuseUnless(index >= 0 && index < listCount());
+  items_[static_cast<std::size_t>(index)] = item;
+  if (index == listIndex_) indexChanged();
+  redraw();
+}
+
 void ListControl::removeItem(int index) {
   refuseUnless(index >= 0 && index < listCount());
   items_.erase(items_.begin() + index);

@@ -64,11 +64,11 @@ class Control {
 
   // Enabled and visible, and so are all containers around it.
   bool reachable() const;
-  // Has the view paint the control at once, without waiting for the next event.
+  // Has the view paint the control in the next wait, be it for the serial line.
   void refresh() const;
 
   Handler onRedraw;   // set by the view: something to show has changed
-  Handler onRefresh;  // set by the view: paint now
+  Handler onRefresh;  // set by the view: paint soon
 
  protected:
   void redraw() const;
@@ -241,6 +241,8 @@ class ListControl : public Control {
   // The item's text; an index outside the list, -1 above all, gives an empty text.
   std::string list(int index) const;
   void addItem(std::string_view item);
+  // Changes the text of an item; whether it is chosen stays.
+  void setItem(int index, std::string_view item);
   // Removing the chosen item leaves none chosen, and raises no click.
   void removeItem(int index);
   void clear();

@@ -136,9 +136,13 @@ void frmSerial::cmdCancel_Click() {
 void frmSerial::upStat(bool append, std::string_view text) {
   const bool sameLine = append && lstNarrative.listCount() > 0;
   lblStatus.setCaption(append ? lblStatus.caption() + std::string(text) : std::string(text));
-  if (sameLine) lstNarrative.removeItem(lstNarrative.listCount() - 1);
-  lstNarrative.addItem(onOneLine(lblStatus.caption()));
-  lstNarrative.setListIndex(lstNarrative.listCount() - 1);
+  const std::string line = onOneLine(lblStatus.caption());
+  if (sameLine) {
+    lstNarrative.setItem(lstNarrative.listCount() - 1, line);
+  } else {
+    lstNarrative.addItem(line);
+    lstNarrative.setListIndex(lstNarrative.listCount() - 1);
+  }
   lblStatus.refresh();
 }
 

@@ -182,6 +182,16 @@ TEST_F(ControlsTest, RefusesToRemoveWhatIsNotThere) {
   EXPECT_EQ(panel.lstItems.listCount(), 3);
 }
 
+TEST_F(ControlsTest, ChangesTheTextOfAnItemAndKeepsTheChoice) {
+  panel.lstItems.setListIndex(1);
+  panel.lstItems.onClick = counts(runs);
+  panel.lstItems.setItem(1, "changed");
+  EXPECT_EQ(panel.lstItems.list(1), "changed");
+  EXPECT_EQ(panel.lstItems.listIndex(), 1);
+  EXPECT_EQ(runs, 0);
+  expectRefused([&] { panel.lstItems.setItem(3, "beyond"); });
+}
+
 TEST_F(ControlsTest, TakesNewItemsAndForgetsAll) {
   panel.cboItems.addItem("four");
   panel.cboItems.setListIndex(3);
@@ -278,7 +288,7 @@ TEST_F(ControlsTest, ShowsAChangeBeforeItsHandlerRuns) {
   EXPECT_THAT(order, ElementsAre("redraw", "click"));
 }
 
-TEST_F(ControlsTest, PaintsAtOnceWhenAsked) {
+TEST_F(ControlsTest, AsksTheViewToPaint) {
   panel.lblText.refresh();
   panel.lblText.onRefresh = counts(runs);
   panel.lblText.refresh();

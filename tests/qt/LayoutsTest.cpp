@@ -4,9 +4,14 @@
 #include "platform/qt/Layouts.h"
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QKeySequence>
 #include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QScrollBar>
 #include <QSet>
+#include <QWheelEvent>
 
 #include "dialogs/frmRead.h"
 #include "dialogs/frmSplash.h"
@@ -60,6 +65,38 @@ TYPED_TEST(LayoutsTest, FitsALaptopsScreen) {
   EXPECT_LE(this->window().minimumSizeHint().width(), 1024);
   EXPECT_LE(this->window().minimumSizeHint().height(), 768 - 64);
   EXPECT_LE(this->window().sizeHint().width(), 1024);
+}
+
+template <class... Kinds>
+bool isAny(const QWidget& widget) {
+  return (... || (qobject_cast<const Kinds*>(&widget) != nullptr));
+}
+
+TYPED_TEST(LayoutsTest, EveryInputIsReachedByKeyboardAndHasANameToSay) {
+  this->window();
+  for (const Control* control : this->form_->controls) {
+    SCOPED_TRACE(control->name());
+    const QWidget& widget = this->widget(*control);
+    if (!isAny<QAbstractButton, QComboBox, QLineEdit, QListWidget, QScrollBar>(widget)) continue;
+    EXPECT_TRUE(widget.focusPolicy() & Qt::TabFocus);
+    const auto* button = qobject_cast<const QAbstractButton*>(&widget);
+    const bool saysItself = button != nullptr && !button->text().isEmpty();
+    EXPECT_TRUE(saysItself || !widget.accessibleName().isEmpty());
+    EXPECT_NE(widget.accessibleName(), widget.objectName());
+  }
+}
+
+TYPED_TEST(LayoutsTest, TheWheelOverAnInputWithoutTheKeyboardChangesNothing) {
+  this->window();
+  for (Control* control : this->form_->controls) {
+    SCOPED_TRACE(control->name());
+    QWidget& widget = this->widget(*control);
+    if (!isAny<QComboBox, QListWidget, QScrollBar>(widget)) continue;
+    QWheelEvent turn(QPointF(5, 5), widget.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                     Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&widget, &turn);
+    EXPECT_FALSE(turn.isAccepted());
+  }
 }
 
 TYPED_TEST(LayoutsTest, EveryPictureIsInTheProgram) {

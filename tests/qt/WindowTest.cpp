@@ -70,6 +70,19 @@ TEST_F(WindowTest, AModalShowReturnsWhenTheFormIsUnloaded) {
   EXPECT_FALSE(isLoaded<OtherForm>());
 }
 
+TEST_F(WindowTest, EscapeClosesADialogAsItsFrameDoes) {
+  auto& other = form<OtherForm>();
+  QTimer::singleShot(0, [&] { QTest::keyClick(&host_.window(other), Qt::Key_Escape); });
+  other.showModal();
+  EXPECT_FALSE(isLoaded<OtherForm>());
+}
+
+TEST_F(WindowTest, EscapeLeavesAModelessWindowOpen) {
+  auto& test = show();
+  QTest::keyClick(&host_.window(test), Qt::Key_Escape);
+  EXPECT_TRUE(host_.window(test).isVisible());
+}
+
 TEST_F(WindowTest, ABoxOverAFormIsNoNewShowing) {
   auto& other = form<OtherForm>();
   other.show();

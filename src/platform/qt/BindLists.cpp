@@ -18,13 +18,25 @@ void fill(const ListControl& control, auto& widget) {
   for (const std::string& item : control.items()) widget.addItem(shown(item));
 }
 
+// Row by row: a list that is filled anew lays out every row, and the narrative of a run grows by the line.
+void showItems(const ListBox& control, QListWidget& widget) {
+  while (widget.count() > control.listCount()) delete widget.takeItem(widget.count() - 1);
+  for (int index = 0; index < control.listCount(); ++index) {
+    const QString text = shown(control.list(index));
+    if (index == widget.count()) {
+      widget.addItem(text);
+    } else if (widget.item(index)->text() != text) {
+      widget.item(index)->setText(text);
+    }
+  }
+}
+
 void showList(const ListBox& control, QListWidget& widget) {
-  const auto textOf = [&](int index) { return widget.item(index)->text(); };
-  if (!sameItems(control, textOf, widget.count())) fill(control, widget);
+  showItems(control, widget);
   if (widget.currentRow() != control.listIndex()) widget.setCurrentRow(control.listIndex());
   if (control.listIndex() < 0) {
     widget.clearSelection();
-  } else {
+  } else if (!widget.item(control.listIndex())->isSelected()) {
     widget.item(control.listIndex())->setSelected(true);
   }
 }

@@ -6,6 +6,7 @@
 #include <set>
 #include <stdexcept>
 
+#include "platform/qt/Access.h"
 #include "platform/qt/Bindings.h"
 #include "platform/qt/QtText.h"
 
@@ -196,6 +197,8 @@ void applyColumns(QAbstractScrollArea& box, int columns) {
 void bindForm(Form& form, QWidget& window) {
   Walk(form, window).run();
   applyColumns(window);
+  nameForScreenReaders(window);
+  tameInputs(window);
 }
 
 void releaseForm(QWidget& window) {

@@ -27,7 +27,8 @@ Binding::Binding(Control& control, QWidget& widget, std::function<void()> show)
     : QObject(&widget), control_(&control), widget_(widget), show_(std::move(show)) {
   setObjectName("binding");
   control.onRedraw = [this] { this->show(); };
-  control.onRefresh = [this] { widget_.repaint(); };
+  // Every wait paints first, also one for the serial line; painting at once would keep the line idle.
+  control.onRefresh = [this] { widget_.update(); };
 }
 
 void Binding::show() {

@@ -6,6 +6,8 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QStringList>
 #include <algorithm>
 #include <cerrno>
@@ -34,6 +36,13 @@ bool isHarmless(QSerialPort::SerialPortError error) {
 bool isThere(int handle, short events) {
   pollfd line{handle, events, 0};
   return poll(&line, 1, 0) > 0;
+}
+
+// The line is slower than the screen: what has changed on the windows is painted while bytes are under way.
+// Nothing but layout and painting is served, so no deed of the user gets in between.
+void paintWhatIsDue() {
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateRequest);
 }
 
 bool hasHungUp(int handle) { return isThere(handle, 0); }
@@ -154,6 +163,7 @@ void QtSerialPort::output(std::string_view bytes) {
 void QtSerialPort::waitForInput(double seconds) {
   mustBeOpen();
   if (port_.bytesAvailable() > 0) return;
+  paintWhatIsDue();
   const bool came = port_.waitForReadyRead(static_cast<int>(std::ceil(std::max(seconds, 0.0) * 1000)));
   throwFault();
   if (!came) checkDevice();

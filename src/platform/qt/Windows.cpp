@@ -89,6 +89,8 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   auto* button = qobject_cast<QPushButton*>(focusWidget());
   if (enter && button != nullptr && button->isEnabled()) return button->click();
+  // Escape closes a dialog, as its frame does.
+  if (event->key() == Qt::Key_Escape && isModal()) return tell(&Form::userClosed);
   tell(&Form::userPressedKey);
 }
 

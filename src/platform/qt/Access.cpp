@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+// Names for screen readers, the keyboard's reach, and the wheel.
+#include "platform/qt/Access.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QEvent>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QScrollBar>
+
+#include "platform/qt/PictureView.h"
+
+namespace {
+
+class WheelGuard : public QObject {
+ public:
+  using QObject::QObject;
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    const auto* widget = qobject_cast<QWidget*>(watched);
+    if (event->type() != QEvent::Wheel || widget == nullptr || widget->hasFocus()) return false;
+    event->ignore();  // the page may scroll with it
+    return true;
+  }
+};
+
+bool saysItself(const QWidget& widget) {
+  const auto* button = qobject_cast<const QAbstractButton*>(&widget);
+  return button != nullptr && !button->text().isEmpty();
+}
+
+bool needsName(const QWidget& widget) {
+  return !saysItself(widget) &&
+         (qobject_cast<const QAbstractButton*>(&widget) || qobject_cast<const QComboBox*>(&widget) ||
+          qobject_cast<const QLineEdit*>(&widget) || qobject_cast<const QListWidget*>(&widget) ||
+          qobject_cast<const QPlainTextEdit*>(&widget) || qobject_cast<const QScrollBar*>(&widget) ||
+          qobject_cast<const QProgressBar*>(&widget) || qobject_cast<const PictureView*>(&widget));
+}
+
+bool isOurs(const QWidget& widget) {
+  return !widget.objectName().isEmpty() && !widget.objectName().startsWith("qt_");
+}
+
+bool takesInput(const QWidget& widget) {
+  return qobject_cast<const QComboBox*>(&widget) || qobject_cast<const QListWidget*>(&widget) ||
+         qobject_cast<const QScrollBar*>(&widget);
+}
+
+QString withoutMnemonic(QString text) { return text.remove('&'); }
+
+}  // namespace
+
+void nameForScreenReaders(const QWidget& window) {
+  for (const QLabel* label : window.findChildren<QLabel*>()) {
+    if (label->buddy() != nullptr) label->buddy()->setAccessibleName(withoutMnemonic(label->text()));
+  }
+  for (QWidget* widget : window.findChildren<QWidget*>()) {
+    if (!isOurs(*widget) || !needsName(*widget) || !widget->accessibleName().isEmpty()) continue;
+    const auto* group = qobject_cast<QGroupBox*>(widget->parentWidget());
+    const QString name = widget->toolTip().isEmpty() && group != nullptr ? group->title() : widget->toolTip();
+    widget->setAccessibleName(name.isEmpty() ? widget->objectName() : name);
+  }
+}
+
+void tameInputs(const QWidget& window) {
+  for (QWidget* widget : window.findChildren<QWidget*>()) {
+    if (!isOurs(*widget) || !takesInput(*widget)) continue;
+    widget->setFocusPolicy(Qt::StrongFocus);
+    widget->installEventFilter(new WheelGuard(widget));
+  }
+}

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+// What a window owes to people who use it without looking at it, or with a careless hand on the wheel.
+#pragma once
+
+#include <QWidget>
+
+// Gives every widget that a user can reach a name that a screen reader can say: the text of its label, else
+// its tool tip. What shows a text of its own needs none.
+void nameForScreenReaders(const QWidget& window);
+
+// Every box, list and bar can be reached by keyboard, and the wheel moves only what has the keyboard: a setup
+// must not change under a passing hand.
+void tameInputs(const QWidget& window);
