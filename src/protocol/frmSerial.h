@@ -23,9 +23,12 @@ class frmSerial : public Form {
   Animation Animation1{*this, "Animation1"};
   Picture imgComputer{*this, "imgComputer", "imgComputer"};
   Picture imgMicro{*this, "imgMicro", "imgMicro"};
-  Label lblTarget{*this, "lblTarget"};          // what is being talked to
-  Label lblStatus{*this, "lblStatus"};          // the narrative of the present step
-  ListBox lstNarrative{*this, "lstNarrative"};  // the narrative of the run, a line for each step
+  Label lblTarget{*this, "lblTarget"};  // what is being talked to
+  Label lblStatus{*this, "lblStatus"};  // the narrative of the present step
+  ListBox lstNarrative{*this,
+                       "lstNarrative",
+                       {},
+                       "What the run has done so far"};  // the narrative of the run, a line for each step
   Label lblBar{*this, "lblBar"};
   ProgressBar lblProgress{*this, "lblProgress", fullBar};
   Label lblPercent{*this, "lblPercent"};
