@@ -70,7 +70,7 @@ TEST_F(HardwareLoad, StandsInTheMiddleOfTheScreen) {
 }
 
 TEST_F(HardwareLoad, TicksTheVariantOfTheImage) {
-  for (std::int16_t menuKind : {0, 1, 2}) {
+  for (std::int16_t menuKind : std::initializer_list<std::int16_t>{0, 1, 2}) {
     Memo[rec::menuKind].extra = menuKind;
     EXPECT_EQ(dialog().chkAlarmsOnly.value(), menuKind == 1 ? 1 : 0);
     EXPECT_EQ(dialog().chkSimpleMenu.value(), menuKind == 2 ? 1 : 0);
@@ -80,7 +80,7 @@ TEST_F(HardwareLoad, TicksTheVariantOfTheImage) {
 }
 
 TEST_F(HardwareLoad, LetsAMonitorWinOverTheOtherVariants) {
-  for (std::int16_t menuKind : {0, 1, 2}) {
+  for (std::int16_t menuKind : std::initializer_list<std::int16_t>{0, 1, 2}) {
     Memo[rec::menuKind].extra = menuKind;
     Memo[rec::monitorOnly].value = 1;
     EXPECT_EQ(dialog().chkMonitor.value(), 1);

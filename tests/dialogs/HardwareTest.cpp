@@ -211,6 +211,7 @@ TEST_F(AddressOfARun, IsShownInTheDialogThatTheFittingTakes) {
 
 TEST_F(AddressOfARun, IsLeftAloneOnRs232) {
   chooseSetup();
+  form<frmBigFolder>().optRS232.setValue(true);
   Hardware.BusAddress = 3;
   runWrite();
   EXPECT_EQ(Hardware.BusAddress, 3);

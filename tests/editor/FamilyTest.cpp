@@ -6,7 +6,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-class Family : public EditorTest {
+class FamilyFit : public EditorTest {
  protected:
   frmHardware& dialog = form<frmHardware>();
 
@@ -19,7 +19,10 @@ class Family : public EditorTest {
 
 const Rule rkw77Rule = {
     "the Rkw77 line",
-    [](auto&) { DeviceState.IsRkw77 = True; },
+    [](auto& editor) {
+      editor.Al2Disabled(false);
+      DeviceState.IsRkw77 = True;
+    },
     [](auto& editor) { editor.applyDeviceClass(); },
     "",
     "",
@@ -39,12 +42,12 @@ const Rule otherRule = {
     {5, 8},
     {}};
 
-TEST_F(Family, ShowsOnTheMainWindowWhatTheUnitHas) {
+TEST_F(FamilyFit, ShowsOnTheMainWindowWhatTheUnitHas) {
   expectRule(editor, rkw77Rule);
   expectRule(editor, otherRule);
 }
 
-TEST_F(Family, RedrawsTheControlsOfAlarm2AsItIs) {
+TEST_F(FamilyFit, RedrawsTheControlsOfAlarm2AsItIs) {
   for (bool rkw77 : {true, false}) {
     for (int enabled : {0, 1}) {
       editor.chkAl2Enabled.setValue(enabled);
@@ -56,7 +59,7 @@ TEST_F(Family, RedrawsTheControlsOfAlarm2AsItIs) {
   }
 }
 
-TEST_F(Family, OfTheRkw77LineHasNoVariantsInTheDialog) {
+TEST_F(FamilyFit, OfTheRkw77LineHasNoVariantsInTheDialog) {
   dialog.chkSimpleMenu.setValue(1);
   apply(true, 2);
   EXPECT_EQ(DeviceState.MenuKind, 0);
@@ -69,7 +72,7 @@ TEST_F(Family, OfTheRkw77LineHasNoVariantsInTheDialog) {
   EXPECT_EQ(dialog.lstOption.items(), (Lines{"RS -232", "RS -485"}));
 }
 
-TEST_F(Family, OfTheRkw77LineKeepsOneOfItsTwoOptions) {
+TEST_F(FamilyFit, OfTheRkw77LineKeepsOneOfItsTwoOptions) {
   struct Case {
     int before;
     int after;
@@ -82,7 +85,7 @@ TEST_F(Family, OfTheRkw77LineKeepsOneOfItsTwoOptions) {
   }
 }
 
-TEST_F(Family, OfAnyOtherShowsItsVariantInTheDialog) {
+TEST_F(FamilyFit, OfAnyOtherShowsItsVariantInTheDialog) {
   for (std::int32_t menuKind : {0, 1, 2}) {
     apply(true);
     dialog.chkAllPartNumbers.setValue(1);
@@ -103,7 +106,7 @@ TEST_F(Family, OfAnyOtherShowsItsVariantInTheDialog) {
   }
 }
 
-TEST_F(Family, OfAnyOtherHasFiveOptionsAndKeepsTheRow) {
+TEST_F(FamilyFit, OfAnyOtherHasFiveOptionsAndKeepsTheRow) {
   for (int row = -1; row < 5; ++row) {
     dialog.lstOption.setListIndex(row);
     apply(false);
@@ -113,7 +116,7 @@ TEST_F(Family, OfAnyOtherHasFiveOptionsAndKeepsTheRow) {
   }
 }
 
-TEST_F(Family, OfAnyOtherRedrawsTheInputType) {
+TEST_F(FamilyFit, OfAnyOtherRedrawsTheInputType) {
   for (std::size_t type : {0U, 1U, 2U}) {
     editor.optInType(type).setValue(true);
     editor.fraInType(type).setVisible(type == 2);
@@ -123,7 +126,7 @@ TEST_F(Family, OfAnyOtherRedrawsTheInputType) {
   }
 }
 
-TEST_F(Family, OfAnyOtherKeepsTheReadingFormatOfAProcessSignal) {
+TEST_F(FamilyFit, OfAnyOtherKeepsTheReadingFormatOfAProcessSignal) {
   editor.optInType(2).setValue(true);
   Memo[rec::optDpoint + 1].flag = False;
   Memo[rec::optDpoint + 3].flag = True;
@@ -132,7 +135,7 @@ TEST_F(Family, OfAnyOtherKeepsTheReadingFormatOfAProcessSignal) {
   EXPECT_TRUE(editor.fraSOffset.visible());
 }
 
-TEST_F(Family, OfAUnitWithAlarmsAloneHasNoOutputTabs) {
+TEST_F(FamilyFit, OfAUnitWithAlarmsAloneHasNoOutputTabs) {
   for (int tab = 0; tab < 12; ++tab) editor.tabBig.setTabAvailable(tab, true);
   apply(false, 1);
   for (int tab : {6, 7, 8, 9}) EXPECT_FALSE(editor.tabBig.tabAvailable(tab)) << tab;
