@@ -83,13 +83,25 @@ void FormWindow::closeEvent(QCloseEvent* event) {
   tell(&Form::userClosed);
 }
 
-// Only keys that no widget has used come here. Enter presses the button that has the keyboard, as in a
-// dialog.
+// Only keys that no widget has used come here.
 void FormWindow::keyPressEvent(QKeyEvent* event) {
-  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  auto* button = qobject_cast<QPushButton*>(focusWidget());
-  if (enter && button != nullptr && button->isEnabled()) return button->click();
+  QPushButton* button = buttonOf(event->key());
+  if (button != nullptr && button->isEnabled()) return button->click();
   tell(&Form::userPressedKey);
+}
+
+// As in a dialog: Enter presses the button that has the keyboard, else the layout's default one, and Escape
+// the one that the layout names for it.
+QPushButton* FormWindow::buttonOf(int key) const {
+  const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+  auto* focused = qobject_cast<QPushButton*>(focusWidget());
+  if (enter && focused != nullptr) return focused;
+  const char* role = enter ? "default" : "cancel";
+  if (!enter && key != Qt::Key_Escape) return nullptr;
+  for (auto* button : findChildren<QPushButton*>()) {
+    if (button->property(role).toBool()) return button;
+  }
+  return nullptr;
 }
 
 void FormWindow::changeEvent(QEvent* event) {

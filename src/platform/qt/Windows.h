@@ -9,8 +9,10 @@
 
 #include "platform/Form.h"
 
+class QPushButton;
+
 // A top level widget that tells its form what happens to it. The layout may ask for a splash window, without
-// a frame, by the dynamic property "splash".
+// a frame, by the dynamic property "splash", and for a button that Escape presses by "cancel" on the button.
 class FormWindow : public QWidget {
  public:
   // Lays the form out and binds it; std::logic_error if it has no layout or doesn't fit it.
@@ -28,6 +30,7 @@ class FormWindow : public QWidget {
  private:
   void setFirstSize();
   void placeOver(QWidget* below);
+  QPushButton* buttonOf(int key) const;
   void tell(void (Form::*what)());
 
   Form* form_;
