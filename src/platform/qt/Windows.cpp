@@ -83,25 +83,23 @@ void FormWindow::closeEvent(QCloseEvent* event) {
   tell(&Form::userClosed);
 }
 
-// Only keys that no widget has used come here.
+// Only keys that no widget has used come here. Enter presses the button that has the keyboard, else the
+// layout's default one, as in a dialog.
 void FormWindow::keyPressEvent(QKeyEvent* event) {
-  QPushButton* button = buttonOf(event->key());
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  auto* button = enter ? buttonForEnter() : nullptr;
   if (button != nullptr && button->isEnabled()) return button->click();
+  // Escape closes a dialog, as its frame does.
+  if (event->key() == Qt::Key_Escape && isModal()) return tell(&Form::userClosed);
   tell(&Form::userPressedKey);
 }
 
-// As in a dialog: Enter presses the button that has the keyboard, else the layout's default one, and Escape
-// the one that the layout names for it.
-QPushButton* FormWindow::buttonOf(int key) const {
-  const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+QPushButton* FormWindow::buttonForEnter() const {
   auto* focused = qobject_cast<QPushButton*>(focusWidget());
-  if (enter && focused != nullptr) return focused;
-  const char* role = enter ? "default" : "cancel";
-  if (!enter && key != Qt::Key_Escape) return nullptr;
-  for (auto* button : findChildren<QPushButton*>()) {
-    if (button->property(role).toBool()) return button;
-  }
-  return nullptr;
+  if (focused != nullptr) return focused;
+  const auto buttons = findChildren<QPushButton*>();
+  const auto found = std::ranges::find_if(buttons, &QPushButton::isDefault);
+  return found == buttons.end() ? nullptr : *found;
 }
 
 void FormWindow::changeEvent(QEvent* event) {

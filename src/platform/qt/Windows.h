@@ -12,7 +12,7 @@
 class QPushButton;
 
 // A top level widget that tells its form what happens to it. The layout may ask for a splash window, without
-// a frame, by the dynamic property "splash", and for a button that Escape presses by "cancel" on the button.
+// a frame, by the dynamic property "splash".
 class FormWindow : public QWidget {
  public:
   // Lays the form out and binds it; std::logic_error if it has no layout or doesn't fit it.
@@ -30,7 +30,7 @@ class FormWindow : public QWidget {
  private:
   void setFirstSize();
   void placeOver(QWidget* below);
-  QPushButton* buttonOf(int key) const;
+  QPushButton* buttonForEnter() const;
   void tell(void (Form::*what)());
 
   Form* form_;
