@@ -4,11 +4,27 @@
 
 #include "core/Global.h"
 #include "core/Model.h"
+#include "dialogs/frmHardware.h"
 #include "editor/frmBigFolder.h"
+#include "platform/Host.h"
 
-void prepareRun() {
+namespace {
+
+void askForModel(const Handler& behindDialog) {
+  messageBox("Warning: please specify your device\rbefore continuing.\rUse Setup button from main screen...",
+             "", Icon::information);
+  form<frmHardware>().showModal();
+  if (behindDialog) behindDialog();
+  unload<frmHardware>();
+  form<frmBigFolder>().leaveUnavailableTab();
+}
+
+}  // namespace
+
+bool prepareRun(const Handler& behindDialog) {
   form<frmBigFolder>().SaveCurrentTab();
-  Global.DeviceSpecified = True;
+  if (Global.DeviceSpecified == False) askForModel(behindDialog);
+  return Global.DeviceSpecified != False;
 }
 
 void fitToFoundUnit() {

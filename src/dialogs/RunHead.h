@@ -2,8 +2,11 @@
 // What the run buttons of both choosers have in common.
 #pragma once
 
-// The communication tab is committed and a model is fixed before a run starts.
-void prepareRun();
+#include "platform/Controls.h"
+
+// The communication tab is committed, and the user is sent to the hardware dialog if no model is fixed yet.
+// `behindDialog` runs when the dialog has been answered. False: still no model, and no run.
+bool prepareRun(const Handler& behindDialog = {});
 
 // The form is fitted to what the run has found, without a dialog.
 void fitToFoundUnit();

@@ -16,7 +16,7 @@ frmRead::frmRead() : Form("frmRead", "Read from...") {
 void frmRead::Form_Load() { centre(); }
 
 void frmRead::cmdSerial_Click() {
-  prepareRun();
+  if (!prepareRun()) return;
   Global.AutoDetect = False;
   Global.ReadConfirmed = 1;
   auto& run = form<frmSerial>();

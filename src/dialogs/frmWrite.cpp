@@ -26,7 +26,8 @@ void frmWrite::Form_Activate() { showReset(); }
 void frmWrite::showReset() { chkReset.setValue(Global.ResetAfterWrite != False ? 1 : 0); }
 
 void frmWrite::cmdSerial_Click() {
-  prepareRun();
+  auto& editor = form<frmBigFolder>();
+  if (!prepareRun([&] { editor.writeMemo(editor.tabBig.tab()); })) return;
   Global.AutoDetect = False;
   auto& run = form<frmSerial>();
   run.readMode = False;

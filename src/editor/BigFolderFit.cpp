@@ -2,6 +2,7 @@
 // Fitting the form to the model: which tabs and controls are in use.
 #include "core/Memo.h"
 #include "core/Model.h"
+#include "dialogs/frmHardware.h"
 #include "editor/frmBigFolder.h"
 
 namespace {
@@ -33,7 +34,18 @@ void forceOnOff(ComboBox& control) {
 
 void frmBigFolder::cmdCnfg_Click() {
   writeMemo(tabBig.tab());
+  if (SilentSetup != False) {
+    form<frmHardware>().cmdOk_Click();
+  } else {
+    form<frmHardware>().showModal();
+  }
   SilentSetup = False;
+  if (DeviceState.DeviceClass >= 0) applyDeviceClass();
+  ::unload<frmHardware>();
+  fitToModel();
+}
+
+void frmBigFolder::fitToModel() {
   if (const auto cut = BaseModel.find("-C"); cut != std::string::npos) BaseModel.resize(cut);
   const bool analogOut = Hardware.Out1.Analog != False;
   if (!analogOut) {

@@ -4,7 +4,9 @@
 #include "core/Memo.h"
 #include "core/Model.h"
 #include "core/NumberText.h"
+#include "core/PartNumber.h"
 #include "core/Program.h"
+#include "dialogs/frmHardware.h"
 #include "dialogs/frmRead.h"
 #include "dialogs/frmSplash.h"
 #include "dialogs/frmWrite.h"
@@ -20,6 +22,7 @@ constexpr double splashTime = 6.0;  // seconds, however fast the set-up runs
 constexpr std::int16_t setpointsTab = 1;
 constexpr std::int16_t analogTab = 10;
 constexpr std::int16_t commTab = 11;
+constexpr std::int32_t firstCatalogueRow = 2;
 
 std::string asWord(bool state) { return state ? "True" : "False"; }
 std::string asText(std::int32_t number) { return numberText(number); }
@@ -45,6 +48,7 @@ void frmBigFolder::Form_Load() {
   BaseModel = factoryBaseModel;
   settings_.Appname = program::title;
   settings_.Section = "Persist";
+  listPartNumber(firstCatalogueRow);
   initSplash();
   auto& splash = form<frmSplash>();
   hide();
@@ -63,6 +67,7 @@ void frmBigFolder::Form_Load() {
   tabBig.setTabAvailable(analogTab, false);
   AnalogOutControls(false);
   txtRS485Address.setEnabled(false);
+  countPartNumbers();
   show();
 }
 
@@ -146,6 +151,7 @@ void frmBigFolder::Form_Unload() {
   writeMemo(commTab);
   savePreferences();
   Global.ReadConfirmed = 0;
+  ::unload<frmHardware>();
   ::unload<frmSerial>();
   ::unload<frmRead>();
   ::unload<frmWrite>();

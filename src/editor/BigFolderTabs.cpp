@@ -3,6 +3,7 @@
 #include "core/Global.h"
 #include "core/Memo.h"
 #include "core/Model.h"
+#include "dialogs/frmHardware.h"
 #include "dialogs/frmRead.h"
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
@@ -110,5 +111,16 @@ void frmBigFolder::cmdFactoryDefaults_Click() {
   cboParity.setListIndex(1);
   cboData.setListIndex(0);
   cboStop.setListIndex(0);
+  showFactoryFit();
+}
+
+// The dialog comes up to show it, and a dialog that comes up may take tabs out of use; here none changes.
+void frmBigFolder::showFactoryFit() {
+  std::vector<bool> inUse;
+  for (int tab = 0; tab < tabBig.tabs(); ++tab) inUse.push_back(tabBig.tabAvailable(tab));
+  form<frmHardware>().showFactoryFit();
   lblStatus.setCaption("RS-232");
+  for (int tab = 0; tab < tabBig.tabs(); ++tab) {
+    tabBig.setTabAvailable(tab, inUse[static_cast<std::size_t>(tab)]);
+  }
 }

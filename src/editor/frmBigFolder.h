@@ -52,7 +52,9 @@ class frmBigFolder : public BigFolderControls {
   void cmdWrite_Click();
   void cmdOpen_Click();
   void cmdFactoryDefaults_Click();
-  void cmdCnfg_Click();  // fits the form to the model
+  void cmdCnfg_Click();        // the hardware dialog; fits the form to the model
+  void applyDeviceClass();     // brings the dialog and this window into line with DeviceState.IsRkw77
+  void leaveUnavailableTab();  // steps down to a tab in use
 
   // Communication tab.
   void makeCommSetting();
@@ -101,7 +103,12 @@ class frmBigFolder : public BigFolderControls {
   void savePreferences();
   void keepSplashUp(double start) const;
   void stepTab(int by);
-  void leaveUnavailableTab();
+  void showFactoryFit();
+  void fitToModel();
+  void fitToRkw77Line();
+  void fitToOtherFamilies();
+  void showColorsAndProtection(bool show);
+  void redrawInputType();
   void fitToFullUnit();
   void fitToAlarmsOnly();
   void fitToSimpleMenu();

@@ -8,6 +8,7 @@
 #include "core/Memo.h"
 #include "core/Model.h"
 #include "core/NumberText.h"
+#include "dialogs/frmHardware.h"
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
 #include "protocol/Waits.h"
@@ -97,6 +98,7 @@ bool frmSerial::serialPath() {
   }
   if (Memo[rec::optRS485].flag != False) {
     attempt([] { Hardware.BusAddress = toInt16(Val(Memo[rec::txtRS485Address].text)); });
+    attempt([] { form<frmHardware>().txtAddress.setText(Memo[rec::txtRS485Address].text); });
   }
   finish("Done\r");
   return true;

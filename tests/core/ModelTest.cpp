@@ -122,8 +122,8 @@ TEST_F(ModelTest, LeavesEveryOtherFitAlone) {
   expectFit(Hardware.Out2, {False, True, True, True, False});
 }
 
-TEST_F(ModelTest, BeginsWithAnUnknownUnitWithoutAddress) {
-  EXPECT_EQ(DeviceState.DeviceClass, -1);
+TEST_F(ModelTest, BeginsWithNothingKnown) {
+  EXPECT_EQ(DeviceState.DeviceClass, 0);
   EXPECT_EQ(Hardware.BusMode, 0);
   EXPECT_EQ(Hardware.BusAddress, 0);
   EXPECT_EQ(Hardware.ModelNumber, "");

@@ -15,20 +15,20 @@ struct Unit {
 constexpr Unit units[] = {
     {"full", kind::fullController, false, false, "10"},
     {"full with retransmission ticked", kind::fullController, false, true, "10"},
-    {"full, analog", kind::fullController, true, false, ""},
-    {"full, analog, retransmission", kind::fullController, true, true, "7"},
+    {"full, analog", kind::fullController, true, false, "4"},
+    {"full, analog, retransmission", kind::fullController, true, true, "4 7"},
     {"alarms only", kind::alarmsOnly, false, false, "7 8 9 10"},
-    {"alarms only, analog", kind::alarmsOnly, true, false, "8 9"},
-    {"alarms only, analog, retransmission", kind::alarmsOnly, true, true, "7 8 9"},
+    {"alarms only, analog", kind::alarmsOnly, true, false, "4 8 9"},
+    {"alarms only, analog, retransmission", kind::alarmsOnly, true, true, "4 7 8 9"},
     {"simple menu", kind::simpleMenu, false, false, "7 8 9 10"},
-    {"simple menu, analog", kind::simpleMenu, true, false, "7 8 9"},
+    {"simple menu, analog", kind::simpleMenu, true, false, "4 7 8 9"},
     {"monitor only", kind::monitorOnly, false, false, "7 8 9 10"},
     {"monitor only, analog", kind::monitorOnly, true, false, "7 8 9 10"},
     {"monitor only, analog, retransmission", kind::monitorOnly, true, true, "7 8 9 10"},
-    {"second family", kind::rkw77, false, false, "10"},
-    {"second family with retransmission ticked", kind::rkw77, false, true, "10"},
-    {"second family, analog", kind::rkw77, true, false, ""},
-    {"second family, analog, retransmission", kind::rkw77, true, true, ""},
+    {"second family", kind::rkw77, false, false, "5 10"},
+    {"second family with retransmission ticked", kind::rkw77, false, true, "5 10"},
+    {"second family, analog", kind::rkw77, true, false, "5"},
+    {"second family, analog, retransmission", kind::rkw77, true, true, "5"},
 };
 
 class Fitting : public EditorTest, public ::testing::WithParamInterface<Unit> {
@@ -54,35 +54,35 @@ INSTANTIATE_TEST_SUITE_P(ToAUnit, Fitting, ::testing::ValuesIn(units), [](const 
 });
 
 TEST_P(Fitting, TakesTabsOutOfUse) {
-  editor.cmdCnfg.userClicked();
+  fitForm();
   EXPECT_EQ(tabsOutOfUse(), GetParam().tabsOutOfUse);
 }
 
 TEST_P(Fitting, TwiceGivesTheSameForm) {
-  editor.cmdCnfg.userClicked();
+  fitForm();
   const Looks once = looksOf(editor);
-  editor.cmdCnfg.userClicked();
+  fitForm();
   EXPECT_EQ(looksOf(editor), once);
 }
 
 TEST_P(Fitting, NeverLeavesATabOutOfUseOnShow) {
   for (int tab = 0; tab < 12; ++tab) {
     showTab(tab);
-    editor.cmdCnfg.userClicked();
+    fitForm();
     EXPECT_TRUE(editor.tabBig.tabAvailable(editor.tabBig.tab())) << tab;
     EXPECT_LE(editor.tabBig.tab(), tab);
   }
 }
 
 TEST_P(Fitting, LeavesTheKindOfUnitAsItIs) {
-  editor.cmdCnfg.userClicked();
+  fitForm();
   EXPECT_EQ(meterKind(), GetParam().kind);
 }
 
 TEST_P(Fitting, AndBackToTheFullControllerLeavesNothingOfTheUnit) {
-  editor.cmdCnfg.userClicked();
+  fitForm();
   chooseUnit(kind::fullController, false);
-  editor.cmdCnfg.userClicked();
+  fitForm();
   for (const char* name :
        {"fraLBAlarm", "chkLBAEnabled", "txtLBATime", "cboOut1Ctrl", "cboOut2Ctrl", "chkRampEn", "fraRamp",
         "chkAl1Enabled", "chkAl2Enabled", "fraOut1Manual", "chkAnalogOutputEnabled"}) {
@@ -107,7 +107,7 @@ TEST_F(FittingSteps, CommitAllTabsButTheFirst) {
   editor.txtIDCode.setText("1234");
   editor.txtLBATime.setText("00:59");
   editor.txtTCPPort.setText("4711");
-  editor.cmdCnfg_Click();
+  fitForm();
   EXPECT_EQ(Memo[rec::txtIDCode].text, "0000");
   EXPECT_EQ(Memo[rec::txtLBATime].text, "00:59");
   EXPECT_EQ(Memo[rec::txtTCPPort].text, "4711");
@@ -116,14 +116,14 @@ TEST_F(FittingSteps, CommitAllTabsButTheFirst) {
 TEST_F(FittingSteps, CommitTheFirstTabWhenItIsOnShow) {
   showTab(0);
   editor.txtIDCode.setText("1234");
-  editor.cmdCnfg_Click();
+  fitForm();
   EXPECT_EQ(Memo[rec::txtIDCode].text, "1234");
 }
 
 TEST_F(FittingSteps, StepDownToATabInUse) {
   showTab(10);
   chooseUnit(kind::monitorOnly, false);
-  editor.cmdCnfg_Click();
+  fitForm();
   EXPECT_EQ(editor.tabBig.tab(), 6);
 }
 
@@ -132,11 +132,13 @@ TEST_F(FittingSteps, CutTheBaseModelAtItsFirstSuffix) {
     const char* before;
     const char* after;
   };
+  DeviceState.DeviceClass = 1;
+  DeviceState.ModelIndex = -1;
   for (const auto& [before, after] :
        {Case{"Tv8-C24", "Tv8"}, Case{"Tv[8,16,32]", "Tv[8,16,32]"}, Case{"a-C4-C24", "a"}, Case{"-C", ""},
         Case{"x-c24", "x-c24"}, Case{"", ""}}) {
     BaseModel = before;
-    editor.cmdCnfg_Click();
+    fitForm();
     EXPECT_EQ(BaseModel, after);
   }
 }
@@ -149,10 +151,9 @@ TEST_F(FittingSteps, EndASilentSetup) {
 
 TEST_F(FittingSteps, LeaveTheTabsOfAMonitorAlarmsAlone) {
   chooseUnit(kind::monitorOnly, false);
-  editor.tabBig.setTabAvailable(6, false);
   editor.chkAl1Enabled.setEnabled(false);
-  editor.cmdCnfg_Click();
-  EXPECT_FALSE(editor.tabBig.tabAvailable(6));
+  fitForm();
+  EXPECT_TRUE(editor.tabBig.tabAvailable(6));
   EXPECT_FALSE(editor.chkAl1Enabled.enabled());
   EXPECT_TRUE(editor.fraOut1Manual.enabled());
 }
@@ -160,7 +161,7 @@ TEST_F(FittingSteps, LeaveTheTabsOfAMonitorAlarmsAlone) {
 TEST_F(FittingSteps, KeepTheManualBarsFromTheUser) {
   editor.HSOut1Low.setEnabled(true);
   editor.HSOut1High.setEnabled(true);
-  editor.cmdCnfg_Click();
+  fitForm();
   EXPECT_FALSE(editor.HSOut1Low.enabled() || editor.HSOut1High.enabled());
   EXPECT_TRUE(editor.fraOut1Manual.enabled());
 }
@@ -168,7 +169,7 @@ TEST_F(FittingSteps, KeepTheManualBarsFromTheUser) {
 TEST_F(FittingSteps, TakeTheLoopBreakAlarmFromAUnitWithAlarmsOnly) {
   editor.chkLBAEnabled.setValue(1);
   chooseUnit(kind::alarmsOnly, false);
-  editor.cmdCnfg_Click();
+  fitForm();
   EXPECT_EQ(editor.chkLBAEnabled.value(), 0);
   EXPECT_FALSE(editor.fraLBAlarm.enabled());
   EXPECT_FALSE(editor.txtLBATime.enabled());
@@ -178,7 +179,7 @@ TEST_F(FittingSteps, TakeTheLoopBreakAlarmFromAUnitWithAlarmsOnly) {
 TEST_F(FittingSteps, TakeAnalogOutputAndManualControlFromTheSecondFamily) {
   editor.chkAnalogOutputEnabled.setValue(1);
   chooseUnit(kind::rkw77, true);
-  editor.cmdCnfg_Click();
+  fitForm();
   EXPECT_EQ(editor.chkAnalogOutputEnabled.value(), 0);
   EXPECT_FALSE(editor.chkAnalogOutputEnabled.enabled());
   EXPECT_FALSE(editor.fraOut1Manual.enabled());
@@ -189,7 +190,7 @@ class SimpleMenu : public EditorTest {
  protected:
   void fit(bool analogOutput = false) {
     chooseUnit(kind::simpleMenu, analogOutput);
-    editor.cmdCnfg_Click();
+    fitForm();
   }
 };
 
@@ -232,7 +233,7 @@ TEST_F(SimpleMenu, KnowsAboveAndBelowAlone) {
   for (int control : {0, 1}) {
     for (int setup : {0, 1, 2, 3}) {
       chooseUnit(kind::fullController, false);
-      editor.cmdCnfg_Click();
+      fitForm();
       for (ComboBox* list : {&editor.cboAl1Ctrl, &editor.cboAl2Ctrl}) list->setListIndex(control);
       for (ComboBox* list : {&editor.cboAl1Setup, &editor.cboAl2Setup}) {
         list->setListIndex(std::min<int>(setup, list->listCount() - 1));

@@ -2,6 +2,7 @@
 // The start behind the splash, the first activation, and the end of the program.
 #include <cmath>
 
+#include "core/PartNumber.h"
 #include "core/Program.h"
 #include "dialogs/frmSplash.h"
 #include "tests/editor/EditorTest.h"
@@ -113,6 +114,7 @@ TEST_F(Start, BeginsWithTheDefaultModel) {
   EXPECT_EQ(DeviceState.DeviceClass, -1);
   EXPECT_EQ(Global.DeviceSpecified, False);
   EXPECT_EQ(meterKind(), kind::fullController);
+  EXPECT_EQ(PartNumber.count, 46);
   EXPECT_EQ(Global.FirmwareVersions.front(), "1.1");
   EXPECT_EQ(Global.FirmwareVersions.back(), "2.5");
 }
@@ -238,6 +240,7 @@ TEST_F(Exit, EndsTheOtherFormsInOrderAndForgetsAReadThatWasDue) {
   form<frmWrite>();
   form<frmRead>();
   form<frmSerial>();
+  form<frmHardware>();
   host.events.clear();
   Global.ReadConfirmed = 1;
   editor.userClosed();
@@ -245,8 +248,9 @@ TEST_F(Exit, EndsTheOtherFormsInOrderAndForgetsAReadThatWasDue) {
   for (const std::string& event : host.events) {
     if (event.starts_with("release")) released.push_back(event);
   }
-  EXPECT_EQ(released, (std::vector<std::string>{"release frmSerial", "release frmRead", "release frmWrite",
-                                                "release frmSplash", "release frmBigFolder"}));
+  EXPECT_EQ(released,
+            (std::vector<std::string>{"release frmHardware", "release frmSerial", "release frmRead",
+                                      "release frmWrite", "release frmSplash", "release frmBigFolder"}));
   EXPECT_EQ(Global.ReadConfirmed, 0);
   EXPECT_TRUE(loadedForms().empty());
 }

@@ -196,7 +196,7 @@ TEST_F(FactoryDefaults, AskNothingAndKeepTheTabsThatWereInUse) {
 TEST_F(FactoryDefaults, PutTheWindowIntoTheMiddleOfTheScreen) {
   host.events.clear();
   editor.cmdFactoryDefaults.userClicked();
-  EXPECT_EQ(host.events, std::vector<std::string>{"centre frmBigFolder"});
+  EXPECT_EQ(host.events, (std::vector<std::string>{"centre frmBigFolder", "centre frmHardware"}));
 }
 
 TEST_F(Choosers, OfferTheChannelOfTheImage) {

@@ -49,8 +49,14 @@ void EditorTest::chooseUnit(int kind, bool analogOutput) {
   Memo[rec::menuKind].extra = static_cast<std::int16_t>(DeviceState.MenuKind);
   Memo[rec::monitorOnly].value = kind == kind::monitorOnly ? 1 : 0;
   DeviceState.IsRkw77 = asFlag(kind == kind::rkw77);
+  DeviceState.DeviceClass = kind == kind::rkw77 ? 0 : 1;
   Hardware.Out1 = {};
   (analogOutput ? Hardware.Out1.Analog : Hardware.Out1.SSR) = True;
+}
+
+void EditorTest::fitForm() {
+  host.whenShown("frmHardware", [] { form<frmHardware>().cmdCancel.userClicked(); });
+  editor.cmdCnfg.userClicked();
 }
 
 Control& named(const Form& form, std::string_view name) {

@@ -13,6 +13,7 @@
 #include "core/Global.h"
 #include "core/Memo.h"
 #include "core/Model.h"
+#include "dialogs/frmHardware.h"
 #include "tests/support/Bench.h"
 
 class EditorTest : public Bench {
@@ -23,6 +24,8 @@ class EditorTest : public Bench {
   // As identification or the hardware dialog leave it: one of the five kinds of unit, with or without an
   // analog output.
   void chooseUnit(int kind, bool analogOutput);
+  // The user presses Hardware and leaves the dialog by Cancel: the form is fitted to the model as it stands.
+  void fitForm();
 
  private:
   frmBigFolder& firstStart() {

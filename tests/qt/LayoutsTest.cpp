@@ -13,6 +13,7 @@
 #include <QSet>
 #include <QWheelEvent>
 
+#include "dialogs/frmHardware.h"
 #include "dialogs/frmRead.h"
 #include "dialogs/frmSplash.h"
 #include "dialogs/frmWrite.h"
@@ -38,7 +39,7 @@ class LayoutsTest : public QtTest {
   std::shared_ptr<Form> form_ = std::make_shared<Kind>();
 };
 
-using ProgramForms = testing::Types<frmBigFolder, frmRead, frmWrite, frmSerial, frmSplash>;
+using ProgramForms = testing::Types<frmBigFolder, frmHardware, frmRead, frmWrite, frmSerial, frmSplash>;
 TYPED_TEST_SUITE(LayoutsTest, ProgramForms);
 
 TYPED_TEST(LayoutsTest, FitsItsForm) {

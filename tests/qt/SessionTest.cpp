@@ -5,12 +5,16 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QRadioButton>
+#include <QTest>
 #include <memory>
 
 #include "core/Global.h"
+#include "core/Model.h"
+#include "dialogs/frmHardware.h"
 #include "dialogs/frmRead.h"
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
@@ -24,7 +28,8 @@ frmBigFolder& editor() { return form<frmBigFolder>(); }
 
 ScriptedHost* user = nullptr;
 
-// The program is started once, since its splash stands for six seconds; each test has a unit of its own.
+// The program is started and the model chosen once, since the splash stands for six seconds; each test has a
+// unit of its own.
 class Session : public ::testing::Test {
  protected:
   static void SetUpTestSuite() {
@@ -33,6 +38,8 @@ class Session : public ::testing::Test {
     user->saveSetting("Torvane Configuration/Persist/CommPort", "-1");
     user->saveSetting("Torvane Configuration/Persist/Baud", "5");
     form<frmBigFolder>();
+    user->whenShown("frmHardware", [] { click(*user, form<frmHardware>(), "cmdOk"); });
+    click(*user, editor(), "cmdCnfg");
   }
 
   static void TearDownTestSuite() {
@@ -59,6 +66,12 @@ class Session : public ::testing::Test {
     user->whenShown("frmWrite", [] { click(*user, form<frmWrite>(), "cmdSerial"); });
     user->whenShown("frmWrite", [] { click(*user, form<frmWrite>(), "cmdCancel"); });
     click(*user, editor(), "cmdWrite");
+  }
+
+  // Presses Hardware and does this in the dialog.
+  static void inHardware(const std::function<void(frmHardware&)>& deed) {
+    user->whenShown("frmHardware", [deed] { deed(form<frmHardware>()); });
+    click(*user, editor(), "cmdCnfg");
   }
 
   static void readFromUnit() {
@@ -171,6 +184,66 @@ TEST_F(Session, CancelStopsBehindTheRegisterThatIsUnderWay) {
   ASSERT_EQ(user->boxes.size(), 1U);
   EXPECT_NE(user->boxes.front().find("Are you sure?"), std::string::npos);
   EXPECT_EQ(count("R1A"), 0U);
+}
+
+TEST_F(Session, TheModelIsChosenWithTheKeyboardAndEnterTakesIt) {
+  inHardware([](frmHardware& dialog) {
+    auto& model = widget<QComboBox>(*user, dialog, "cboModel");
+    model.setFocus();
+    QTest::keyClick(&model, Qt::Key_Down);
+    EXPECT_EQ(model.currentText(), "Tv822-C24");
+    QTest::keyClicks(&model, "typed");
+    EXPECT_EQ(model.currentText(), "Tv822-C24");
+    QTest::keyClick(&model, Qt::Key_Return);
+  });
+  EXPECT_EQ(Hardware.ModelNumber, "Tv822-C24");
+  EXPECT_FALSE(isLoaded<frmHardware>());
+  inHardware([](frmHardware& dialog) {
+    choose(*user, dialog, "cboModel", 2);
+    click(*user, dialog, "cmdOk");
+  });
+  EXPECT_EQ(Hardware.ModelNumber, "Tv[8,16,32]22-C24");
+}
+
+TEST_F(Session, EscapeLeavesTheModelAsItIs) {
+  const std::string before = Hardware.ModelNumber;
+  inHardware([](frmHardware& dialog) {
+    choose(*user, dialog, "cboModel", 3);
+    click(*user, dialog, "optOut_1");
+    EXPECT_EQ(widget<QComboBox>(*user, dialog, "cboModel").currentText(), "Tv832-C24");
+    QTest::keyClick(&widget<QRadioButton>(*user, dialog, "optOut_1"), Qt::Key_Escape);
+  });
+  EXPECT_EQ(Hardware.ModelNumber, before);
+  EXPECT_FALSE(isLoaded<frmHardware>());
+}
+
+TEST_F(Session, TheHardwareDialogKeepsItsSizeWhateverIsChosen) {
+  inHardware([](frmHardware& dialog) {
+    const QWidget& window = user->window(dialog);
+    const QSize size = window.size();
+    for (int model : {0, 3, 17}) {
+      choose(*user, dialog, "cboModel", model);
+      QCoreApplication::processEvents();
+      EXPECT_EQ(window.size(), size) << model;
+    }
+    EXPECT_EQ(window.minimumSize(), window.maximumSize());
+    click(*user, dialog, "cmdCancel");
+  });
+}
+
+TEST_F(Session, AnAddressIsRepairedBeforeOkTakesIt) {
+  inHardware([](frmHardware& dialog) {
+    auto& options = widget<QListWidget>(*user, dialog, "lstOption");
+    options.setCurrentRow(1);
+    type(*user, dialog, "txtAddress", "9999");
+    click(*user, dialog, "cmdOk");
+  });
+  EXPECT_EQ(Hardware.BusAddress, 199);
+  EXPECT_EQ(widget<QLabel>(*user, editor(), "lblStatus").text(), "RS-485");
+  inHardware([](frmHardware& dialog) {
+    widget<QListWidget>(*user, dialog, "lstOption").setCurrentRow(0);
+    click(*user, dialog, "cmdOk");
+  });
 }
 
 }  // namespace

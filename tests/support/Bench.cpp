@@ -5,11 +5,13 @@
 #include "core/Global.h"
 #include "core/Memo.h"
 #include "core/Model.h"
+#include "core/PartNumber.h"
 
 void resetSharedState() {
   Memo.reset();
   Global.reset();
   resetModel();
+  PartNumber.reset();
 }
 
 Bench::Bench(sim::UnitSetup setup) : unit(std::move(setup)) {
@@ -28,6 +30,7 @@ Bench::~Bench() {
 frmBigFolder& Bench::start() { return form<frmBigFolder>(); }
 
 void Bench::write() {
+  Global.DeviceSpecified = True;
   host.whenShown("frmWrite", [] { form<frmWrite>().cmdSerial.userClicked(); });
   host.expect([] { return isLoaded<frmWrite>() && form<frmWrite>().reachable(); },
               [] { form<frmWrite>().cmdCancel.userClicked(); });
@@ -35,6 +38,7 @@ void Bench::write() {
 }
 
 void Bench::read() {
+  Global.DeviceSpecified = True;
   host.whenShown("frmRead", [] { form<frmRead>().cmdSerial.userClicked(); });
   form<frmBigFolder>().cmdOpen.userClicked();
 }

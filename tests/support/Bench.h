@@ -22,9 +22,9 @@ class Bench : public ::testing::Test {
   // Starts the program with the unit's line settings stored, waits out the splash, and returns the main
   // window.
   frmBigFolder& start();
-  // Presses Write, the serial button, and closes the chooser behind the run.
+  // Presses Write, the serial button, and closes the chooser behind the run. The model has been chosen.
   void write();
-  // Presses Open and the serial button.
+  // Presses Open and the serial button. The model has been chosen.
   void read();
 
   // A loaded status window on COM 1 for tests of the channel and the probe alone.

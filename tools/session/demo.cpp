@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "core/Program.h"
+#include "dialogs/frmHardware.h"
 #include "dialogs/frmRead.h"
 #include "dialogs/frmSplash.h"
 #include "dialogs/frmWrite.h"
@@ -42,10 +43,27 @@ void editSetup(ScriptedHost& user) {
   choose(user, editor(), "cboNormalColor", 2);
 }
 
+// Every kind of model once, the last of them for good.
+void chooseHardware(ScriptedHost& user) {
+  auto& dialog = form<frmHardware>();
+  picture(dialog, "hardware");
+  for (int model : {0, 17, 2}) {
+    choose(user, dialog, "cboModel", model);
+    click(user, dialog, model == 0 ? "optOut_7" : model == 17 ? "chkMonitor" : "optOut_0");
+    picture(dialog, "hardware-model" + std::to_string(model));
+    if (model == 17) click(user, dialog, "chkMonitor");
+  }
+  click(user, dialog, "cmdOk");
+}
+
 void planSession(ScriptedHost& user) {
   user.whenShown("frmSplash", [] { picture(form<frmSplash>(), "splash"); });
   user.whenShown("frmBigFolder", [&user] {
     pictureEveryTab();
+    click(user, editor(), "cmdCnfg");
+  });
+  user.whenShown("frmHardware", [&user] { chooseHardware(user); });
+  user.whenShown("frmBigFolder", [&user] {
     editSetup(user);
     picture(editor(), "edited");
     click(user, editor(), "cmdWrite");

@@ -42,11 +42,12 @@ void showList(const ListBox& control, QListWidget& widget) {
 }
 
 // The toolkit ties the text to the index; a text of the control's own takes the place of the one chosen.
+// Where the text can be edited the two are apart, and the arrow keys go on from the one chosen.
 void showCombo(const ComboBox& control, QComboBox& widget) {
   const auto textOf = [&](int index) { return widget.itemText(index); };
   if (!sameItems(control, textOf, widget.count())) fill(control, widget);
   const bool ownText = control.text() != control.list(control.listIndex());
-  const int index = ownText ? -1 : control.listIndex();
+  const int index = ownText && !widget.isEditable() ? -1 : control.listIndex();
   if (widget.currentIndex() != index) widget.setCurrentIndex(index);
   const QString text = shown(control.text());
   widget.setPlaceholderText(index < 0 ? text : QString());

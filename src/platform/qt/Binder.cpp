@@ -190,6 +190,12 @@ void applyColumns(QAbstractScrollArea& box, int columns) {
   const int bar = box.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &box);
   const int margin = box.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &box) + 1;
   box.setFixedWidth(columnsWide(box, columns) + bar + 2 * (box.frameWidth() + margin));
+  const auto* list = qobject_cast<QListView*>(&box);
+  const int rows = box.property("rows").toInt();
+  if (list != nullptr && rows > 0) {
+    const int rowHeight = std::max(list->sizeHintForRow(0), box.fontMetrics().height());
+    box.setFixedHeight(rows * rowHeight + 2 * box.frameWidth());
+  }
 }
 
 }  // namespace

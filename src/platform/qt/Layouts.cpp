@@ -3,6 +3,7 @@
 #include "platform/qt/Layouts.h"
 
 #include "ui_frmBigFolder.h"
+#include "ui_frmHardware.h"
 #include "ui_frmRead.h"
 #include "ui_frmSerial.h"
 #include "ui_frmSplash.h"
@@ -19,9 +20,9 @@ void build(QWidget& window) {
 
 std::vector<Layout>& layouts() {
   static std::vector<Layout> table = {
-      {"frmBigFolder", build<Ui::frmBigFolder>}, {"frmRead", build<Ui::frmRead>},
-      {"frmSerial", build<Ui::frmSerial>},       {"frmSplash", build<Ui::frmSplash>},
-      {"frmWrite", build<Ui::frmWrite>},
+      {"frmBigFolder", build<Ui::frmBigFolder>}, {"frmHardware", build<Ui::frmHardware>},
+      {"frmRead", build<Ui::frmRead>},           {"frmSerial", build<Ui::frmSerial>},
+      {"frmSplash", build<Ui::frmSplash>},       {"frmWrite", build<Ui::frmWrite>},
   };
   return table;
 }

@@ -83,15 +83,23 @@ void FormWindow::closeEvent(QCloseEvent* event) {
   tell(&Form::userClosed);
 }
 
-// Only keys that no widget has used come here. Enter presses the button that has the keyboard, as in a
-// dialog.
+// Only keys that no widget has used come here. Enter presses the button that has the keyboard, else the
+// layout's default one, as in a dialog.
 void FormWindow::keyPressEvent(QKeyEvent* event) {
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  auto* button = qobject_cast<QPushButton*>(focusWidget());
-  if (enter && button != nullptr && button->isEnabled()) return button->click();
+  auto* button = enter ? buttonForEnter() : nullptr;
+  if (button != nullptr && button->isEnabled()) return button->click();
   // Escape closes a dialog, as its frame does.
   if (event->key() == Qt::Key_Escape && isModal()) return tell(&Form::userClosed);
   tell(&Form::userPressedKey);
+}
+
+QPushButton* FormWindow::buttonForEnter() const {
+  auto* focused = qobject_cast<QPushButton*>(focusWidget());
+  if (focused != nullptr) return focused;
+  const auto buttons = findChildren<QPushButton*>();
+  const auto found = std::ranges::find_if(buttons, &QPushButton::isDefault);
+  return found == buttons.end() ? nullptr : *found;
 }
 
 void FormWindow::changeEvent(QEvent* event) {

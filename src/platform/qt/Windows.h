@@ -9,6 +9,8 @@
 
 #include "platform/Form.h"
 
+class QPushButton;
+
 // A top level widget that tells its form what happens to it. The layout may ask for a splash window, without
 // a frame, by the dynamic property "splash".
 class FormWindow : public QWidget {
@@ -28,6 +30,7 @@ class FormWindow : public QWidget {
  private:
   void setFirstSize();
   void placeOver(QWidget* below);
+  QPushButton* buttonForEnter() const;
   void tell(void (Form::*what)());
 
   Form* form_;

@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: MIT
+// The hardware dialog: what one choice does to the part number, to the other choices and to the main window.
+#include "core/Memo.h"
+#include "core/Model.h"
+#include "core/PartNumber.h"
+#include "dialogs/frmHardware.h"
+#include "editor/frmBigFolder.h"
+#include "platform/Host.h"
+
+namespace {
+
+constexpr int alarm1Tab = 4;
+constexpr int analogTab = 10;
+constexpr int analogOutput = 3;
+constexpr int pidRow = 1;
+constexpr std::int32_t withoutEthernet = 3;  // a family with two options and no analog output
+
+int chosenOf(std::span<const OptionButton> group) {
+  for (std::size_t index = 0; index < group.size(); ++index) {
+    if (group[index].value()) return static_cast<int>(index);
+  }
+  return -1;
+}
+
+void setTabsAvailable(std::initializer_list<int> tabs, bool available) {
+  for (int tab : tabs) form<frmBigFolder>().tabBig.setTabAvailable(tab, available);
+}
+
+void clearAndDisable(CheckBox& box) {
+  box.setValue(0);
+  box.setEnabled(false);
+}
+
+}  // namespace
+
+std::string frmHardware::numberOfChoices() const {
+  return partNumber({.model = BaseModel,
+                     .monitorOnly = chkMonitor.value() != 0,
+                     .output1 = chosenOf(std::span(optOut).first<4>()),
+                     .output2 = chosenOf(std::span(optOut).last<4>()),
+                     .option = lstOption.listIndex(),
+                     .rkw77Suffixes = namesRkw77(cboModel.text())});
+}
+
+std::string frmHardware::makeModel() {
+  if (!ready_) return "";
+  if (chkMonitor.value() == 0) fitMainWindow();
+  lastPartNumber_ = numberOfChoices();
+  return lastPartNumber_;
+}
+
+// An analog output takes the place of alarm 1, but for the Rkw77 line, and works in PID alone.
+void frmHardware::fitMainWindow() const {
+  auto& editor = form<frmBigFolder>();
+  const int output = chosenOf(std::span(optOut).first<4>());
+  const bool analog = output < 0 || output == analogOutput;
+  if (analog) {
+    editor.cboOut1Ctrl.setListIndex(pidRow);
+    Memo[rec::cboOut1Ctrl].value = pidRow;
+    Memo[rec::opt420mA].flag = False;
+  } else {
+    setTabsAvailable({alarm1Tab}, true);
+    setTabsAvailable({analogTab}, false);
+  }
+  for (Control* current : {&editor.opt020mA, &editor.opt420mA}) current->setEnabled(analog);
+  for (Control* cycle : std::initializer_list<Control*>{&editor.HSOut1CycleT, &editor.lblOut1CycleTDisplay}) {
+    cycle->setEnabled(!analog);
+  }
+  if (!analog) return;
+  if (DeviceState.IsRkw77 == False) {
+    Memo[rec::chkAl1Enabled].value = 0;
+    editor.chkAl1Enabled.setValue(0);
+    setTabsAvailable({alarm1Tab}, false);
+  }
+  setTabsAvailable({analogTab}, true);
+  host().repaint(editor);
+}
+
+void frmHardware::rebuild() {
+  if (ready_) cboModel.setText(makeModel());
+}
+
+void frmHardware::showNumber() {
+  lastPartNumber_ = numberOfChoices();
+  cboModel.setText(lastPartNumber_);
+}
+
+// The number can be chosen but not typed.
+void frmHardware::cboModel_Change() {
+  if (cboModel.text() != lastPartNumber_) cboModel.setText(lastPartNumber_);
+}
+
+void frmHardware::cboModel_Click() {
+  if (loading_) return;
+  DeviceState.ModelIndex = cboModel.listIndex();
+  lastPartNumber_ = BaseModel = cboModel.list(cboModel.listIndex());
+  const std::int32_t code = familyCode(BaseModel);
+  const std::string number = makeModel();
+  chkMonitor_Click();
+  cboModel.setText(number);
+  setFamily(code);
+}
+
+void frmHardware::optOut_Click() {
+  if (!keepNumber_) rebuild();
+}
+
+void frmHardware::lstOption_Click() {
+  if (loading_) return;
+  rebuild();
+  txtAddress.setEnabled(lstOption.listIndex() != 0 && lstOption.listIndex() != 2);
+}
+
+// The three variants exclude each other. Each clears the others, whose own clicks clear it in turn, so that
+// in the end it takes its state again.
+void frmHardware::chkMonitor_Click() {
+  const int chosen = chkMonitor.value();
+  chkSimpleMenu.setValue(0);
+  chkAlarmsOnly.setValue(0);
+  rebuild();
+  const bool outputs = chkMonitor.value() == 0 || namesRkw77(BaseModel);
+  if (!outputs) {
+    setTabsAvailable({alarm1Tab}, true);
+    optOut[analogOutput].setValue(false);
+    setTabsAvailable({analogTab}, false);
+  }
+  for (OptionButton& option : std::span(optOut).first<7>()) option.setEnabled(outputs);
+  setTabsAvailable({6, 7, 8, 9}, outputs);
+  chkMonitor.setValue(chosen);
+  rebuild();
+}
+
+void frmHardware::chkAlarmsOnly_Click() {
+  const int chosen = chkAlarmsOnly.value();
+  chkSimpleMenu.setValue(0);
+  chkMonitor.setValue(0);
+  rebuild();
+  if (chosen != 0) setTabsAvailable({6, 7, 8, 9, analogTab}, false);
+  chkAlarmsOnly.setValue(chosen);
+}
+
+void frmHardware::chkSimpleMenu_Click() {
+  const int chosen = chkSimpleMenu.value();
+  chkMonitor.setValue(0);
+  chkAlarmsOnly.setValue(0);
+  rebuild();
+  chkSimpleMenu.setValue(chosen);
+}
+
+std::int16_t frmHardware::offerOptions(std::span<const std::string_view> rows) {
+  const std::int16_t chosen = lstOption.listIndex();
+  lstOption.clear();
+  for (std::string_view row : rows) lstOption.addItem(row);
+  return chosen;
+}
+
+void frmHardware::setFamily(std::int32_t code) {
+  if (!ready_) return;
+  family_ = code;
+  DeviceState.IsRkw77 = asFlag(code <= 0);
+  loading_ = true;
+  if (DeviceState.IsRkw77 != False) {
+    offerRkw77Line();
+  } else {
+    offerFamily(code);
+  }
+  loading_ = false;
+}
+
+void frmHardware::offerRkw77Line() {
+  for (CheckBox* variant : {&chkAlarmsOnly, &chkSimpleMenu}) {
+    variant->setValue(0);
+    variant->setEnabled(true);
+  }
+  clearAndDisable(chkIsoAnalogOutput);
+  optOut[3].setVisible(true);
+  const int row = offerOptions(std::span(familyOptions).first<2>());
+  lstOption.setListIndex(row == 0 || row == 2 ? 0 : 1);
+  optOut[7].setVisible(true);
+  for (CheckBox* variant : {&chkMonitor, &chkAlarmsOnly, &chkSimpleMenu}) {
+    if (variant->enabled()) clearAndDisable(*variant);
+  }
+}
+
+void frmHardware::offerFamily(std::int32_t code) {
+  clearAndDisable(chkIsoAnalogOutput);
+  optOut[3].setVisible(true);
+  if (optOut[7].value()) {
+    keepNumber_ = true;
+    optOut[4].setValue(true);
+    keepNumber_ = false;
+  }
+  optOut[7].setVisible(false);
+  const bool few = code == withoutEthernet;
+  const int row = offerOptions(std::span(familyOptions).first(few ? 2 : std::size(familyOptions)));
+  if (few) {
+    lstOption.setListIndex(row == 0 || row == 2 ? 0 : 1);
+    optOut[3].setVisible(false);
+  }
+  lstOption.setListIndex(row);
+  for (CheckBox* variant : {&chkMonitor, &chkAlarmsOnly, &chkSimpleMenu}) variant->setEnabled(true);
+}

@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: MIT
+// The hardware dialog: how it comes up, and what OK and Cancel do.
+#include "dialogs/frmHardware.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "core/Global.h"
+#include "core/Memo.h"
+#include "core/Model.h"
+#include "core/NumberText.h"
+#include "core/PartNumber.h"
+#include "editor/frmBigFolder.h"
+#include "platform/Host.h"
+
+namespace {
+
+constexpr double highestAddress = 199;
+constexpr int defaultRow = 2;  // "Tv[8,16,32]"
+enum : std::int16_t { alarmsOnlyMenu = 1, simpleMenu = 2 };
+
+// Any text as an address; what can't be a number at all is 1.
+double addressOf(const std::string& text) {
+  double address = 1;
+  attempt([&] { address = std::trunc(std::abs(Val(text))); });
+  return std::min(address, highestAddress);
+}
+
+}  // namespace
+
+frmHardware::frmHardware() : Form("frmHardware", "Hardware Setup") {
+  cboModel.editable = true;
+  chkIsoAnalogOutput.setEnabled(false);
+  cboModel.onClick = [this] { cboModel_Click(); };
+  cboModel.onChange = [this] { cboModel_Change(); };
+  chkMonitor.onClick = [this] { chkMonitor_Click(); };
+  chkAlarmsOnly.onClick = [this] { chkAlarmsOnly_Click(); };
+  chkSimpleMenu.onClick = [this] { chkSimpleMenu_Click(); };
+  for (OptionButton& option : optOut) option.onClick = [this] { optOut_Click(); };
+  lstOption.onClick = [this] { lstOption_Click(); };
+  txtAddress.onKeyPress = txtAddress.onValidate = [this] { txtAddress_Validate(); };
+  cmdOk.onClick = [this] { cmdOk_Click(); };
+  cmdCancel.onClick = [this] { cmdCancel_Click(); };
+}
+
+void frmHardware::Form_Load() {
+  loading_ = true;
+  family_ = DeviceState.DeviceClass;
+  try {
+    showUnit();
+    centre();
+    showOutputs();
+    lstOption.setListIndex(Hardware.BusMode);
+    selectListedModel();
+    showAddress();
+    writeDescription();
+    showModel();
+  } catch (const RuntimeError& error) {
+    messageBox("error occurred : (" + numberText(std::int32_t{error.number}) + ")");
+  }
+  ready_ = true;
+  showNumber();
+  loading_ = false;
+}
+
+void frmHardware::showUnit() {
+  if (Memo[rec::menuKind].extra == alarmsOnlyMenu) chkAlarmsOnly.setValue(1);
+  if (Memo[rec::menuKind].extra == simpleMenu) chkSimpleMenu.setValue(1);
+  optOut[7].setVisible(false);
+  if (DeviceState.DeviceClass >= 0) DeviceState.ClassSeen = True;
+  if (DeviceState.DeviceClass == 0) {
+    optOut[7].setVisible(true);
+    for (CheckBox* variant : {&chkAlarmsOnly, &chkMonitor, &chkSimpleMenu}) {
+      variant->setEnabled(false);
+      variant->setValue(0);
+    }
+    lstOption.setListIndex(offerOptions(rkw77Options));
+  }
+  if (DeviceState.AnalogFound != False) optOut[3].setValue(true);
+  chkMonitor.setValue(Memo[rec::monitorOnly].value);
+}
+
+// An output that the family hasn't got can't stay chosen where nobody sees it.
+void frmHardware::showOutputs() {
+  const OutputFit& one = Hardware.Out1;
+  const OutputFit& two = Hardware.Out2;
+  const std::int16_t fits[] = {one.SSR, one.Relay, one.Pulse, one.Analog,
+                               two.SSR, two.Relay, two.Pulse, two.None};
+  for (std::size_t output = 0; output < optOut.size(); ++output) {
+    optOut[output].setValue(fits[output] != False);
+  }
+  if (optOut[7].value() && !(optOut[7].enabled() && optOut[7].visible())) optOut[4].setValue(true);
+}
+
+void frmHardware::showAddress() {
+  txtAddress.setText(formatNumber(static_cast<double>(Hardware.BusAddress), "0000"));
+  txtAddress.setEnabled(lstOption.listIndex() != 0 && lstOption.listIndex() != 2);
+}
+
+void frmHardware::writeDescription() {
+  lblDescription.setCaption(
+      "Please select the options that your meter supports and verify that the model number displayed matches "
+      "your unit's.");
+}
+
+// The row that the part number names wins over the one remembered, which a file knows nothing of.
+void frmHardware::showModel() {
+  ready_ = true;
+  if (DeviceState.ModelIndex >= 0) {
+    if (cboModel.listIndex() < 0) cboModel.setListIndex(DeviceState.ModelIndex);
+    cboModel.setText(makeModel());
+  }
+  chkMonitor.setValue(Memo[rec::monitorOnly].value);
+  if (DeviceState.DeviceClass < 0 && cboModel.listCount() > defaultRow) {
+    cboModel.setListIndex(defaultRow);
+    BaseModel = cboModel.list(defaultRow);
+    family_ = familyCode(BaseModel);
+  }
+}
+
+void frmHardware::selectListedModel() {
+  const int row = listedModelRow(cboModel.items(), Hardware.ModelNumber);
+  if (row < 0) return;
+  cboModel.setListIndex(row);
+  BaseModel = cboModel.list(row);
+}
+
+void frmHardware::showFactoryFit() {
+  ready_ = false;
+  optOut[0].setValue(true);
+  optOut[4].setValue(true);
+  lstOption.setListIndex(0);
+  txtAddress.setEnabled(false);
+  ready_ = true;
+  showNumber();
+}
+
+void frmHardware::Form_Activate() {
+  beforeShowing_ = {DeviceState.IsRkw77, DeviceState.ModelIndex, BaseModel};
+}
+
+bool frmHardware::Form_QueryUnload() {
+  cmdCancel_Click();
+  return true;
+}
+
+void frmHardware::txtAddress_Validate() {
+  txtAddress.setText(formatNumber(addressOf(txtAddress.text()), "0000"));
+}
+
+void frmHardware::cmdOk_Click() {
+  takeOutputs();
+  Hardware.BusMode = lstOption.listIndex();
+  Hardware.ModelNumber = cboModel.text();
+  Hardware.BusAddress = toInt16(addressOf(txtAddress.text()));
+  takeKind();
+  Global.DeviceSpecified = True;
+  form<frmBigFolder>().lblStatus.setCaption(lstOption.list(lstOption.listIndex()));
+  Memo[rec::monitorOnly].value = chkMonitor.value();
+  Memo[rec::menuKind].extra = toInt16(DeviceState.MenuKind);
+  ready_ = false;
+  hide();
+}
+
+void frmHardware::takeOutputs() const {
+  const auto chosen = [this](std::size_t output) { return asFlag(optOut[output].value()); };
+  Hardware.Out1.SSR = chosen(0);
+  Hardware.Out1.Relay = chosen(1);
+  Hardware.Out1.Pulse = chosen(2);
+  Hardware.Out1.Analog = chosen(3);
+  Hardware.Out2.SSR = chosen(4);
+  Hardware.Out2.Relay = chosen(5);
+  Hardware.Out2.Pulse = chosen(6);
+  Hardware.Out2.None = chosen(7);
+}
+
+void frmHardware::takeKind() const {
+  DeviceState.MenuKind = 0;
+  DeviceState.DeviceClass = family_;
+  if (chkAlarmsOnly.value() != 0) DeviceState.MenuKind = alarmsOnlyMenu;
+  if (chkSimpleMenu.value() != 0) DeviceState.MenuKind = simpleMenu;
+}
+
+// The model stays the old one; what the choices have done to the main window stays as well.
+void frmHardware::cmdCancel_Click() {
+  DeviceState.IsRkw77 = beforeShowing_.isRkw77;
+  DeviceState.ModelIndex = beforeShowing_.modelIndex;
+  BaseModel = beforeShowing_.baseModel;
+  hide();
+  ready_ = false;
+}

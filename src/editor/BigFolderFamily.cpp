@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+// Bringing the hardware dialog and the main window into line with the family of the unit.
+#include "core/Model.h"
+#include "dialogs/frmHardware.h"
+#include "editor/frmBigFolder.h"
+
+namespace {
+
+enum : int { alarm1Tab = 4, alarm2Tab = 5, lbAlarmTab = 6, out1Tab = 7, out2Tab = 8, rampSoakTab = 9 };
+constexpr int analogTab = 10;
+
+void clearAndDisable(CheckBox& box) {
+  box.setValue(0);
+  box.setEnabled(false);
+}
+
+void offerRkw77Line(frmHardware& dialog) {
+  dialog.chkAlarmsOnly.setValue(0);
+  dialog.chkSimpleMenu.setValue(0);
+  DeviceState.MenuKind = 0;
+  for (CheckBox* variant :
+       {&dialog.chkAlarmsOnly, &dialog.chkSimpleMenu, &dialog.chkIsoAnalogOutput, &dialog.chkMonitor}) {
+    clearAndDisable(*variant);
+  }
+  dialog.optOut[7].setVisible(true);
+  const int row = dialog.offerOptions(rkw77Options);
+  dialog.lstOption.setListIndex(0);
+  if (row < 2) dialog.lstOption.setListIndex(row);
+}
+
+void offerOtherFamilies(frmHardware& dialog) {
+  dialog.chkAlarmsOnly.setValue(0);
+  if (DeviceState.MenuKind == 1) dialog.chkAlarmsOnly.setValue(1);
+  if (DeviceState.MenuKind == 2) dialog.chkSimpleMenu.setValue(1);
+  dialog.chkAlarmsOnly.setEnabled(true);
+  dialog.chkSimpleMenu.setEnabled(true);
+  dialog.chkAllPartNumbers.setValue(0);
+  clearAndDisable(dialog.chkIsoAnalogOutput);
+  dialog.chkMonitor.setEnabled(true);
+  dialog.chkMonitor.setValue(0);
+  dialog.optOut[3].setVisible(true);
+  dialog.optOut[7].setVisible(false);
+  dialog.lstOption.setListIndex(dialog.offerOptions(familyOptions));
+}
+
+}  // namespace
+
+void frmBigFolder::applyDeviceClass() {
+  if (DeviceState.IsRkw77 != False) {
+    offerRkw77Line(form<frmHardware>());
+    fitToRkw77Line();
+  } else {
+    offerOtherFamilies(form<frmHardware>());
+    fitToOtherFamilies();
+  }
+}
+
+// The Rkw77 line has no colours, no deviation set point and no code of its own to protect them.
+void frmBigFolder::showColorsAndProtection(bool show) {
+  for (Control* control :
+       std::initializer_list<Control*>{&fraIDCode, &chkSPDeviation, &fraColor, &cboNormalColor,
+                                       &lblColorWhenNormal, &lblAl1Color, &cboAl1WhenActiveColor}) {
+    control->setVisible(show);
+  }
+}
+
+void frmBigFolder::fitToRkw77Line() {
+  tabBig.setTabAvailable(alarm1Tab, true);
+  tabBig.setTabAvailable(alarm2Tab, false);
+  Al2Disabled(chkAl2Enabled.value() != 0);
+  tabBig.setTabAvailable(analogTab, false);
+  showColorsAndProtection(false);
+  tabBig.setTabAvailable(out1Tab, true);
+}
+
+void frmBigFolder::fitToOtherFamilies() {
+  Al2Disabled(chkAl2Enabled.value() != 0);
+  tabBig.setTabAvailable(alarm2Tab, true);
+  showColorsAndProtection(true);
+  redrawInputType();
+  if (DeviceState.MenuKind != 1) return;
+  for (int tab : {lbAlarmTab, out1Tab, out2Tab, rampSoakTab}) tabBig.setTabAvailable(tab, false);
+}
+
+// Setting the input type anew redraws what depends on it. A process signal, which is neither of the two,
+// stays chosen.
+void frmBigFolder::redrawInputType() {
+  for (std::size_t chosen : {std::size_t{0}, std::size_t{1}}) {
+    if (!optInType(chosen).value()) continue;
+    optInType(0).setValue(true);
+    optInType(1).setValue(true);
+    optInType(chosen).setValue(true);
+    return;
+  }
+}
