@@ -5,6 +5,7 @@
 #include "core/Model.h"
 #include "core/NumberText.h"
 #include "core/Program.h"
+#include "dialogs/frmCommModeWarning.h"
 #include "dialogs/frmRead.h"
 #include "dialogs/frmSplash.h"
 #include "dialogs/frmWrite.h"
@@ -38,6 +39,7 @@ frmBigFolder::frmBigFolder() : MSComm1(host().makeSerialPort()), fields_(fieldTa
   wireCommTab();
   wireDependentControls();
   wireOutputs();
+  wireEntries();
   firstLooks();
 }
 
@@ -150,6 +152,7 @@ void frmBigFolder::Form_Unload() {
   ::unload<frmRead>();
   ::unload<frmWrite>();
   ::unload<frmSplash>();
+  ::unload<frmCommModeWarning>();
 }
 
 void frmBigFolder::savePreferences() {
