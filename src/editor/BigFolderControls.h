@@ -2,7 +2,7 @@
 // The controls of the main window, tab by tab in reading order, with captions, lists, ranges and tool tips.
 //
 // Option buttons directly inside one frame or page form a group. What hides or shows together lies in one
-// frame.
+// frame. The longer texts are set by frmBigFolder::setFixedTexts.
 #pragma once
 
 #include <string>
@@ -28,21 +28,13 @@ struct BigFolderControls : Form {
   // Tab 0, ID code. The protection levels are committed with tab 1.
   TabPage& pageIDCode = tabBig.page(0);
   Frame fraIDEntry{pageIDCode, "fraIDEntry", "ID code"};
-  Label lblIDInst{fraIDEntry, "lblIDInst",
-                  "To Change the ID Code security feature, enter new four digits value in the ID Code input "
-                  "box below."};
+  Label lblIDInst{fraIDEntry, "lblIDInst"};
   Label lblIDCode{fraIDEntry, "lblIDCode", "ID code"};
   TextBox txtIDCode{fraIDEntry, "txtIDCode",
                     "Four digits; a shorter code is filled up with zeros at its end"};
   Label lblIDWarn{fraIDEntry, "lblIDWarn",
                   "Keep a note of the code: without it the protected settings can't be reached at the unit."};
-  Label lblIDDisabled{
-      fraIDEntry, "lblIDDisabled",
-      "The ID Code security feature is not enabled.\n\n"
-      "ID Code security can prevent unauthorized access to the settings of the controller via the front "
-      "buttons.\n\n"
-      "To enable ID Code security feature, place a check in the ID Code Enable check-box found in the "
-      "L.Brk.Alarm section/tab."};
+  Label lblIDDisabled{fraIDEntry, "lblIDDisabled"};
   Frame fraIDCode{pageIDCode, "fraIDCode", "Protection"};
   ControlArray<OptionButton> optIDCode{fraIDCode, "optIDCode", {"Disable", "Setpoint", "Full"}};
 
@@ -53,8 +45,7 @@ struct BigFolderControls : Form {
   TextBox txtSp2{fraSetpoints, "txtSp2", "Setpoint 2, in the format of the Reading tab"};
   CheckBox chkSPDeviation{fraSetpoints, "chkSPDeviation", "Setpoint 2 is a deviation from setpoint 1",
                           "Checked: setpoint 2 is added to setpoint 1 and follows it"};
-  Label lblSwap{fraSetpoints, "lblSwap",
-                "Specify Setpoint 1 and Setpoint 2 in Degrees for TC and RTD, or counts for Process."};
+  Label lblSwap{fraSetpoints, "lblSwap"};
   Frame fraColor{pageSetpoints, "fraColor", "Display color"};
   Label lblColorWhenNormal{fraColor, "lblColorWhenNormal", "Color when normal"};
   ComboBox cboNormalColor{fraColor,
@@ -208,9 +199,7 @@ struct BigFolderControls : Form {
   Frame fraID{pageLBAlarm, "fraID", "ID code"};
   CheckBox chkIDEnabled{fraID, "chkIDEnabled", "ID Code Enable",
                         "Puts the ID code of the first tab in force"};
-  Label lblIDCodeEn{fraID, "lblIDCodeEn",
-                    "To enable ID Code security feature, place a check in the ID Enable box.\n\n"
-                    "To activate ID Code security feature, enter a non zero value in the ID Code box."};
+  Label lblIDCodeEn{fraID, "lblIDCodeEn"};
   Frame fraTAdjust{pageLBAlarm, "fraTAdjust", "Reading adjust"};
   TextBox txtTAdjust{fraTAdjust, "txtTAdjust", "Added to every reading, in the format of the Reading tab"};
 

@@ -47,9 +47,13 @@ void frmSerial::Form_Activate() {
     unload();
     return;
   }
+  lstNarrative.clear();
   showTarget();
-  const bool serial = Memo[rec::optCommunicationMode].flag != False;
-  if (serial && !serialPath()) return;
+  if (Memo[rec::optCommunicationMode].flag == False) {
+    hide();
+  } else if (!serialPath()) {
+    return;
+  }
   if (Global.DetectionDone == 1) unload();
 }
 

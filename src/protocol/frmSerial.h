@@ -25,7 +25,7 @@ class frmSerial : public Form {
   Picture imgMicro{*this, "imgMicro", "imgMicro"};
   Label lblTarget{*this, "lblTarget"};          // what is being talked to
   Label lblStatus{*this, "lblStatus"};          // the narrative of the present step
-  ListBox lstNarrative{*this, "lstNarrative"};  // the narrative so far, a line for each step
+  ListBox lstNarrative{*this, "lstNarrative"};  // the narrative of the run, a line for each step
   Label lblBar{*this, "lblBar"};
   ProgressBar lblProgress{*this, "lblProgress", fullBar};
   Label lblPercent{*this, "lblPercent"};

@@ -162,6 +162,22 @@ TEST_F(Committing, TakesTheDeadBandOfTheAlarmTabInTheSimpleMenuAlone) {
   }
 }
 
+TEST_F(Committing, TakesTheManualPercentagesOfTheSecondFamilyAsTheBarsStand) {
+  DeviceState.IsRkw77 = True;
+  Memo[rec::HSOut1Low].text = "11";
+  editor.loadMemo(7);
+  editor.writeMemo(7);
+  EXPECT_EQ(Memo[rec::HSOut1Low].text, "0");
+}
+
+TEST_F(Committing, KeepsNoChoiceAsMinusOne) {
+  editor.cboNormalColor.setListIndex(-1);
+  editor.lstTCTypes.setListIndex(-1);
+  editor.reCover();
+  EXPECT_EQ(Memo[rec::cboNormalColor].extra, -1);
+  EXPECT_EQ(Memo[rec::lstTCTypes].value, -1);
+}
+
 TEST_F(Committing, StoresWhatWasTypedWithoutCheckingIt) {
   editor.txtLBATime.setText("99:99:99");
   editor.txtAOutOut2.setText("\xC3\xA4 1E999");

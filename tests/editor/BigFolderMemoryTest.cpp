@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Every record and its control, copied into each other, tab by tab.
-#include <limits>
-
 #include "tests/editor/EditorTest.h"
 
 namespace {
 
 enum Field { text, value, flag, extra };
 
-// One record as its control shows and stores it. Text boxes, scroll bars and the rest are told apart by what
-// `from` and `to` stand for: `from` is what the record holds, `shown` what the control then shows.
+// One record: how its control shows it, and how a change by the user is committed.
 struct Row {
   int index;
   const char* control;

@@ -151,6 +151,17 @@ TEST_F(AutoTune, NeedsAnOutputInPidWithAutoPid) {
   }
 }
 
+TEST_F(AutoTune, IsUntickedUnderSelfControlOnlyWhenNoOutputNeedsIt) {
+  for (int pid : {0, 1}) {
+    editor.chkOut1Self.setValue(0);
+    editor.cboOut1Ctrl.setListIndex(pid);
+    editor.chkOut1Start.setValue(1);
+    editor.chkOut1Self.setValue(1);
+    EXPECT_EQ(editor.chkOut1Start.value(), pid);
+    EXPECT_FALSE(editor.chkOut1Start.enabled());
+  }
+}
+
 TEST_F(AutoTune, IsUntickedWhenSelfControlEndsWithoutAutoPid) {
   editor.cboOut2Ctrl.setListIndex(1);
   editor.chkOut1AutoPID.setValue(0);

@@ -8,6 +8,7 @@
 #include "core/Model.h"
 #include "protocol/SerialChannel.h"
 #include "tests/support/Bench.h"
+#include "tests/support/ProbeBench.h"
 #include "tests/support/ScriptedPort.h"
 
 namespace {
@@ -298,6 +299,44 @@ TEST_F(Registers, NoChangeOutlastsTwelveTimeouts) {
   port.script = inTurn({"\r"});
   EXPECT_EQ(channel.writeSet("07", "26"), "Fail");
   EXPECT_LE(host.clock - 36001.5, 11 * 1.51);
+}
+
+// As the runs use the channel.
+
+class RunRegisters : public ProbeBench {};
+
+TEST_F(RunRegisters, ShowTheValueBehindTheLabelAndChangeIt) {
+  answers = {{"R07", {"R0700", "R0726"}}, {"W0726", {"W07"}}};
+  window.lblStatus.setCaption("Input type\r");
+  window.channel.registerMask = 0xFF;
+  EXPECT_EQ(window.writeSerial("07", "26"), "Success");
+  EXPECT_EQ(narrative, Lines{"Input type\r26\r"});
+  EXPECT_EQ(commands(), (Lines{"*R07", "*W0726", "*R07"}));
+}
+
+TEST_F(RunRegisters, TurnAnEncodersMessageIntoTheResultAndSendNothing) {
+  window.channel.registerMask = 0xFF;
+  for (const std::string message : {"Divide by zero", "", "!", "Fail"}) {
+    startAnew();
+    EXPECT_EQ(window.writeSerial("07", "!" + message), message);
+    EXPECT_EQ(narrative, Lines{"!" + message + "\r"});
+    EXPECT_EQ(port().calls, Lines{});
+  }
+}
+
+TEST_F(RunRegisters, ShowTheValueOfASkippedRegisterToo) {
+  window.channel.registerMask = 0;
+  EXPECT_EQ(window.writeSerial("07", "26"), "Success");
+  EXPECT_EQ(narrative, Lines{"26\r"});
+  EXPECT_EQ(commands(), Lines{});
+}
+
+TEST_F(RunRegisters, AreReadWithoutAWord) {
+  answers = {{"R07", {"R0726"}}};
+  EXPECT_EQ(window.ReadSerial("07"), "R0726");
+  EXPECT_EQ(window.ReadSerial("08"), "Fail");
+  EXPECT_EQ(narrative, Lines{});
+  EXPECT_EQ(window.channel.wiringProblem, False);
 }
 
 }  // namespace

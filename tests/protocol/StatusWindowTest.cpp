@@ -161,6 +161,14 @@ TEST_F(StatusWindow, BeginsEachRunWithCancelAndAnEmptyBar) {
   EXPECT_EQ(caption, "Cancel");
 }
 
+TEST_F(StatusWindow, BeginsItsNarrativeAfreshWithEachRun) {
+  runRead();
+  const Lines first = window().lstNarrative.items();
+  runRead();
+  EXPECT_EQ(window().lstNarrative.items(), first);
+  EXPECT_EQ(first.front(), "Looking for Torvane or LARKSPUR... Got: R02200000 So far so good...");
+}
+
 TEST_F(StatusWindow, SaysWhatItTalksTo) {
   runWrite();
   EXPECT_EQ(window().lblTarget.caption(), "COM 1, 9600,o,7,1");

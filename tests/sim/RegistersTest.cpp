@@ -16,8 +16,7 @@ TEST(Registers, TorvaneUnitHasThirtyThree) { EXPECT_EQ(RegisterBank(Model::tmp).
 TEST(Registers, LarkspurUnitLacksSixAndKeepsItsFamilyCode) {
   const RegisterBank bank(Model::larkspur);
   EXPECT_EQ(bank.indices().size(), 27U);
-  for (const char* index : {"15", "16", "24", "27", "28"})
-    EXPECT_EQ(bank.find(index), nullptr) << index;
+  for (const char* index : {"15", "16", "24", "27", "28"}) EXPECT_EQ(bank.find(index), nullptr) << index;
   ASSERT_NE(bank.find("11"), nullptr);
   EXPECT_TRUE(bank.find("11")->readOnly);
   EXPECT_EQ(bank.hex("11").size(), 6U);

@@ -24,6 +24,14 @@ void ScriptedPort::receive(const std::string& bytes, double after) {
   std::ranges::stable_sort(underway_, {}, &Arrival::at);
 }
 
+void ScriptedPort::forget() {
+  sent.clear();
+  calls.clear();
+  underway_.clear();
+  failAt = 0;
+  staysGone = false;
+}
+
 void ScriptedPort::call(const char* name) const {
   calls.emplace_back(name);
   const int number = static_cast<int>(calls.size());

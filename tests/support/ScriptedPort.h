@@ -35,6 +35,9 @@ class ScriptedPort : public SerialPort {
   // What is heard of a unit that nobody has asked.
   void receive(const std::string& bytes, double after = 0);
 
+  // What was sent and called, and what is still underway, is as if it had never been; a fault is lifted.
+  void forget();
+
   void open() override;
   void close() override;
   bool isOpen() const override;

@@ -9,7 +9,7 @@
 namespace {
 
 constexpr int drawnForFont = 16;  // pixels of line height that the films' own sizes are made for
-constexpr qint64 mostBytes = 16 * 1024 * 1024;
+constexpr qint64 mostBytes = 16LL * 1024 * 1024;
 
 QByteArray bytesOf(const QString& name) {
   QFile file(name);

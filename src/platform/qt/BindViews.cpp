@@ -18,8 +18,9 @@ QColor fromBackColor(std::uint32_t color) {
 }
 
 void showGround(const Label& control, QLabel& widget) {
-  if (!control.backColor()) return;
-  const QColor ground = fromBackColor(*control.backColor());
+  const auto color = control.backColor();
+  if (!color) return;
+  const QColor ground = fromBackColor(*color);
   if (widget.autoFillBackground() && widget.palette().color(QPalette::Window) == ground) return;
   QPalette palette = widget.palette();
   palette.setColor(QPalette::Window, ground);

@@ -81,7 +81,7 @@ std::string obstacle(const std::string& device) {
 
 std::string QtPorts::device(int commPort) {
   if (commPort < 1) return {};
-  const std::string chosen = settings_.value(std::string(programTitle) + "/Ports/" + portName(commPort));
+  std::string chosen = settings_.value(std::string(programTitle) + "/Ports/" + portName(commPort));
   if (!chosen.empty()) return chosen;
   if (isStale(commPort)) {
     present_ = devicesPresent();

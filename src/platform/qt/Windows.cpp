@@ -153,8 +153,7 @@ void Windows::repaint(Form& form) {
 }
 
 QWidget* Windows::front() const {
-  for (auto window = shown_.rbegin(); window != shown_.rend(); ++window) {
-    if (*window) return *window;
-  }
-  return nullptr;
+  const auto found =
+      std::find_if(shown_.rbegin(), shown_.rend(), [](const auto& window) { return !window.isNull(); });
+  return found == shown_.rend() ? nullptr : found->data();
 }

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+// A serial line by system calls alone: the yardstick for the program's own channel.
+#include "BareLine.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/ioctl.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <system_error>
+
+namespace {
+
+constexpr int patience = 2000;  // milliseconds
+
+void setLine(int file) {
+  termios settings{};
+  tcgetattr(file, &settings);
+  cfmakeraw(&settings);
+  cfsetspeed(&settings, B9600);
+  settings.c_cflag &= ~static_cast<tcflag_t>(CSIZE);
+  settings.c_cflag |= CS7 | PARENB | PARODD | CLOCAL | CREAD;
+  tcsetattr(file, TCSANOW, &settings);
+}
+
+}  // namespace
+
+BareLine::BareLine(const std::string& device)
+    : file_(open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC)) {
+  if (file_ < 0) throw std::system_error(errno, std::generic_category(), device);
+  ioctl(file_, TIOCEXCL);
+  setLine(file_);
+}
+
+BareLine::~BareLine() {
+  ioctl(file_, TIOCNXCL);
+  close(file_);
+}
+
+std::string BareLine::exchange(std::string_view bytes) const {
+  std::string reply;
+  if (write(file_, bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size())) return reply;
+  std::array<char, 256> part{};
+  pollfd line{file_, POLLIN, 0};
+  while (!reply.ends_with('\r') && poll(&line, 1, patience) > 0) {
+    const ssize_t size = read(file_, part.data(), part.size());
+    if (size <= 0) break;
+    reply.append(part.data(), static_cast<std::size_t>(size));
+  }
+  return reply;
+}

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+// The program's own forms in their layouts: every control has its widget, shows every change, and can be told
+// apart by its mnemonic.
+#include "platform/qt/Layouts.h"
+
+#include <QAbstractButton>
+#include <QKeySequence>
+#include <QLabel>
+#include <QSet>
+
+#include "dialogs/frmRead.h"
+#include "dialogs/frmSplash.h"
+#include "dialogs/frmWrite.h"
+#include "editor/frmBigFolder.h"
+#include "platform/qt/PictureView.h"
+#include "platform/qt/QtText.h"
+#include "protocol/frmSerial.h"
+#include "qt/TestForm.h"
+
+namespace {
+
+// A form that is bound but not loaded, so that nothing of its life runs.
+template <class Kind>
+class LayoutsTest : public QtTest {
+ protected:
+  ~LayoutsTest() override { host_.release(*form_); }
+
+  QWidget& window() { return host_.window(*form_); }
+  QWidget& widget(const Control& control) {
+    return *window().template findChild<QWidget*>(shown(control.name()));
+  }
+
+  std::shared_ptr<Form> form_ = std::make_shared<Kind>();
+};
+
+using ProgramForms = testing::Types<frmBigFolder, frmRead, frmWrite, frmSerial, frmSplash>;
+TYPED_TEST_SUITE(LayoutsTest, ProgramForms);
+
+TYPED_TEST(LayoutsTest, FitsItsForm) {
+  EXPECT_NO_THROW(this->window());
+  EXPECT_FALSE(this->form_->controls.empty());
+}
+
+TYPED_TEST(LayoutsTest, ShowsStateAndTipOfEveryControl) {
+  for (Control* control : this->form_->controls) {
+    SCOPED_TRACE(control->name());
+    const QWidget& widget = this->widget(*control);
+    for (const bool on : {false, true}) {
+      control->setEnabled(on);
+      EXPECT_EQ(widget.isEnabledTo(widget.parentWidget()), on);
+      control->setVisible(on);
+      EXPECT_EQ(widget.isVisibleTo(widget.parentWidget()), on);
+    }
+    control->setToolTip("tip");
+    EXPECT_EQ(widget.toolTip(), "tip");
+  }
+}
+
+TYPED_TEST(LayoutsTest, FitsALaptopsScreen) {
+  EXPECT_LE(this->window().minimumSizeHint().width(), 1024);
+  EXPECT_LE(this->window().minimumSizeHint().height(), 768 - 64);
+  EXPECT_LE(this->window().sizeHint().width(), 1024);
+}
+
+TYPED_TEST(LayoutsTest, EveryPictureIsInTheProgram) {
+  this->window();
+  for (const Control* control : this->form_->controls) {
+    if (const auto* picture = dynamic_cast<const Picture*>(control)) {
+      EXPECT_TRUE(hasPicture(shown(picture->file()))) << picture->file();
+    }
+    const auto* button = dynamic_cast<const CommandButton*>(control);
+    if (button != nullptr && !button->picture().empty()) {
+      EXPECT_TRUE(hasPicture(shown(button->picture()))) << button->picture();
+    }
+  }
+}
+
+// The page of a tab strip that the widget lies on; empty outside of all pages.
+QString pageOf(const QWidget* widget) {
+  for (; widget != nullptr; widget = widget->parentWidget()) {
+    const QWidget* parent = widget->parentWidget();
+    if (parent != nullptr && parent->objectName().endsWith("_pages")) return widget->objectName();
+  }
+  return {};
+}
+
+QString mnemonicOf(const QWidget& widget) {
+  if (const auto* button = qobject_cast<const QAbstractButton*>(&widget)) {
+    return QKeySequence::mnemonic(button->text()).toString();
+  }
+  const auto* label = qobject_cast<const QLabel*>(&widget);
+  return label != nullptr && label->buddy() != nullptr ? QKeySequence::mnemonic(label->text()).toString()
+                                                       : QString();
+}
+
+TYPED_TEST(LayoutsTest, NoMnemonicStandsTwiceOnAPageWithTheCommands) {
+  QSet<QString> used;
+  QSet<QString> pages{QString()};
+  const auto widgets = this->window().template findChildren<QWidget*>();
+  for (const QWidget* widget : widgets) pages.insert(pageOf(widget));
+  for (const QString& page : pages) {
+    used.clear();
+    for (const QWidget* widget : widgets) {
+      const QString mnemonic = mnemonicOf(*widget);
+      const QString place = pageOf(widget);
+      if (mnemonic.isEmpty() || (!place.isEmpty() && place != page)) continue;
+      EXPECT_FALSE(used.contains(mnemonic))
+          << mnemonic.toStdString() << " of " << widget->objectName().toStdString();
+      used.insert(mnemonic);
+    }
+  }
+}
+
+}  // namespace
