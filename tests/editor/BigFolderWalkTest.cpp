@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // A user who does anything in any order, on any unit and over any image: the form takes it all.
-#include "dialogs/frmWarning.h"
 #include "tests/editor/EditorTest.h"
 #include "tests/support/RandomMemo.h"
 

@@ -3,7 +3,6 @@
 #include <random>
 
 #include "core/NumberText.h"
-#include "dialogs/frmWarning.h"
 #include "editor/EntryRules.h"
 #include "tests/editor/EditorTest.h"
 #include "tests/support/RandomMemo.h"
@@ -297,10 +296,9 @@ TEST_F(DecimalPoint, RepairsSetPointsAndBandInItsPictureAndTheOldRange) {
 }
 
 TEST_F(DecimalPoint, IsSilentWhileASetupComesIn) {
-  Memo[rec::optDpoint + 1].flag = False;
-  Memo[rec::optDpoint].flag = True;
-  Memo[rec::txtSp1].text = "5";
   host.whenShown("frmRead", [&] {
+    chooseFormat(0);
+    Memo[rec::txtSp1].text = "5";
     for (std::int16_t tab = 0; tab < 12; ++tab) editor.loadMemo(tab);
     form<frmRead>().userClosed();
   });

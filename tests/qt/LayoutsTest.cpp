@@ -8,8 +8,10 @@
 #include <QLabel>
 #include <QSet>
 
+#include "dialogs/frmCommModeWarning.h"
 #include "dialogs/frmRead.h"
 #include "dialogs/frmSplash.h"
+#include "dialogs/frmWarning.h"
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
 #include "platform/qt/PictureView.h"
@@ -33,7 +35,8 @@ class LayoutsTest : public QtTest {
   std::shared_ptr<Form> form_ = std::make_shared<Kind>();
 };
 
-using ProgramForms = testing::Types<frmBigFolder, frmRead, frmWrite, frmSerial, frmSplash>;
+using ProgramForms =
+    testing::Types<frmBigFolder, frmRead, frmWrite, frmSerial, frmSplash, frmWarning, frmCommModeWarning>;
 TYPED_TEST_SUITE(LayoutsTest, ProgramForms);
 
 TYPED_TEST(LayoutsTest, FitsItsForm) {

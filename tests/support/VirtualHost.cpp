@@ -14,12 +14,10 @@ namespace {
 
 constexpr int hopeless = 20000;  // waits in a row in which nothing happens
 
-std::function<bool()> inFront(const std::string& formName) {
-  return [formName] {
-    const auto forms = loadedForms();
-    return std::ranges::any_of(
-        forms, [&](const auto& form) { return form->containerName() == formName && form->reachable(); });
-  };
+bool isInFront(const std::string& formName) {
+  const auto forms = loadedForms();
+  return std::ranges::any_of(
+      forms, [&](const auto& form) { return form->containerName() == formName && form->reachable(); });
 }
 
 }  // namespace
@@ -37,11 +35,11 @@ void VirtualHost::expect(std::function<bool()> when, std::function<void()> act) 
 }
 
 void VirtualHost::whenShown(const std::string& formName, std::function<void()> act) {
-  expect(inFront(formName), std::move(act));
+  expect([formName] { return isInFront(formName); }, std::move(act));
 }
 
 void VirtualHost::whenever(const std::string& formName, std::function<void()> act) {
-  habits_.push_back({inFront(formName), std::move(act)});
+  habits_[formName] = std::move(act);
 }
 
 void VirtualHost::expectBox(const std::string& part, Answer answer, std::function<void()> meanwhile) {
@@ -55,10 +53,10 @@ void VirtualHost::letUserAct() {
     idleInARow_ = 0;
     return act();
   }
-  const auto habit = std::ranges::find_if(habits_, [](const Act& act) { return act.when(); });
+  const auto habit = std::ranges::find_if(habits_, [](const auto& each) { return isInFront(each.first); });
   if (habit == habits_.end()) return;
   idleInARow_ = 0;
-  habit->act();
+  habit->second();
 }
 
 void VirtualHost::yield() {
