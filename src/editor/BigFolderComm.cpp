@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The communication tab: how this computer reaches the unit.
 #include "core/NumberText.h"
+#include "dialogs/frmCommModeWarning.h"
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
@@ -14,20 +15,33 @@ constexpr std::uint32_t red = 0x0000FF;  // red is the low byte
 constexpr int initialPort = 1000;
 constexpr int typicalPort = 2000;
 
+// Told beside the main window, and not again while it still stands there. While a run or a dialog has the
+// screen, it waits behind it.
+void warnOfModeChange() {
+  attempt([] { form<frmCommModeWarning>().show(); });
+}
+
 }  // namespace
 
 void frmBigFolder::wireCommTab() {
   for (ComboBox* setting : {&cboBaud, &cboParity, &cboData, &cboStop}) {
     setting->onClick = [this] { makeCommSetting(); };
   }
-  cboCommPort.onClick = [this] { cboCommPort_Click(); };
+  cboCommPort.onClick = cboCommPort.onUse = [this] { cboCommPort_Click(); };
   for (int index : {0, 1}) {
     optCommunicationMode(static_cast<std::size_t>(index)).onClick = [this, index] {
       optCommunicationMode_Click(index);
     };
   }
-  optRS232.onClick = [this] { txtRS485Address.setEnabled(false); };
-  optRS485.onClick = [this] { txtRS485Address.setEnabled(true); };
+  optRS232.onClick = [this] {
+    txtRS485Address.setEnabled(false);
+    warnOfModeChange();
+  };
+  optRS485.onClick = [this] {
+    txtRS485Address.setEnabled(true);
+    warnOfModeChange();
+  };
+  txtRS485Address.onChange = warnOfModeChange;
   optPortNum(0).onClick = [this] { txtTCPPort.setText("1000"); };
   optPortNum(1).onClick = [this] { txtTCPPort.setText("2000"); };
   txtTCPIPAddress.onChange = [this] { showNetworkTarget(); };
@@ -51,23 +65,28 @@ void frmBigFolder::cboCommPort_Click() {
   const int port = cboCommPort.listIndex() + 1;
   if (port == 0) {
     cboCommPort.setText("unselect");
-    showPortState(white, "Port is unselected");
+    cboCommPort.setToolTip(portListTip);
+    cboCommPort.setToolTip(portListTip);
+    showPortState(white, "Port is unselected", "");
     return;
   }
   MSComm1->commPort = port;
+  const std::string hint = host().serialPortHint(port);
+  cboCommPort.setToolTip(hint);
   try {
     MSComm1->open();
-    showPortState(green, "Port is available");
+    showPortState(green, "Port is available", hint);
     MSComm1->close();
   } catch (const RuntimeError& error) {
-    showPortState(red, error.what());
+    showPortState(red, error.what(), hint);
   }
-  cboCommPort.setToolTip(host().serialPortHint(port));
 }
 
-void frmBigFolder::showPortState(std::uint32_t color, std::string_view words) {
+// The words of a fault are the system's; the hint says what to do about it.
+void frmBigFolder::showPortState(std::uint32_t color, std::string_view words, std::string_view hint) {
   lblCommStat.setBackColor(color);
   lblCommStat.setCaption(words);
+  lblCommStat.setToolTip(hint);
 }
 
 void frmBigFolder::optCommunicationMode_Click(int index) {

@@ -15,6 +15,10 @@ BigFolderControls::BigFolderControls() : Form("frmBigFolder", program::title) {
   optRS232.setToolTip("A write sets the unit to RS-232");
   optRS485.setToolTip("A write sets the unit to RS-485 with the address below");
 
+  // As in the factory setup, so that showing that for the first time changes nothing and warns of nothing.
+  optDpoint(1).setValue(true);
+  txtRS485Address.setText("0001");
+
   // Dead bands stand on the alarm tabs only in the simple menu, and the program starts with the full one.
   fraAl1Deadband.setVisible(false);
   fraAl2Deadband.setVisible(false);

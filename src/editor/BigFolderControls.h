@@ -15,6 +15,8 @@ struct Drawing : Picture {
   Drawing(Container& container, const std::string& name) : Picture(container, name, name) {}
 };
 
+inline constexpr const char* portListTip = "Serial port of this computer";  // while none is chosen
+
 struct BigFolderControls : Form {
   BigFolderControls();
 
@@ -282,10 +284,7 @@ struct BigFolderControls : Form {
   Label lblAutoDet{fraAutoDetect, "lblAutoDet"};
   CommandButton cmdAutoDetect{fraAutoDetect, "cmdAutoDetect", "Connect", "Auto connect and verification"};
   Frame fraSerialManualSet{pageComm, "fraSerialManualSet", "Manual Setup"};
-  ComboBox cboCommPort{fraSerialManualSet,
-                       "cboCommPort",
-                       {"COM 1", "COM 2", "COM 3", "COM 4"},
-                       "Serial port of this computer"};
+  ComboBox cboCommPort{fraSerialManualSet, "cboCommPort", {"COM 1", "COM 2", "COM 3", "COM 4"}, portListTip};
   Label lblCommStat{fraSerialManualSet, "lblCommStat"};
   ComboBox cboBaud{fraSerialManualSet,
                    "cboBaud",

@@ -6,6 +6,7 @@
 #include "core/NumberText.h"
 #include "core/PartNumber.h"
 #include "core/Program.h"
+#include "dialogs/frmCommModeWarning.h"
 #include "dialogs/frmHardware.h"
 #include "dialogs/frmRead.h"
 #include "dialogs/frmSplash.h"
@@ -41,6 +42,7 @@ frmBigFolder::frmBigFolder() : MSComm1(host().makeSerialPort()), fields_(fieldTa
   wireCommTab();
   wireDependentControls();
   wireOutputs();
+  wireEntries();
   firstLooks();
 }
 
@@ -156,6 +158,7 @@ void frmBigFolder::Form_Unload() {
   ::unload<frmRead>();
   ::unload<frmWrite>();
   ::unload<frmSplash>();
+  ::unload<frmCommModeWarning>();
 }
 
 void frmBigFolder::savePreferences() {

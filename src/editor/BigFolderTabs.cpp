@@ -46,20 +46,6 @@ void frmBigFolder::SaveCurrentTab() {
   if (tabBig.tab() == commTab) tabBig_Click(commTab);
 }
 
-// The boxes that depend on the reading format are committed as they come on show.
-void frmBigFolder::reForm() {
-  switch (tabBig.tab()) {
-    case 1:
-    case 4:
-    case 5:
-    case 7:
-      writeMemo(tabBig.tab());
-      break;
-    default:
-      break;
-  }
-}
-
 void frmBigFolder::cmdReset_Click() { loadMemo(tabBig.tab()); }
 
 void frmBigFolder::cmdNext_Click() { stepTab(1); }

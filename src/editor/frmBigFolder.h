@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <variant>
@@ -13,6 +14,8 @@
 #include "core/Registry.h"
 #include "editor/BigFolderControls.h"
 #include "platform/SerialPort.h"
+
+struct EntryField;
 
 inline constexpr const char* serialAutoDetect =
     "Find my device. Required Comm params to be: 9600 Baud, Odd Parity, 7 Databits, 1 Stop bit, Echo: On, "
@@ -44,7 +47,6 @@ class frmBigFolder : public BigFolderControls {
   // Tabs and buttons.
   void tabBig_Click(std::int16_t previousTab);
   void SaveCurrentTab();
-  void reForm();
   void cmdReset_Click();
   void cmdNext_Click();
   void cmdPrev_Click();
@@ -60,6 +62,11 @@ class frmBigFolder : public BigFolderControls {
   void makeCommSetting();
   void cboCommPort_Click();
   void optCommunicationMode_Click(int index);
+
+  // Entries. A box repairs its text on Enter and on leaving, and says so unless warnings are off; it never
+  // keeps the user back.
+  void reForm();  // repairs and commits what depends on the reading format, on the tab on show
+  void optDpoint_Click(int index);
 
   // Dependent controls.
   void Al1Disabled(bool enable);
@@ -94,7 +101,10 @@ class frmBigFolder : public BigFolderControls {
   void wireTabs();
   void firstLooks();
   void wireCommTab();
-  void showPortState(std::uint32_t color, std::string_view words);
+  void wireEntries();
+  void validate(TextBox& box, const EntryField& field);
+  void validate(std::initializer_list<TextBox*> boxes);
+  void showPortState(std::uint32_t color, std::string_view words, std::string_view hint);
   void showNetworkTarget();
   void pickPortOption();
   void wireDependentControls();

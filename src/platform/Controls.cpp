@@ -146,8 +146,12 @@ void ListControl::clear() {
   redraw();
 }
 
+void ListControl::userOpened() {
+  act([this] { raise(onUse); });
+}
+
 void ListControl::userChose(int index) {
-  act([=, this] { setListIndex(index); });
+  act([=, this] { index == listIndex_ ? raise(onUse) : setListIndex(index); });
 }
 
 void ComboBox::setText(std::string_view text) {

@@ -247,9 +247,11 @@ class ListControl : public Control {
   void removeItem(int index);
   void clear();
 
+  void userOpened();  // the list was dropped down
   void userChose(int index);
 
   Handler onClick;
+  Handler onUse;  // the user opened the list, or chose what was chosen already
 
  protected:
   virtual void indexChanged() {}

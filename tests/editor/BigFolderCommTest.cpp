@@ -57,6 +57,28 @@ TEST_F(PortState, TellsWhichDeviceThePortIs) {
   EXPECT_EQ(editor.cboCommPort.toolTip(), "COM 3 here");
 }
 
+TEST_F(PortState, TellsWhatToDoBesideTheWordsOfTheFault) {
+  host.lines[2].openFault = "Permission denied";
+  showTab(11);
+  editor.cboCommPort.userChose(1);
+  EXPECT_EQ(editor.lblCommStat.toolTip(), "COM 2 here");
+  editor.cboCommPort.setListIndex(-1);
+  EXPECT_EQ(editor.lblCommStat.toolTip(), "");
+  EXPECT_EQ(editor.cboCommPort.toolTip(), "Serial port of this computer");
+}
+
+TEST_F(PortState, IsTestedAgainWhenTheListIsUsed) {
+  showTab(11);
+  editor.cboCommPort.userChose(1);
+  EXPECT_EQ(editor.lblCommStat.caption(), "No such file or directory");
+  host.lines[2].unit = &unit;
+  editor.cboCommPort.userOpened();
+  EXPECT_EQ(editor.lblCommStat.caption(), "Port is available");
+  host.lines.erase(2);
+  editor.cboCommPort.userChose(1);
+  EXPECT_EQ(editor.lblCommStat.caption(), "No such file or directory");
+}
+
 TEST_F(PortState, KnowsFourPorts) {
   editor.cboCommPort.userChose(4);
   EXPECT_EQ(editor.cboCommPort.listIndex(), -1);

@@ -13,9 +13,11 @@
 #include <QSet>
 #include <QWheelEvent>
 
+#include "dialogs/frmCommModeWarning.h"
 #include "dialogs/frmHardware.h"
 #include "dialogs/frmRead.h"
 #include "dialogs/frmSplash.h"
+#include "dialogs/frmWarning.h"
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
 #include "platform/qt/PictureView.h"
@@ -39,7 +41,8 @@ class LayoutsTest : public QtTest {
   std::shared_ptr<Form> form_ = std::make_shared<Kind>();
 };
 
-using ProgramForms = testing::Types<frmBigFolder, frmHardware, frmRead, frmWrite, frmSerial, frmSplash>;
+using ProgramForms = testing::Types<frmBigFolder, frmHardware, frmRead, frmWrite, frmSerial, frmSplash,
+                                    frmWarning, frmCommModeWarning>;
 TYPED_TEST_SUITE(LayoutsTest, ProgramForms);
 
 TYPED_TEST(LayoutsTest, FitsItsForm) {

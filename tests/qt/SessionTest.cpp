@@ -13,9 +13,11 @@
 #include <memory>
 
 #include "core/Global.h"
+#include "core/Memo.h"
 #include "core/Model.h"
 #include "dialogs/frmHardware.h"
 #include "dialogs/frmRead.h"
+#include "dialogs/frmWarning.h"
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
 #include "protocol/frmSerial.h"
@@ -37,6 +39,7 @@ class Session : public ::testing::Test {
     setHost(user);
     user->saveSetting("Torvane Configuration/Persist/CommPort", "-1");
     user->saveSetting("Torvane Configuration/Persist/Baud", "5");
+    user->saveSetting("Torvane Configuration/Persist/Warn", "True");
     form<frmBigFolder>();
     user->whenShown("frmHardware", [] { click(*user, form<frmHardware>(), "cmdOk"); });
     click(*user, editor(), "cmdCnfg");
@@ -134,6 +137,24 @@ TEST_F(Session, WhatIsTypedReachesTheUnitAndWhatTheUnitHoldsIsShown) {
   EXPECT_FALSE(widget<QCheckBox>(*user, editor(), "chkAl1Enabled").isChecked());
   EXPECT_TRUE(widget<QCheckBox>(*user, editor(), "chkAl1AutoPOn").isChecked());
   EXPECT_EQ(widget<QComboBox>(*user, editor(), "cboNormalColor").currentText(), "Amber");
+}
+
+TEST_F(Session, AWarningComesBeforeWhatTheClickDoes) {
+  Global.WarningsOff = False;
+  clickTab(*user, editor(), "tabBig", 1);
+  type(*user, editor(), "txtSp1", "5000");
+  user->whenShown("frmWarning", [] {
+    EXPECT_EQ(shown("txtSp1"), "5000");
+    EXPECT_FALSE(isLoaded<frmWrite>());
+    click(*user, form<frmWarning>(), "cmdOk");
+  });
+  user->whenShown("frmWrite", [] {
+    EXPECT_EQ(shown("txtSp1"), "999.9");
+    EXPECT_EQ(Memo[rec::txtSp1].text, "999.9");
+    click(*user, form<frmWrite>(), "cmdCancel");
+  });
+  click(*user, editor(), "cmdWrite");
+  Global.WarningsOff = True;
 }
 
 TEST_F(Session, ASecondWriteSendsNothing) {

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
 // What the user's deeds on the widgets do to the controls.
+#include <QAbstractItemView>
+#include <QTimer>
+
 #include "platform/qt/Bindings.h"
 #include "qt/TestForm.h"
 
@@ -167,6 +170,25 @@ TEST_F(UserTest, TheValidatorRunsBeforeWhatTheUserTurnsTo) {
   EXPECT_THAT(log_, ElementsAre("validate", "go", "validate", "go"));
 }
 
+// A validator's warning stands until it is closed; only then does the click act.
+TEST_F(UserTest, AWarningOfTheValidatorComesBeforeTheClick) {
+  auto& test = show();
+  test.txtValue.onValidate = [&] {
+    QTimer::singleShot(0, [&] {
+      log_.emplace_back("warning");
+      QApplication::activeModalWidget()->close();
+    });
+    host_.messageBox("Repaired", "", Icon::none, Buttons::ok);
+    test.txtValue.setText("7");
+  };
+  test.cmdGo.onClick = [&] { log_.push_back("go with " + test.txtValue.text()); };
+  widget<QLineEdit>("txtValue").setFocus();
+  type("txtValue", "1");
+  click("cmdGo");
+  EXPECT_THAT(log_, ElementsAre("warning", "go with 7"));
+  EXPECT_FALSE(widget<QPushButton>("cmdGo").isDown());
+}
+
 TEST_F(UserTest, TheValidatorRunsBeforeATabChanges) {
   auto& test = show();
   test.txtValue.onValidate = [&] { log_.push_back("validate on " + std::to_string(test.tabBig.tab())); };
@@ -233,6 +255,19 @@ TEST_F(UserTest, ChoosesInACombo) {
   EXPECT_EQ(test.cboBaud.listIndex(), 1);
   EXPECT_EQ(test.cboBaud.text(), "600");
   EXPECT_THAT(log_, ElementsAre("combo"));
+}
+
+TEST_F(UserTest, OpeningAListIsNoticedAndSoIsChoosingTheSameAgain) {
+  auto& test = show(1);
+  test.cboBaud.setListIndex(1);
+  test.cboBaud.onUse = note("use");
+  test.cboBaud.onClick = note("click");
+  auto& combo = widget<QComboBox>("cboBaud");
+  combo.showPopup();
+  EXPECT_THAT(log_, ElementsAre("use"));
+  QTest::keyClick(combo.view(), Qt::Key_Return);
+  EXPECT_THAT(log_, ElementsAre("use", "use"));
+  EXPECT_EQ(test.cboBaud.listIndex(), 1);
 }
 
 TEST_F(UserTest, TypesIntoAnEditableCombo) {

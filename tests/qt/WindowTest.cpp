@@ -28,10 +28,25 @@ struct OtherForm : Form {
   int activations = 0;
 };
 
+void buildBeside(QWidget& window) {
+  window.setObjectName("frmBeside");
+  window.setProperty("beside", true);
+}
+
+struct BesideForm : Form {
+  BesideForm() : Form("frmBeside", "Beside") {}
+};
+
 class WindowTest : public QtTest {
  protected:
-  WindowTest() { layouts().push_back({"frmOther", buildOther}); }
-  ~WindowTest() override { layouts().pop_back(); }
+  WindowTest() {
+    layouts().push_back({"frmOther", buildOther});
+    layouts().push_back({"frmBeside", buildBeside});
+  }
+  ~WindowTest() override {
+    layouts().pop_back();
+    layouts().pop_back();
+  }
 };
 
 TEST_F(WindowTest, ShowsAndHides) {
@@ -81,6 +96,36 @@ TEST_F(WindowTest, EscapeLeavesAModelessWindowOpen) {
   auto& test = show();
   QTest::keyClick(&host_.window(test), Qt::Key_Escape);
   EXPECT_TRUE(host_.window(test).isVisible());
+}
+
+TEST_F(WindowTest, AWindowBesideLeavesTheKeyboardWhereItIs) {
+  auto& below = show();
+  widget<QLineEdit>("txtValue").setFocus();
+  auto& beside = form<BesideForm>();
+  beside.show();
+  host_.yield();
+  EXPECT_TRUE(host_.window(beside).isVisible());
+  EXPECT_TRUE(host_.window(beside).testAttribute(Qt::WA_ShowWithoutActivating));
+  EXPECT_EQ(host_.window(beside).windowHandle()->transientParent(), host_.window(below).windowHandle());
+  EXPECT_EQ(QApplication::focusWidget(), &widget<QLineEdit>("txtValue"));
+}
+
+TEST_F(WindowTest, AWindowShownUnderADialogIsThereWhenTheDialogHasGone) {
+  show();
+  auto& dialog = form<OtherForm>();
+  auto& beside = form<BesideForm>();
+  QTimer::singleShot(0, [&] {
+    beside.show();
+    host_.yield();
+    EXPECT_TRUE(host_.window(beside).isVisible());
+    EXPECT_FALSE(beside.reachable());
+    EXPECT_EQ(QApplication::activeWindow(), &host_.window(dialog));
+    host_.window(dialog).findChild<QPushButton*>("cmdHide")->click();
+  });
+  dialog.cmdHide.onClick = [&] { dialog.hide(); };
+  dialog.showModal();
+  EXPECT_TRUE(host_.window(beside).isVisible());
+  EXPECT_TRUE(beside.reachable());
 }
 
 TEST_F(WindowTest, ABoxOverAFormIsNoNewShowing) {

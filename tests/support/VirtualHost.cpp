@@ -11,8 +11,16 @@
 #include "tests/support/VirtualPort.h"
 
 namespace {
+
 constexpr int hopeless = 20000;  // waits in a row in which nothing happens
+
+bool isInFront(const std::string& formName) {
+  const auto forms = loadedForms();
+  return std::ranges::any_of(
+      forms, [&](const auto& form) { return form->containerName() == formName && form->reachable(); });
 }
+
+}  // namespace
 
 VirtualHost::VirtualHost() { setHost(this); }
 
@@ -27,13 +35,11 @@ void VirtualHost::expect(std::function<bool()> when, std::function<void()> act) 
 }
 
 void VirtualHost::whenShown(const std::string& formName, std::function<void()> act) {
-  expect(
-      [formName] {
-        const auto forms = loadedForms();
-        return std::ranges::any_of(
-            forms, [&](const auto& form) { return form->containerName() == formName && form->reachable(); });
-      },
-      std::move(act));
+  expect([formName] { return isInFront(formName); }, std::move(act));
+}
+
+void VirtualHost::whenever(const std::string& formName, std::function<void()> act) {
+  habits_[formName] = std::move(act);
 }
 
 void VirtualHost::expectBox(const std::string& part, Answer answer, std::function<void()> meanwhile) {
@@ -41,11 +47,16 @@ void VirtualHost::expectBox(const std::string& part, Answer answer, std::functio
 }
 
 void VirtualHost::letUserAct() {
-  if (script_.empty() || !script_.front().when()) return;
-  const auto act = script_.front().act;
-  script_.pop_front();
+  if (!script_.empty() && script_.front().when()) {
+    const auto act = script_.front().act;
+    script_.pop_front();
+    idleInARow_ = 0;
+    return act();
+  }
+  const auto habit = std::ranges::find_if(habits_, [](const auto& each) { return isInFront(each.first); });
+  if (habit == habits_.end()) return;
   idleInARow_ = 0;
-  act();
+  habit->second();
 }
 
 void VirtualHost::yield() {

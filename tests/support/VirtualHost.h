@@ -47,6 +47,9 @@ class VirtualHost : public Host {
   // The user acts once `when` holds, at the next wait. Acts follow each other in order.
   void expect(std::function<bool()> when, std::function<void()> act);
   void whenShown(const std::string& formName, std::function<void()> act);
+  // What the user does at every wait in which the form is in front and the script has nothing to do; the last
+  // word for a form counts.
+  void whenever(const std::string& formName, std::function<void()> act);
   bool scriptDone() const { return script_.empty(); }
 
   // Boxes: each must have been announced, by a part of its text, or the test fails.
@@ -86,6 +89,7 @@ class VirtualHost : public Host {
   void letUserAct();
 
   std::deque<Act> script_;
+  std::map<std::string, std::function<void()>> habits_;  // by form name
   std::deque<Announced> announced_;
   int idleInARow_ = 0;
 };

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
 // List boxes and combo boxes.
+#include <QAbstractItemView>
+#include <QEvent>
+
 #include "platform/qt/Bindings.h"
 #include "platform/qt/QtText.h"
 
@@ -54,6 +57,21 @@ void showCombo(const ComboBox& control, QComboBox& widget) {
   if (widget.isEditable() && widget.currentText() != text) widget.setEditText(text);
 }
 
+// The toolkit has no signal for a list that drops down.
+class DropDown : public QObject {
+ public:
+  DropDown(Binding* binding, ComboBox& control) : QObject(binding), binding_(*binding), control_(control) {}
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Show) binding_.userDid([this] { control_.userOpened(); });
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  Binding& binding_;
+  ComboBox& control_;
+};
+
 void letUserType(Binding* binding, ComboBox& control, QComboBox& widget) {
   widget.setEditable(true);
   widget.setInsertPolicy(QComboBox::NoInsert);
@@ -81,6 +99,7 @@ Binding* bind(ListBox& control, QListWidget& widget) {
 Binding* bind(ComboBox& control, QComboBox& widget) {
   auto* binding = new Binding(control, widget, [&] { showCombo(control, widget); });
   if (control.editable) letUserType(binding, control, widget);
+  widget.view()->installEventFilter(new DropDown(binding, control));
   QObject::connect(&widget, &QComboBox::activated, binding,
                    [=, &control](int index) { binding->userDid([&] { control.userChose(index); }); });
   return binding;

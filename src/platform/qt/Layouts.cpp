@@ -3,10 +3,12 @@
 #include "platform/qt/Layouts.h"
 
 #include "ui_frmBigFolder.h"
+#include "ui_frmCommModeWarning.h"
 #include "ui_frmHardware.h"
 #include "ui_frmRead.h"
 #include "ui_frmSerial.h"
 #include "ui_frmSplash.h"
+#include "ui_frmWarning.h"
 #include "ui_frmWrite.h"
 
 namespace {
@@ -20,9 +22,10 @@ void build(QWidget& window) {
 
 std::vector<Layout>& layouts() {
   static std::vector<Layout> table = {
-      {"frmBigFolder", build<Ui::frmBigFolder>}, {"frmHardware", build<Ui::frmHardware>},
-      {"frmRead", build<Ui::frmRead>},           {"frmSerial", build<Ui::frmSerial>},
-      {"frmSplash", build<Ui::frmSplash>},       {"frmWrite", build<Ui::frmWrite>},
+      {"frmBigFolder", build<Ui::frmBigFolder>}, {"frmCommModeWarning", build<Ui::frmCommModeWarning>},
+      {"frmHardware", build<Ui::frmHardware>},   {"frmRead", build<Ui::frmRead>},
+      {"frmSerial", build<Ui::frmSerial>},       {"frmSplash", build<Ui::frmSplash>},
+      {"frmWarning", build<Ui::frmWarning>},     {"frmWrite", build<Ui::frmWrite>},
   };
   return table;
 }

@@ -97,6 +97,7 @@ bool QtPorts::isStale(int commPort) const {
 }
 
 std::string QtPorts::hint(int commPort) {
+  age_.invalidate();
   const std::string path = device(commPort);
   const std::string name = portName(commPort);
   if (path.empty()) {

@@ -16,7 +16,8 @@ class QtPorts {
   // serial device present, in the system's order; empty if there is none. The system's list is read at most
   // once in two seconds, since every register opens the port afresh.
   std::string device(int commPort);
-  // The same in words, with the reason if it can't be opened.
+  // The same in words, with the reason if it can't be opened. Reads the system's list anew: who asks for it
+  // looks at the ports, and one may have come or gone.
   std::string hint(int commPort);
 
  private:

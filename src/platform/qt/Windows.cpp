@@ -46,16 +46,18 @@ void FormWindow::release() {
   deleteLater();
 }
 
-void FormWindow::showOver(QWidget* below, bool modal) {
+void FormWindow::showOver(QWidget* below, bool modal, bool takesKeyboard) {
+  const bool beside = property("beside").toBool();
   setFirstSize();
+  setAttribute(Qt::WA_ShowWithoutActivating, beside || !takesKeyboard);
   setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
   if (modal) setWindowFlag(Qt::Dialog);
   create();
-  if (below != nullptr && modal) windowHandle()->setTransientParent(below->windowHandle());
+  if (below != nullptr && (modal || beside)) windowHandle()->setTransientParent(below->windowHandle());
   placeOver(modal ? below : nullptr);
   QWidget::show();
   raise();
-  activateWindow();
+  if (!testAttribute(Qt::WA_ShowWithoutActivating)) activateWindow();
 }
 
 // The room that the layout asks for, within the screen.
@@ -129,9 +131,15 @@ FormWindow& Windows::of(Form& form) {
 void Windows::show(Form& form, bool modal) {
   FormWindow& window = of(form);
   std::erase(shown_, &window);
-  QWidget* below = front();
-  shown_.emplace_back(&window);
-  window.showOver(below, modal);
+  const auto waiting = [](const auto& shown) { return shown && shown->isModal(); };
+  auto place = modal ? shown_.end() : std::ranges::find_if(shown_, waiting);
+  QWidget* below = place == shown_.begin() ? nullptr : std::prev(place)->data();
+  place = shown_.insert(place, QPointer(&window));
+  const std::vector above(std::next(place), shown_.end());
+  window.showOver(below, modal, above.empty());
+  for (const auto& shown : above) {
+    if (shown) shown->raise();
+  }
 }
 
 void Windows::hide(Form& form) {

@@ -12,15 +12,16 @@
 class QPushButton;
 
 // A top level widget that tells its form what happens to it. The layout may ask for a splash window, without
-// a frame, by the dynamic property "splash".
+// a frame, by the dynamic property "splash", and for one that leaves the keyboard where it is, by "beside".
 class FormWindow : public QWidget {
  public:
   // Lays the form out and binds it; std::logic_error if it has no layout or doesn't fit it.
   explicit FormWindow(Form& form);
 
-  void showOver(QWidget* below, bool modal);  // `below` may be null
-  void centre();                              // on the screen; also when it is shown next
-  void release();                             // the form is about to end
+  // `below` may be null. Without the keyboard, the user goes on typing where he is.
+  void showOver(QWidget* below, bool modal, bool takesKeyboard);
+  void centre();   // on the screen; also when it is shown next
+  void release();  // the form is about to end
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -52,5 +53,6 @@ class Windows {
 
  private:
   std::map<const Form*, QPointer<FormWindow>> windows_;
-  std::vector<QPointer<FormWindow>> shown_;  // the last one shown last
+  // The one in front last. One that is shown while modal ones wait for an answer lies beneath these.
+  std::vector<QPointer<FormWindow>> shown_;
 };

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+// What a change of the unit's serial bus brings about, told beside the main window.
+#pragma once
+
+#include "platform/Form.h"
+
+class frmCommModeWarning : public Form {
+ public:
+  frmCommModeWarning();
+
+  TextBox txtWarning{*this, "txtWarning"};  // whatever is typed into it, it says the same
+  CommandButton cmdCommWarning{*this, "cmdCommWarning", "Close"};
+
+  void Form_Load() override;
+};

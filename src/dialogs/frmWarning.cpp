@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+// The warning that an entry has been repaired.
+#include "dialogs/frmWarning.h"
+
+#include "core/Global.h"
+#include "core/Model.h"
+
+frmWarning::frmWarning() : Form("frmWarning", "Warning...") {
+  chkWarning.onClick = [this] { Global.WarningsOff = asFlag(chkWarning.value() == 0); };
+  cmdOk.onClick = [this] { hide(); };
+}
+
+void frmWarning::Form_Load() {
+  centre();
+  lblWarning.setCaption(Global.WarningText);
+  chkWarning.setValue(Global.WarningsOff == False ? 1 : 0);
+}

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+// The warning that an entry has been repaired, with the switch that keeps further ones away.
+#pragma once
+
+#include "platform/Form.h"
+
+class frmWarning : public Form {
+ public:
+  frmWarning();
+
+  Label lblWarning{*this, "lblWarning"};
+  CheckBox chkWarning{*this, "chkWarning", "Enabled Warning During Data Entry"};
+  CommandButton cmdOk{*this, "cmdOk", "OK", "Discard change on current tab"};
+
+  void Form_Load() override;  // shows Global.WarningText
+};

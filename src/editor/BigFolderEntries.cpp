@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+// The text boxes repair what is typed: on Enter, on leaving, and where the reading format has changed.
+#include "core/Global.h"
+#include "core/Model.h"
+#include "dialogs/frmWarning.h"
+#include "editor/EntryRules.h"
+#include "editor/frmBigFolder.h"
+#include "platform/Host.h"
+
+namespace {
+
+// While a warning stands, what is repaired beneath it needs no second one.
+void warn() {
+  if (Global.WarningsOff != False) return;
+  if (isLoaded<frmWarning>() && form<frmWarning>().visible()) return;
+  form<frmWarning>().showModal();
+  unload<frmWarning>();
+}
+
+// The largest set point that each place of the decimal point leaves room for, by the option's index. The last
+// one has always been a digit short, which only asks a little early.
+constexpr double setPointLimits[] = {0, 999.9, 99.99, 9.99};
+
+}  // namespace
+
+void frmBigFolder::wireEntries() {
+  for (TextBox* box :
+       {&txtIDCode,       &txtSp1,          &txtSp2,      &txtIn1,         &txtIn2,       &txtRd1,
+        &txtRd2,          &txtAl1HiSp,      &txtAl1LoSp,  &txtAl2HiSp,     &txtAl2LoSp,   &txtAl1Deadband,
+        &txtAl2Deadband,  &txtLBATime,      &txtTAdjust,  &txtOut1PB,      &txtOut1Reset, &txtOut1Rate,
+        &txtOut1DeadBand, &txtOut2DeadBand, &txtOut2PB,   &txtRampT,       &txtSoakT,     &txtAOutRd1,
+        &txtAOutOut1,     &txtAOutRd2,      &txtAOutOut2, &txtRS485Address}) {
+    box->onKeyPress =
+        box->onValidate = [this, box, &field = entryField(box->name())] { validate(*box, field); };
+  }
+  for (int index = 0; index < 4; ++index) {
+    optDpoint(static_cast<std::size_t>(index)).onClick = [this, index] { optDpoint_Click(index); };
+  }
+}
+
+// The warning comes first: what was typed stands behind it until it has been read.
+void frmBigFolder::validate(TextBox& box, const EntryField& field) {
+  const Repair repaired = repair(field, box.text(), {formDPt(), optAOutV.value()});
+  if (repaired.differs) warn();
+  box.setText(repaired.text);
+}
+
+void frmBigFolder::validate(std::initializer_list<TextBox*> boxes) {
+  for (TextBox* box : boxes) validate(*box, entryField(box->name()));
+}
+
+// The boxes that depend on the reading format are repaired and committed as they come on show.
+void frmBigFolder::reForm() {
+  switch (tabBig.tab()) {
+    case 1:
+      validate({&txtSp1, &txtSp2});
+      return writeMemo(1);
+    case 4:
+      validate({&txtAl1HiSp, &txtAl1LoSp});
+      return writeMemo(4);
+    case 5:
+      validate({&txtAl2HiSp, &txtAl2LoSp});
+      return writeMemo(5);
+    case 7:
+      validate({&txtOut1DeadBand, &txtOut1PB, &txtOut1Reset});
+      return writeMemo(7);
+    default:
+      return;
+  }
+}
+
+// The range is still that of the old format, which stands in the records until the tab is left.
+void frmBigFolder::optDpoint_Click(int index) {
+  const double limit = setPointLimits[index];
+  if (index > 0 && (entryNumber(txtSp1.text()) > limit || entryNumber(txtSp2.text()) > limit)) {
+    messageBox(" Reenter setpoints values", "Setpoints overrange");
+  }
+  validate({&txtSp1, &txtSp2});
+  ::unload<frmWarning>();
+  validate({&txtOut1PB});
+  ::unload<frmWarning>();
+}

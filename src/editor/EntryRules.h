@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+// How typed texts become legal ones: one row for each text box, and the arithmetic behind the rows.
+//
+// Nothing is refused. A number too large for the machine counts as infinite, and so as the limit of its
+// field. Whatever is said about a repair is left in Global.WarningText.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+// How the new value of a box comes from what was typed.
+enum class Value {
+  reading,     // valSp
+  absReading,  // the absolute value, then valSp
+  abs,         // the absolute value
+  absInt,      // the absolute value without its fraction
+  absIntOf4,   // the same, and of its text the first four characters
+  signedInt,   // the number without its fraction
+  time,        // valTime
+  code,        // valCode
+};
+
+// Limits of a field that has them itself; one kept to the range of the reading has none here.
+struct Limits {
+  double minimum = 0;
+  double maximum = 0;
+  const char* maximumText = nullptr;  // says that the maximum was exceeded; none: nothing of its own
+};
+
+struct EntryField {
+  const char* box;           // the name of the text box
+  Value value;               // how
+  const char* changedText;   // what is said of a repair; none: the words of the repair before it stand
+  const char* negativeText;  // what is said of a value below 0; none: not looked for
+  const char* compare;  // picture in which the new value is compared with what was typed; none: no warning
+  const char* show;     // picture in which it is shown; a negative value in one digit less where told
+  Limits limits = {};
+  Limits currentLimits = {};  // in place of the limits while the analog output is a current; none: the same
+};
+
+// Pictures besides those of numbers.
+inline constexpr const char* inReadingFormat = "reading";
+inline constexpr const char* asIs = "";
+inline constexpr const char* noWarning = nullptr;
+
+std::span<const EntryField> entryFields();
+// The row of a box; std::logic_error if it has none.
+const EntryField& entryField(std::string_view box);
+
+// What the form tells of itself.
+struct EntryForm {
+  std::string formDPt;  // picture of the reading format
+  bool voltage = true;  // the analog output is a voltage
+};
+
+struct Repair {
+  std::string text;      // what the box is to hold
+  bool differs = false;  // from what was typed, as far as the field warns of it
+};
+
+// The common validator. Sets Global.WarningText by the way.
+Repair repair(const EntryField& field, const std::string& typed, const EntryForm& form);
+
+// The number at the start of the text, kept to the range of the reading format of the records. A value out of
+// range gives the limit and leaves what to do about it in Global.WarningText. Not yet formatted.
+std::string valSp(std::string_view text);
+// "5:3" is "50:30", "1:75" is "10:59": two digits, a colon, two digits of at most 59.
+std::string valTime(std::string_view text);
+// A whole number of four characters, filled up on its right: "12" is "1200".
+std::string valCode(std::string_view text);
+
+// Val, but infinite where Val overflows.
+double entryNumber(std::string_view text);
+// The first so many characters of a UTF-8 text, none of them cut.
+std::string firstCharacters(std::string_view text, std::size_t count);

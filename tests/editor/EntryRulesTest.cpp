@@ -1,0 +1,412 @@
+// SPDX-License-Identifier: MIT
+// How typed texts become legal ones, field by field.
+#include "editor/EntryRules.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <set>
+
+#include "core/Global.h"
+#include "core/Memo.h"
+#include "core/Model.h"
+#include "core/NumberText.h"
+#include "tests/support/RandomMemo.h"
+
+namespace {
+
+constexpr const char* pictures[] = {"0000.", "000.0", "00.00", "0.000"};  // by decimals
+constexpr const char* before = "what was said last";
+
+constexpr const char* entryChanged = "Entry changed after validation.\r\nPlease verify new value is correct.";
+constexpr const char* deadBand = "Entry for Dead Band can not be less than zero.";
+constexpr const char* band = "Entry for Proportional Band can not be less than zero.";
+constexpr const char* tenthsMaximum =
+    "Maximum value possible for this field is currently 999.9.\r\nIf you wish to represent value larger than "
+    "999.9, change the \r\nDecimal Position setting in Reading Tab from XXX.X to XXXX.";
+constexpr const char* tenthsMinimum =
+    "Minimum value possible for this field is currently -199.9.\r\nIf you wish to represent value smaller "
+    "than -199.9, change the \r\nDecimal Position setting in Reading Tab from XXX.X to XXXX.";
+constexpr const char* time =
+    "Please enter value in:\r\ntwo digits minute (99 max), colon (:), two digits seconds \r\n(59 max).\r\n"
+    "Verify your entry before continuing.";
+
+class EntryRules : public ::testing::Test {
+ protected:
+  EntryRules() {
+    freshSetup();
+    chooseFormat(1);
+    Global.WarningText = before;
+  }
+  ~EntryRules() override { Global.reset(); }
+
+  static Repair repaired(const char* box, const std::string& typed, const char* picture = "000.0",
+                         bool voltage = true) {
+    return repair(entryField(box), typed, {picture, voltage});
+  }
+};
+
+// Ranges of the reading formats, by decimals: the limits pass, the next value beyond them gives the limit.
+struct RangeCase {
+  int decimals;
+  const char* maximum;
+  const char* above;
+  const char* maximumText;
+  const char* minimum;
+  const char* below;
+  const char* minimumText;
+};
+
+constexpr RangeCase ranges[] = {
+    {0, "9999", "10000", "Maximum value possible for this field is 9999", "-1999", "-2000",
+     "Minimum value possible for this field is -1999"},
+    {1, "999.9", "1000", tenthsMaximum, "-199.9", "-200", tenthsMinimum},
+    {2, "99.99", "100",
+     "Maximum value possible for this field is currently 99.99.\r\nIf you wish to represent value larger "
+     "than 99.99, change the \r\nDecimal Position setting in Reading Tab to the right.",
+     "-19.99", "-20",
+     "Minimum value possible for this field is currently -19.99.\r\nIf you wish to represent value smaller "
+     "than -19.99, change the \r\nDecimal Position setting in Reading Tab to the right."},
+    {3, "9.999", "10",
+     "Maximum value possible for this field is currently 9.999.\r\nIf you wish to represent value larger "
+     "than 9.999, change the \r\nDecimal Position setting in Reading Tab to the right.",
+     "-1.999", "-2",
+     "Minimum value possible for this field is currently -1.999.\r\nIf you wish to represent value smaller "
+     "than -1.999, change the \r\nDecimal Position setting in Reading Tab to the right."},
+};
+
+TEST_F(EntryRules, TheReadingFormatLimitsAReading) {
+  for (const RangeCase& range : ranges) {
+    chooseFormat(range.decimals);
+    for (const char* inRange : {range.maximum, range.minimum, "0", "-1.5"}) {
+      Global.WarningText = before;
+      EXPECT_EQ(valSp(inRange), inRange);
+      EXPECT_EQ(Global.WarningText, before);
+    }
+    EXPECT_EQ(valSp(range.above), range.maximum);
+    EXPECT_EQ(Global.WarningText, range.maximumText);
+    EXPECT_EQ(valSp(range.below), range.minimum);
+    EXPECT_EQ(Global.WarningText, range.minimumText);
+  }
+}
+
+TEST_F(EntryRules, TheFirstFormatThatTheRecordsNameCountsAndNoneIsTheFinest) {
+  for (int format : {0, 1, 2, 3}) Memo[rec::optDpoint + format].flag = True;
+  EXPECT_EQ(valSp("1E6"), "9999");
+  Memo[rec::optDpoint].flag = False;
+  EXPECT_EQ(valSp("1E6"), "999.9");
+  Memo[rec::optDpoint + 1].flag = False;
+  EXPECT_EQ(valSp("1E6"), "99.99");
+  Memo[rec::optDpoint + 2].flag = False;
+  EXPECT_EQ(valSp("1E6"), "9.999");
+  Memo[rec::optDpoint + 3].flag = False;
+  EXPECT_EQ(valSp("1E6"), "9.999");
+}
+
+struct TextCase {
+  const char* typed;
+  const char* repaired;
+};
+
+TEST_F(EntryRules, AReadingIsTheNumberAtTheStartOfTheText) {
+  for (const auto& [typed, repaired] :
+       {TextCase{"", "0"}, TextCase{"abc", "0"}, TextCase{"12abc", "12"}, TextCase{" - 1 2.5", "-12.5"},
+        TextCase{"1,5", "1"}, TextCase{"&HFF", "255"}, TextCase{"-", "0"}, TextCase{".5", "0.5"},
+        TextCase{"1E999", "999.9"}, TextCase{"-1E999", "-199.9"}, TextCase{" -1E999", "-199.9"},
+        TextCase{"1.7976931348623157E308", "999.9"}, TextCase{"1E-999", "0"}}) {
+    EXPECT_EQ(valSp(typed), repaired) << typed;
+  }
+}
+
+TEST_F(EntryRules, ATimeHasTwoDigitsOnEitherSideOfItsColon) {
+  for (const auto& [typed, repaired] :
+       {TextCase{"5:3", "50:30"}, TextCase{"1:75", "10:59"}, TextCase{"", "00:00"}, TextCase{":", "00:00"},
+        TextCase{"15", "15:00"}, TextCase{"1234", "12:00"}, TextCase{"123:456", "12:45"},
+        TextCase{"99:59", "99:59"}, TextCase{"99:60", "99:59"}, TextCase{"00:99", "00:59"},
+        TextCase{"a1b2:c3d4", "12:34"}, TextCase{"1:2:3", "10:23"}, TextCase{"-1:-2", "10:20"},
+        TextCase{"1.5:2", "15:20"}, TextCase{"\xD9\xA1\xD9\xA2:\xEF\xBC\x93", "00:00"}}) {
+    EXPECT_EQ(valTime(typed), repaired) << typed;
+    EXPECT_EQ(valTime(repaired), repaired) << typed;
+  }
+}
+
+TEST_F(EntryRules, ACodeIsFilledUpOnItsRight) {
+  for (const auto& [typed, repaired] :
+       {TextCase{"12", "1200"}, TextCase{"", "0000"}, TextCase{"0", "0000"}, TextCase{"1234", "1234"},
+        TextCase{"12345", "1234"}, TextCase{"0012", "1200"}, TextCase{"1.9", "1000"}, TextCase{"-12", "-120"},
+        TextCase{"-1.9", "-100"}, TextCase{"-.5", "0000"}, TextCase{"abcd", "0000"}, TextCase{"1a23", "1000"},
+        TextCase{"1E2", "1000"}, TextCase{"1E9", "9999"}, TextCase{"1E99", "9999"}, TextCase{"-1E9", "-999"},
+        TextCase{"&HFF", "2550"}, TextCase{"\xC3\xA4 12", "0000"}, TextCase{"12\xC3\xA4\xC3\xB6", "1200"}}) {
+    EXPECT_EQ(valCode(typed), repaired) << typed;
+    EXPECT_EQ(valCode(repaired), repaired) << typed;
+  }
+}
+
+TEST_F(EntryRules, CharactersAreNeverCut) {
+  EXPECT_EQ(firstCharacters("12345", 4), "1234");
+  EXPECT_EQ(firstCharacters("\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80"
+                            "1x",
+                            4),
+            "\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80"
+            "1");
+  EXPECT_EQ(firstCharacters("\xC3\xA4", 4), "\xC3\xA4");
+  EXPECT_EQ(firstCharacters("ab", 0), "");
+}
+
+TEST_F(EntryRules, ANumberTooLargeForTheMachineIsInfinite) {
+  EXPECT_EQ(entryNumber("12.5x"), 12.5);
+  EXPECT_EQ(entryNumber("1E999"), HUGE_VAL);
+  EXPECT_EQ(entryNumber("\t-1E999"), -HUGE_VAL);
+  EXPECT_EQ(entryNumber("&H" + std::string(300, 'F')), HUGE_VAL);
+}
+
+// One row for each rule of each field. The reading format is "xxx.x", the analog output a voltage.
+struct FieldCase {
+  const char* box;
+  const char* typed;
+  const char* repaired;
+  bool warns;
+  const char* said;
+};
+
+// clang-format off
+constexpr FieldCase cases[] = {
+    {"txtSp1", "", "000.0", true,
+     "SetPoint1 Entry changed after validation.\r\nPlease verify new value is correct."},
+    {"txtSp1", "012.3", "012.3", false,
+     "SetPoint1 Entry changed after validation.\r\nPlease verify new value is correct."},
+    {"txtSp1", "1000", "999.9", true, tenthsMaximum},
+    {"txtSp1", "-200", "-199.9", true, tenthsMinimum},
+    {"txtSp2", "5", "005.0", true,
+     "SetPoint2 Entry changed after validation.\r\nPlease verify new value is correct."},
+    {"txtSp2", "1000", "999.9", true, tenthsMaximum},
+    {"txtSp2", "-200", "-199.9", true, tenthsMinimum},
+
+    {"txtAl1HiSp", "5", "005.0", true, before},
+    {"txtAl1HiSp", "-005.0", "-005.0", false, before},
+    {"txtAl1HiSp", "1000", "999.9", true, tenthsMaximum},
+    {"txtAl1LoSp", "5", "005.0", true, before},
+    {"txtAl1LoSp", "-200", "-199.9", true, tenthsMinimum},
+    {"txtTAdjust", "5", "005.0", true, before},
+    {"txtTAdjust", "-200", "-199.9", true, tenthsMinimum},
+
+    {"txtAl2HiSp", "5", "005.0", false, before},
+    {"txtAl2HiSp", "1000", "999.9", false, tenthsMaximum},
+    {"txtAl2LoSp", "5", "005.0", false, before},
+    {"txtAl2LoSp", "-200", "-199.9", false, tenthsMinimum},
+
+    {"txtAl1Deadband", "5", "005.0", true, entryChanged},
+    {"txtAl1Deadband", "-5", "005.0", true, deadBand},
+    {"txtAl1Deadband", "-5000", "999.9", true, tenthsMaximum},
+    {"txtAl2Deadband", "5", "005.0", true, entryChanged},
+    {"txtAl2Deadband", "-5", "005.0", true, deadBand},
+    {"txtAl2Deadband", "1000", "999.9", true, tenthsMaximum},
+
+    {"txtOut1DeadBand", "5", "005.0", true, entryChanged},
+    {"txtOut1DeadBand", "-5", "005.0", true, band},
+    {"txtOut1DeadBand", "1000", "999.9", true, tenthsMaximum},
+    {"txtOut2DeadBand", "5", "005.0", true, entryChanged},
+    {"txtOut2DeadBand", "-5", "005.0", true, band},
+    {"txtOut2DeadBand", "1000", "999.9", true, tenthsMaximum},
+    {"txtOut1PB", "5", "005.0", true, entryChanged},
+    {"txtOut1PB", "-5", "005.0", true, band},
+    {"txtOut1PB", "1000", "999.9", true, tenthsMaximum},
+    {"txtOut2PB", "005.0", "005.0", false, entryChanged},
+    {"txtOut2PB", "-5", "005.0", true, band},
+    {"txtOut2PB", "-1E999", "999.9", true, tenthsMaximum},
+
+    {"txtOut1Rate", "5", "005.0", true, entryChanged},
+    {"txtOut1Rate", "-5", "005.0", true, band},
+    {"txtOut1Rate", "399.9", "399.9", false, entryChanged},
+    {"txtOut1Rate", "400", "399.9", true, entryChanged},
+    {"txtOut1Rate", "-1E999", "399.9", true, band},
+    {"txtOut1Reset", "180", "0180", true, entryChanged},
+    {"txtOut1Reset", "0180", "0180", false, entryChanged},
+    {"txtOut1Reset", "1.9", "0001", true, entryChanged},
+    {"txtOut1Reset", "-5", "0005", true, band},
+    {"txtOut1Reset", "12345", "1234", true, entryChanged},
+    {"txtOut1Reset", "40000", "3999", true, "Entry for Reset can not exceed 3999."},
+    {"txtOut1Reset", "4000", "3999", true, "Entry for Reset can not exceed 3999."},
+    {"txtOut1Reset", "1E999", "3999", true, "Entry for Reset can not exceed 3999."},
+
+    {"txtIn1", "-5", "0005", true, "Entry value for In 1 cannot be less than 0."},
+    {"txtIn1", "12.9", "0012", true, before},
+    {"txtIn1", "0012", "0012", false, before},
+    {"txtIn1", "10000", "9999", true, "Entry value for In 1 cannot exceed 9999."},
+    {"txtIn1", "-1E999", "9999", true, "Entry value for In 1 cannot exceed 9999."},
+    {"txtIn2", "-5", "0005", true, "Entry for In 2 cannot be less than 0."},
+    {"txtIn2", "5", "0005", true, before},
+    {"txtIn2", "10000", "9999", true, "Entry for In 2 cannot exceed 9999."},
+
+    {"txtRd1", "-5", "-005", false, before},
+    {"txtRd1", "5.9", "0005", false, before},
+    {"txtRd1", "-0.9", "0000", false, before},
+    {"txtRd1", "-1000", "-999", false, before},
+    {"txtRd1", "10000", "9999", false, before},
+    {"txtRd2", "-5.9", "-005", false, before},
+    {"txtRd2", "1E999", "9999", false, before},
+    {"txtRd2", "-1E999", "-999", false, before},
+
+    {"txtAOutRd1", "5", "0005", true, before},
+    {"txtAOutRd1", "-5", "0005", true, "Entry value for Read 1  cannot be less than 0"},
+    {"txtAOutRd1", "10000", "9999", true, "Entry value for Read 1 cannot exceed 9999"},
+    {"txtAOutRd2", "5", "0005", true, before},
+    {"txtAOutRd2", "-5", "0005", true, "Entry value for Read 2  cannot be less than 0"},
+    {"txtAOutRd2", "10000", "9999", true, "Entry value for Read 2 cannot exceed 9999"},
+    {"txtAOutOut1", "05.00", "05.00", true, before},
+    {"txtAOutOut1", "0005", "05.00", false, before},
+    {"txtAOutOut1", "5.25", "05.25", true, before},
+    {"txtAOutOut1", "-5", "05.00", true, "Entry value for Output 1  cannot be less than 0"},
+    {"txtAOutOut1", "10.01", "10.00", true, "Entry value for Output 1 cannot exceed 10.00"},
+    {"txtAOutOut2", "05.00", "05.00", true, before},
+    {"txtAOutOut2", "0010", "10.00", false, before},
+    {"txtAOutOut2", "-5", "05.00", true, "Entry value for Read 1  cannot be less than 0"},
+    {"txtAOutOut2", "11", "10.00", true, "Entry value for Read 1 cannot exceed 10.00"},
+
+    {"txtRS485Address", "5", "0005", true, before},
+    {"txtRS485Address", "-5", "0005", true, "Entry value for RS-485 Address  cannot be less than 0"},
+    {"txtRS485Address", "0199", "0199", false, before},
+    {"txtRS485Address", "200", "0199", true, "Entry value for RS-485 Address cannot exceed 199"},
+
+    {"txtLBATime", "5:3", "50:30", true, time},
+    {"txtLBATime", "50:30", "50:30", false, time},
+    {"txtRampT", "1:75", "10:59", true, time},
+    {"txtSoakT", "x", "00:00", true, time},
+
+    {"txtIDCode", "12", "1200", false, before},
+    {"txtIDCode", "1.5", "1000", false, before},
+};
+// clang-format on
+
+TEST_F(EntryRules, EveryFieldIsRepairedByItsRow) {
+  for (const auto& [box, typed, text, warns, said] : cases) {
+    SCOPED_TRACE(std::string(box) + " \"" + typed + "\"");
+    Global.WarningText = before;
+    const Repair result = repaired(box, typed);
+    EXPECT_EQ(result.text, text);
+    EXPECT_EQ(result.differs, warns);
+    EXPECT_EQ(Global.WarningText, said);
+  }
+}
+
+TEST_F(EntryRules, EveryFieldHasACase) {
+  std::set<std::string> tested;
+  for (const FieldCase& row : cases) tested.insert(row.box);
+  for (const EntryField& field : entryFields()) EXPECT_TRUE(tested.contains(field.box)) << field.box;
+  EXPECT_EQ(tested.size(), 28u);
+  EXPECT_EQ(entryFields().size(), 28u);
+  EXPECT_THROW(entryField("txtTCPPort"), std::logic_error);
+}
+
+TEST_F(EntryRules, ACurrentGoesToTwenty) {
+  struct Case {
+    const char* box;
+    const char* said;
+  };
+  for (const auto& [box, said] : {Case{"txtAOutOut1", "Entry value for Output 1 cannot exceed 20.00"},
+                                  Case{"txtAOutOut2", "Entry value for Read 1 cannot exceed 20.00"}}) {
+    EXPECT_EQ(repaired(box, "15", "000.0", false).text, "15.00");
+    EXPECT_EQ(repaired(box, "20", "000.0", false).text, "20.00");
+    EXPECT_EQ(repaired(box, "20.01", "000.0", false).text, "20.00");
+    EXPECT_EQ(Global.WarningText, said);
+  }
+}
+
+TEST_F(EntryRules, ReadingsAreShownInTheFormatOfTheForm) {
+  constexpr const char* shownFive[] = {"0005.", "005.0", "05.00", "5.000"};
+  for (int decimals = 0; decimals < 4; ++decimals) {
+    EXPECT_EQ(repaired("txtSp1", "5", pictures[decimals]).text, shownFive[decimals]);
+    EXPECT_FALSE(repaired("txtOut1PB", shownFive[decimals], pictures[decimals]).differs);
+    EXPECT_TRUE(repaired("txtOut1PB", "5", pictures[decimals]).differs);
+  }
+}
+
+TEST_F(EntryRules, ThePictureIsTheFormsAndTheRangeThatOfTheRecords) {
+  EXPECT_EQ(repaired("txtSp1", "5000", "0.000").text, "999.900");
+  EXPECT_EQ(repaired("txtSp1", "5000", "0000.").text, "1000.");
+  EXPECT_EQ(repaired("txtSp1", "1000.", "0000.").text, "1000.");
+}
+
+std::string anyText(std::mt19937& random) {
+  static const std::string pieces[] = {"0",
+                                       "1",
+                                       "9",
+                                       "5",
+                                       "99",
+                                       "123",
+                                       "4567",
+                                       "12345678901234567890",
+                                       ".",
+                                       "-",
+                                       "+",
+                                       " ",
+                                       "\t",
+                                       ":",
+                                       ",",
+                                       "E",
+                                       "e",
+                                       "E9",
+                                       "E-9",
+                                       "E308",
+                                       "E999",
+                                       "&H",
+                                       "F",
+                                       "abc",
+                                       "\xC3\xA4",
+                                       "\xE2\x82\xAC",
+                                       "\xF0\x9F\x98\x80",
+                                       "\xD9\xA3",
+                                       "\xEF\xBC\x91",
+                                       "\xC2\xA0",
+                                       "\xFF",
+                                       "\x80",
+                                       "\xC3",
+                                       "\n",
+                                       "\r\n",
+                                       "0.05",
+                                       "00000",
+                                       "%",
+                                       "\""};
+  std::string text;
+  for (int count = between(random, 0, 6); count > 0; --count) {
+    text += pieces[between(random, 0, static_cast<int>(std::size(pieces)) - 1)];
+  }
+  if (between(random, 0, 20) == 0) text += '\0';
+  return text;
+}
+
+TEST_F(EntryRules, WhateverIsTypedIsLegalAfterOneRepair) {
+  std::mt19937 random(4);
+  for (int round = 0; round < 4000; ++round) {
+    const std::string typed = anyText(random);
+    chooseFormat(between(random, 0, 3));
+    const EntryForm form{pictures[between(random, 0, 3)], between(random, 0, 1) == 0};
+    for (const EntryField& field : entryFields()) {
+      const Repair once = repair(field, typed, form);
+      const Repair twice = repair(field, once.text, form);
+      EXPECT_EQ(twice.text, once.text) << field.box << " \"" << typed << "\"";
+      // Two fields compare with another picture than they show.
+      const bool comparesOtherwise = std::string(field.box).starts_with("txtAOutOut");
+      EXPECT_TRUE(comparesOtherwise || !twice.differs) << field.box << " \"" << typed << "\"";
+    }
+  }
+}
+
+TEST_F(EntryRules, WhateverIsTypedKeepsToItsLimits) {
+  std::mt19937 random(5);
+  for (int round = 0; round < 4000; ++round) {
+    const std::string typed = anyText(random);
+    for (const EntryField& field : entryFields()) {
+      const double number = Val(repair(field, typed, {"000.0", true}).text);
+      if (field.limits.maximum > 0) {
+        EXPECT_GE(number, field.limits.minimum) << field.box << typed;
+        EXPECT_LE(number, field.limits.maximum) << field.box << typed;
+      } else {
+        EXPECT_GE(number, field.value == Value::code ? -999 : -199.9) << field.box << typed;
+        EXPECT_LE(number, field.value == Value::code ? 9999 : 999.9) << field.box << typed;
+      }
+    }
+  }
+}
+
+}  // namespace
