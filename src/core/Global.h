@@ -12,7 +12,7 @@ struct GlobalState {
   std::string FirmwareVersion;           // version found in the connected unit; written by comOK
   std::int16_t CancelFlag = 0;           // the user wants out of a run; written by frmSerial
   std::string FileName;                  // .cfg file last opened or saved
-  std::int16_t DeviceSpecified = 0;      // a model has been fixed; cleared by cmdFactoryDefaults
+  std::int16_t DeviceSpecified = 0;      // a model has been fixed; written by frmHardware, cmdFactoryDefaults
   std::int16_t ResetAfterWrite = 0;      // "Reset" preference: reset the unit when a write ends
   std::int16_t StartOnCommTab = 0;       // the first activation shows tab 11 instead of tab 1
   std::int16_t WarningsOff = 0;          // "Warn" preference: data entry warnings are not shown

