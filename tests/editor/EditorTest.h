@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The main window after a first start, a user who closes every warning of an entry, and ways to look at all
-// of it at once.
+// The main window after a first start, and ways to look at all of it at once.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -15,7 +14,6 @@
 #include "core/Memo.h"
 #include "core/Model.h"
 #include "dialogs/frmHardware.h"
-#include "dialogs/frmWarning.h"
 #include "tests/support/Bench.h"
 
 class EditorTest : public Bench {
@@ -32,7 +30,6 @@ class EditorTest : public Bench {
  private:
   frmBigFolder& firstStart() {
     host.settings.clear();
-    host.whenever("frmWarning", [] { form<frmWarning>().cmdOk.userClicked(); });
     return start();
   }
 };

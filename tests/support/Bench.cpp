@@ -17,6 +17,7 @@ void resetSharedState() {
 Bench::Bench(sim::UnitSetup setup) : unit(std::move(setup)) {
   resetSharedState();
   host.lines[1].unit = &unit;
+  host.whenever("frmWarning", [] { form<frmWarning>().cmdOk.userClicked(); });
   const std::string persist = "Torvane Configuration/Persist/";
   host.settings[persist + "CommPort"] = "0";
   host.settings[persist + "Baud"] = "5";

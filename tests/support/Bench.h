@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The bench that tests stand at: a machine in virtual time, a simulated unit on COM 1, the program.
+// The bench that tests stand at: a machine in virtual time, a simulated unit on COM 1, the program, and a
+// user who closes every warning of an entry.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -8,6 +9,7 @@
 #include <vector>
 
 #include "dialogs/frmRead.h"
+#include "dialogs/frmWarning.h"
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
 #include "protocol/frmSerial.h"

@@ -2,8 +2,6 @@
 // The tie between one control and one widget, with its guard against feedback.
 #include "platform/qt/Binding.h"
 
-#include <QApplication>
-
 #include "platform/qt/Guard.h"
 #include "platform/qt/QtText.h"
 
@@ -52,7 +50,7 @@ void Binding::showCommon(QWidget& widget) const {
 void Binding::userDid(const std::function<void()>& deed) {
   if (showing_) return;
   const QPointer<Binding> self(this);
-  leaveFocusedTextBox();
+  leaveTextBox(*widget_.window());
   if (self) userDidWithin(deed);
 }
 
@@ -70,12 +68,13 @@ void Binding::release() {
   control_ = nullptr;
 }
 
-Binding* bindingOf(const QWidget* widget) {
-  if (widget == nullptr) return nullptr;
-  return dynamic_cast<Binding*>(widget->findChild<QObject*>("binding", Qt::FindDirectChildrenOnly));
-}
-
-void leaveFocusedTextBox() {
-  const Binding* binding = bindingOf(QApplication::focusWidget());
-  if (binding != nullptr && binding->leave) binding->leave();
+void leaveTextBox(const QWidget& window) {
+  std::vector<QPointer<Binding>> boxes;
+  for (QObject* child : window.findChildren<QObject*>("binding")) {
+    auto* binding = dynamic_cast<Binding*>(child);
+    if (binding != nullptr && binding->leave) boxes.emplace_back(binding);
+  }
+  for (const auto& box : boxes) {
+    if (box) box->leave();
+  }
 }

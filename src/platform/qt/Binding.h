@@ -44,7 +44,6 @@ class Binding : public QObject {
   bool showing_ = false;
 };
 
-// The binding of a widget, or none.
-Binding* bindingOf(const QWidget* widget);
-// The user turns to something else: the text box that has the keyboard is left.
-void leaveFocusedTextBox();
+// The user turns to something else in this window: the text box that he is in is left. It needn't have the
+// keyboard any more: the system takes that to and fro between windows in its own time.
+void leaveTextBox(const QWidget& window);

@@ -81,7 +81,7 @@ void FormWindow::centre() {
 // Whether the window goes is the form's choice.
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
-  leaveFocusedTextBox();
+  leaveTextBox(*this);
   tell(&Form::userClosed);
 }
 
