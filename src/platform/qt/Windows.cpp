@@ -85,11 +85,20 @@ void FormWindow::closeEvent(QCloseEvent* event) {
   tell(&Form::userClosed);
 }
 
-// Only keys that no widget has used come here. Enter presses the button that has the keyboard, as in a
-// dialog.
+// The button that Enter presses: the one that has the keyboard, else the one that the layout makes the
+// default.
+QPushButton* FormWindow::enterButton() const {
+  if (auto* focused = qobject_cast<QPushButton*>(focusWidget())) return focused;
+  const auto buttons = findChildren<QPushButton*>();
+  const auto found = std::ranges::find_if(buttons, [](const QPushButton* each) { return each->isDefault(); });
+  return found == buttons.end() ? nullptr : *found;
+}
+
+// Only keys that no widget has used come here. An Enter key that is held down doesn't answer what it raised.
 void FormWindow::keyPressEvent(QKeyEvent* event) {
-  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  auto* button = qobject_cast<QPushButton*>(focusWidget());
+  const bool enter =
+      (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && !event->isAutoRepeat();
+  QPushButton* button = enterButton();
   if (enter && button != nullptr && button->isEnabled()) return button->click();
   tell(&Form::userPressedKey);
 }

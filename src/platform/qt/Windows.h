@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QPointer>
+#include <QPushButton>
 #include <QWidget>
 #include <map>
 #include <vector>
@@ -30,6 +31,7 @@ class FormWindow : public QWidget {
   void setFirstSize();
   void placeOver(QWidget* below);
   void tell(void (Form::*what)());
+  QPushButton* enterButton() const;
 
   Form* form_;
   bool sized_ = false;
