@@ -11,7 +11,7 @@ frmWarning::frmWarning() : Form("frmWarning", "Warning...") {
 }
 
 void frmWarning::Form_Load() {
-  centre();
   lblWarning.setCaption(Global.WarningText);
   chkWarning.setValue(Global.WarningsOff == False ? 1 : 0);
+  centre();  // with the room that the words need
 }

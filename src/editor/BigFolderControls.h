@@ -320,4 +320,7 @@ struct BigFolderControls : Form {
   CommandButton cmdPrev{*this, "cmdPrev", "< &Back", "Back to previous tab"};
   CommandButton cmdNext{*this, "cmdNext", "Next >", "Forward to next tab"};
   CommandButton cmdQuit{*this, "cmdQuit", "Quit"};
+
+ private:
+  void describePictures();
 };

@@ -202,6 +202,7 @@ TEST_F(ReadingFormat, FollowsTheControlsAndNotTheRecords) {
   const char* pictures[] = {"0000.", "000.0", "00.00", "0.000"};
   const char* shown[] = {"0012.", "012.3", "12.35", "12.346"};
   for (std::size_t format = 0; format < 4; ++format) {
+    if (format == 3) host.expectBox("Reenter setpoints");
     editor.optDpoint(format).setValue(true);
     EXPECT_EQ(editor.formDPt(), pictures[format]);
     Memo[rec::txtSp1].text = "12.3456";

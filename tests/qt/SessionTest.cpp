@@ -146,7 +146,7 @@ TEST_F(Session, AWarningComesBeforeWhatTheClickDoes) {
   user->whenShown("frmWarning", [] {
     EXPECT_EQ(shown("txtSp1"), "5000");
     EXPECT_FALSE(isLoaded<frmWrite>());
-    click(*user, form<frmWarning>(), "cmdOk");
+    QTest::keyClick(&user->window(form<frmWarning>()), Qt::Key_Return);
   });
   user->whenShown("frmWrite", [] {
     EXPECT_EQ(shown("txtSp1"), "999.9");

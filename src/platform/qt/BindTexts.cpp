@@ -2,6 +2,8 @@
 // Text boxes of one line and of many.
 #include <QEvent>
 #include <QFocusEvent>
+#include <QGuiApplication>
+#include <QTimer>
 #include <algorithm>
 
 #include "platform/qt/Bindings.h"
@@ -17,6 +19,20 @@ bool leftForGood(const QEvent& event) {
          reason != Qt::MenuBarFocusReason;
 }
 
+bool leftByMouse(const QEvent& event) {
+  return event.type() == QEvent::FocusOut &&
+         static_cast<const QFocusEvent&>(event).reason() == Qt::MouseFocusReason;
+}
+
+// The press that took the keyboard may have been lifted while a validator's warning stood, and the button
+// beneath it was never told.
+void liftButtons(const QWidget& window) {
+  if (QGuiApplication::mouseButtons() != Qt::NoButton) return;
+  for (QAbstractButton* button : window.findChildren<QAbstractButton*>()) {
+    if (button->isDown()) button->setDown(false);
+  }
+}
+
 // Raises the validator once for each stay in the box, and once more for what was typed since: a click leaves
 // the box before the button acts, and then the keyboard may go as well.
 class Stay : public QObject {
@@ -30,6 +46,10 @@ class Stay : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (event->type() == QEvent::FocusIn) enter();
     if (leftForGood(*event)) leave();
+    if (leftByMouse(*event)) {
+      QWidget* window = binding_.widget().window();
+      QTimer::singleShot(0, window, [window] { liftButtons(*window); });
+    }
     return QObject::eventFilter(watched, event);
   }
 

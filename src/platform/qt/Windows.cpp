@@ -86,10 +86,11 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 }
 
 // Only keys that no widget has used come here. Enter presses the button that has the keyboard, else the
-// layout's default one, as in a dialog.
+// layout's default one; an Enter key that is held down doesn't answer what it raised.
 void FormWindow::keyPressEvent(QKeyEvent* event) {
-  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  auto* button = enter ? buttonForEnter() : nullptr;
+  const bool enter =
+      (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && !event->isAutoRepeat();
+  QPushButton* button = enter ? buttonForEnter() : nullptr;
   if (button != nullptr && button->isEnabled()) return button->click();
   // Escape closes a dialog, as its frame does.
   if (event->key() == Qt::Key_Escape && isModal()) return tell(&Form::userClosed);

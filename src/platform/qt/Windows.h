@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QPointer>
+#include <QPushButton>
 #include <QWidget>
 #include <map>
 #include <vector>
