@@ -5,7 +5,7 @@
 #include "core/Model.h"
 #include "core/NumberText.h"
 
-constinit GlobalState Global;
+GlobalState Global;
 
 void fillFirmwareVersions() {
   Global.FirmwareVersions = {"1.1", "1.2", "1.3", "1.4", "1.5", "1.6", "1.7", "1.8",

@@ -26,7 +26,7 @@ struct GlobalState {
 
   void reset() { *this = {}; }
 };
-extern constinit GlobalState Global;
+extern GlobalState Global;
 
 void fillFirmwareVersions();  // "1.1" to "1.9", then "2.0" to "2.5"
 

@@ -4,7 +4,7 @@
 
 #include "platform/RuntimeError.h"
 
-constinit MemoArray Memo;
+MemoArray Memo;
 
 MemoField& MemoArray::operator[](int index) {
   if (index < 0 || index >= count) throw RuntimeError(Fault::subscriptOutOfRange, "Subscript out of range");

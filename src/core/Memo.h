@@ -29,7 +29,7 @@ class MemoArray {
 };
 
 // Written by writeMemo, the decoders, the file reader and initMemory.
-extern constinit MemoArray Memo;
+extern MemoArray Memo;
 
 // Record numbers. The field in use stands behind each: V value, F flag, T text, E extra.
 // The members of an option array follow each other: rec::optInType + 2 is "Process".

@@ -4,9 +4,9 @@
 
 #include "core/Memo.h"
 
-constinit HardwareRecord Hardware;
-constinit DeviceStateRecord DeviceState;
-constinit std::string BaseModel;
+HardwareRecord Hardware;
+DeviceStateRecord DeviceState;
+std::string BaseModel;
 
 void resetDeviceState() {
   DeviceState = {.IdFlagE = -1,

@@ -44,9 +44,9 @@ struct DeviceStateRecord {
 };
 
 // Written by the hardware dialog, identification and the file; read by almost everyone.
-extern constinit HardwareRecord Hardware;
-extern constinit DeviceStateRecord DeviceState;
-extern constinit std::string BaseModel;
+extern HardwareRecord Hardware;
+extern DeviceStateRecord DeviceState;
+extern std::string BaseModel;
 
 inline constexpr const char* factoryBaseModel = "Tv[8,16,32]";
 

@@ -91,7 +91,7 @@ std::string_view trimmed(std::string_view text) {
 
 }  // namespace
 
-constinit PartNumberState PartNumber;
+PartNumberState PartNumber;
 
 std::string partNumber(const PartChoice& choice) {
   std::string number(choice.model);

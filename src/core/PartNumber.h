@@ -43,7 +43,7 @@ struct PartNumberState {
 
   void reset() { *this = {}; }
 };
-extern constinit PartNumberState PartNumber;
+extern PartNumberState PartNumber;
 
 struct PartNumberRow {
   std::int32_t index;

@@ -9,7 +9,7 @@ constexpr int inputTypeTab = 2;
 enum : int { millivolts = 0, oneVolt = 1, milliamps = 3 };
 
 void showOne(std::initializer_list<Drawing*> family, const Drawing* chosen) {
-  for (Drawing* drawing : family) drawing->setVisible(drawing == chosen);
+  for (Drawing* drawing : family) drawing->setVisible(chosen != nullptr && drawing == chosen);
 }
 
 // 2, 3 or 4 wires.

@@ -103,6 +103,7 @@ void frmBigFolder::cmdFactoryDefaults_Click() {
 // The dialog comes up to show it, and a dialog that comes up may take tabs out of use; here none changes.
 void frmBigFolder::showFactoryFit() {
   std::vector<bool> inUse;
+  inUse.reserve(static_cast<std::size_t>(tabBig.tabs()));
   for (int tab = 0; tab < tabBig.tabs(); ++tab) inUse.push_back(tabBig.tabAvailable(tab));
   form<frmHardware>().showFactoryFit();
   lblStatus.setCaption("RS-232");

@@ -115,11 +115,13 @@ std::string SerialChannel::writeSet(std::string_view reg, const std::string& val
 std::string SerialChannel::writeAndVerify(std::string_view reg, const std::string& merged,
                                           std::string reply) {
   const std::string index(reg);
-  const std::string good = addressPart() + "R" + index + merged;
+  const std::string write = "W" + index + merged;
+  const std::string read = "R" + index;
+  const std::string good = addressPart() + read + merged;
   int stars = 0;
   for (int tries = 0; tries < writeTries; ++tries) {
-    query("W" + index + merged, reply);
-    query("R" + index, reply);
+    query(write, reply);
+    query(read, reply);
     if (reply == good) return "Success";
     if (contains(reply, "*")) ++stars;
     host().yield();

@@ -8,14 +8,17 @@
 
 void Delay(float seconds) {
   double start = host().now();
-  for (double elapsed = 0; elapsed <= seconds; elapsed = host().now() - start) {
+  double elapsed = 0;
+  while (elapsed <= seconds) {
     if (elapsed < 0) start = host().now();
     host().idle(elapsed < 0 ? seconds : seconds - elapsed);
+    elapsed = host().now() - start;
   }
 }
 
 void pause(std::int16_t seconds) {
   const double end = std::nearbyint(host().now()) + seconds;
+  const auto left = [end] { return end - host().now(); };
   host().yield();
-  for (double left = end - host().now(); left > 0; left = end - host().now()) host().idle(left);
+  while (left() > 0) host().idle(left());
 }

@@ -63,7 +63,7 @@ QtSerialPort::QtSerialPort(std::function<std::string(int)> deviceOf) : deviceOf_
 
 QtSerialPort::~QtSerialPort() {
   std::erase(ports, this);
-  close();
+  QtSerialPort::close();
 }
 
 void QtSerialPort::open() {
