@@ -29,10 +29,10 @@ bool halfWay() { return isLoaded<frmSerial>() && form<frmSerial>().lblProgress.v
 
 bool atTheEnd() { return isLoaded<frmSerial>() && form<frmSerial>().lblPercent.caption() == "100%"; }
 
-void pictureEveryTab() {
+void pictureEveryTab(const std::string& kind = "") {
   for (int tab = 0; tab < editor().tabBig.tabs(); ++tab) {
     editor().tabBig.setTab(tab);
-    picture(editor(), "tab" + std::to_string(tab));
+    picture(editor(), kind + "tab" + std::to_string(tab));
   }
   editor().tabBig.setTab(1);
 }
@@ -54,6 +54,32 @@ void chooseHardware(ScriptedHost& user) {
     if (model == 17) click(user, dialog, "chkMonitor");
   }
   click(user, dialog, "cmdOk");
+}
+
+struct KindOfUnit {
+  const char* name;
+  int model;            // row of the list
+  const char* variant;  // the box that is ticked, or none
+};
+
+constexpr KindOfUnit kindsOfUnit[] = {
+    {"alarms-only-", 7, "chkAlarmsOnly"},
+    {"simple-menu-", 7, "chkSimpleMenu"},
+    {"monitor-only-", 7, "chkMonitor"},
+    {"rkw77-", 0, nullptr},
+};
+
+void pictureEveryKind(ScriptedHost& user) {
+  for (const KindOfUnit& kind : kindsOfUnit) {
+    user.whenShown("frmBigFolder", [&user] { click(user, editor(), "cmdCnfg"); });
+    user.whenShown("frmHardware", [&user, kind] {
+      auto& dialog = form<frmHardware>();
+      choose(user, dialog, "cboModel", kind.model);
+      if (kind.variant != nullptr) click(user, dialog, kind.variant);
+      click(user, dialog, "cmdOk");
+    });
+    user.whenShown("frmBigFolder", [kind] { pictureEveryTab(kind.name); });
+  }
 }
 
 void planSession(ScriptedHost& user) {
@@ -81,10 +107,9 @@ void planSession(ScriptedHost& user) {
     click(user, form<frmRead>(), "cmdSerial");
   });
   user.then(halfWay, [] { picture(form<frmSerial>(), "status-read"); });
-  user.whenShown("frmBigFolder", [&user] {
-    picture(editor(), "read-back");
-    click(user, editor(), "cmdQuit");
-  });
+  user.whenShown("frmBigFolder", [] { picture(editor(), "read-back"); });
+  pictureEveryKind(user);
+  user.whenShown("frmBigFolder", [&user] { click(user, editor(), "cmdQuit"); });
 }
 
 }  // namespace
