@@ -13,6 +13,8 @@
 #include "BareLine.h"
 #include "Figures.h"
 #include "TimedHost.h"
+#include "core/Global.h"
+#include "core/Model.h"
 #include "core/Program.h"
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
@@ -128,7 +130,10 @@ void measureSilence(TimedHost& user, sim::Server& server, Times& times) {
 }
 
 void plan(TimedHost& user, sim::Server& server, Times& times) {
-  user.whenShown("frmBigFolder", [&] { click(user, form<frmBigFolder>(), "cmdWrite"); });
+  user.whenShown("frmBigFolder", [&] {
+    Global.DeviceSpecified = True;  // no dialog comes between
+    click(user, form<frmBigFolder>(), "cmdWrite");
+  });
   for (int run = 0; run < writes; ++run) {
     user.whenShown("frmWrite", [&] { measureWrite(user, server, times); });
   }
