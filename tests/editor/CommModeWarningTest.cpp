@@ -8,7 +8,7 @@
 
 namespace {
 
-// Part by part, with nothing between the parts.
+// Piece by piece, with nothing between them.
 const std::string parts[] = {
     "WARNING:  Once  communication has been established with the unit using the Connection Wizard ",
     "button or the combination of Manual Setup and Hardware dialog box, the ",
