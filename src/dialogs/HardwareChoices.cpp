@@ -4,6 +4,7 @@
 #include "core/Model.h"
 #include "core/PartNumber.h"
 #include "dialogs/frmHardware.h"
+#include "editor/ControlGroups.h"
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
 
@@ -24,11 +25,6 @@ int chosenOf(std::span<const OptionButton> group) {
 
 void setTabsAvailable(std::initializer_list<int> tabs, bool available) {
   for (int tab : tabs) form<frmBigFolder>().tabBig.setTabAvailable(tab, available);
-}
-
-void clearAndDisable(CheckBox& box) {
-  box.setValue(0);
-  box.setEnabled(false);
 }
 
 }  // namespace

@@ -2,17 +2,13 @@
 // Bringing the hardware dialog and the main window into line with the family of the unit.
 #include "core/Model.h"
 #include "dialogs/frmHardware.h"
+#include "editor/ControlGroups.h"
 #include "editor/frmBigFolder.h"
 
 namespace {
 
 enum : int { alarm1Tab = 4, alarm2Tab = 5, lbAlarmTab = 6, out1Tab = 7, out2Tab = 8, rampSoakTab = 9 };
 constexpr int analogTab = 10;
-
-void clearAndDisable(CheckBox& box) {
-  box.setValue(0);
-  box.setEnabled(false);
-}
 
 void offerRkw77Line(frmHardware& dialog) {
   dialog.chkAlarmsOnly.setValue(0);

@@ -4,13 +4,10 @@
 
 #include "core/Model.h"
 #include "core/NumberText.h"
+#include "editor/ControlGroups.h"
 #include "editor/frmBigFolder.h"
 
 namespace {
-
-void enableAll(std::initializer_list<Control*> controls, bool enable) {
-  for (Control* control : controls) control->setEnabled(enable);
-}
 
 std::string asText(const ScrollBar& bar) { return numberText(std::int32_t{bar.value()}); }
 

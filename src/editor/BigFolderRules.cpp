@@ -3,6 +3,7 @@
 // reading.
 #include "core/Memo.h"
 #include "core/Model.h"
+#include "editor/ControlGroups.h"
 #include "editor/frmBigFolder.h"
 
 namespace {
@@ -13,10 +14,6 @@ constexpr int out1Tab = 7;
 constexpr int out2Tab = 8;
 
 bool isSimpleMenu() { return Memo[rec::menuKind].extra == 2; }
-
-void enableAll(std::initializer_list<Control*> controls, bool enable) {
-  for (Control* control : controls) control->setEnabled(enable);
-}
 
 // Which of the two set points an alarm uses.
 void setPointRule(const ComboBox& setup, TextBox& high, TextBox& low) {
