@@ -10,9 +10,11 @@ enum class Fault {
   subscriptOutOfRange = 9,
   typeMismatch = 13,
   fileNotFound = 53,
+  fileFault = 57,
   invalidPropertyValue = 380,
   portNotOpen = 8018,
   portFault = 8020,
+  cancelled = 32755,
 };
 
 class RuntimeError : public std::runtime_error {
