@@ -22,7 +22,7 @@ constexpr qint64 portion = 1 << 20;  // bytes copied at a time
 }
 
 void openOrThrow(QFileDevice& file, QIODevice::OpenMode mode) {
-  const bool missing = mode == QIODevice::ReadOnly && !file.exists();
+  const bool missing = mode == QIODevice::ReadOnly && !QFile::exists(file.fileName());
   if (!file.open(mode)) failed(file, missing ? Fault::fileNotFound : Fault::fileFault);
 }
 
