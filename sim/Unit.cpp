@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "sim/Numbers.h"
+#include "sim/OlderUnits.h"
 
 namespace sim {
 
@@ -119,7 +120,7 @@ void Unit::answerLine(const Command& command, double at, const LineSettings& spo
   }
   const std::string* const literal = literalAnswer(faults, command.body);
   if (literal != nullptr) return say(dressed(faults, *literal), start, out);
-  const Refusal* const refusal = takeRefusal(faults, command.body);
+  const Refusal* const refusal = takeRefusal(faults.refusals, command.body);
   if (refusal != nullptr && refusal->code.empty()) return;
   const std::string text = refusal != nullptr ? command.echoPrefix + refusal->code : answer(command);
   say(dressed(faults, text), start, out);
@@ -132,6 +133,7 @@ void Unit::say(const std::string& bytes, double at, std::vector<Chunk>& out) {
 }
 
 std::string Unit::answer(const Command& command) {
+  if (isOlder(setup_.model)) return olderAnswer(setup_.model, command);
   const std::string_view body = command.body;
   if (body.starts_with("^AE")) {
     if (body.size() > 3) return badFormat;
