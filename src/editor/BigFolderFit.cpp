@@ -35,6 +35,7 @@ void forceOnOff(ComboBox& control) {
 
 void frmBigFolder::cmdCnfg_Click() {
   writeMemo(tabBig.tab());
+  if (isLoaded<frmHardware>() && !form<frmHardware>().isOfThisUnit()) ::unload<frmHardware>();
   if (SilentSetup != False) {
     form<frmHardware>().cmdOk_Click();
   } else {

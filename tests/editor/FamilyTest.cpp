@@ -229,6 +229,35 @@ TEST_F(HardwareButton, MakesEachKindOfUnit) {
   }
 }
 
+TEST_F(HardwareButton, ShowsTheUnitOfAFileAlsoWhereFactoryDefaultsHaveLeftADialog) {
+  editor.cmdFactoryDefaults.userClicked();
+  Hardware.ModelNumber = "Rkw77[case]33-C4";
+  Hardware.Out1 = Hardware.Out2 = {False, True, False, False, False};
+  Hardware.BusMode = 1;
+  DeviceState.DeviceClass = 0;
+  DeviceState.IsRkw77 = True;
+  host.whenShown("frmHardware", [] {
+    EXPECT_EQ(form<frmHardware>().cboModel.text(), "Rkw77[case]33-C4");
+    EXPECT_FALSE(form<frmHardware>().chkMonitor.enabled());
+    form<frmHardware>().cmdOk.userClicked();
+  });
+  editor.cmdCnfg.userClicked();
+  EXPECT_EQ(Hardware.ModelNumber, "Rkw77[case]33-C4");
+  EXPECT_EQ(DeviceState.DeviceClass, 0);
+}
+
+TEST_F(HardwareButton, ShowsTheDialogThatFactoryDefaultsHaveLeft) {
+  Hardware.Out1 = {False, False, True, False, False};
+  editor.cmdFactoryDefaults.userClicked();
+  host.whenShown("frmHardware", [] {
+    EXPECT_TRUE(form<frmHardware>().optOut[0].value());
+    form<frmHardware>().cmdOk.userClicked();
+  });
+  editor.cmdCnfg.userClicked();
+  EXPECT_EQ(Hardware.Out1.SSR, True);
+  EXPECT_EQ(Hardware.Out1.Pulse, False);
+}
+
 TEST_F(HardwareButton, BehindFactoryDefaultsShowsTheirFitAndNoTabHasChanged) {
   Hardware.Out1 = {False, False, True, False, False};
   host.settings["Torvane Configuration/Persist/rs232"] = "False";
