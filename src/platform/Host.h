@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
-// The machine, as the program sees it: clock, events, windows, boxes, settings, ports. One object, set at
-// start.
+// The machine, as the program sees it: clock, events, windows, boxes, settings, ports, files, printer, help.
+// One object, set at start.
 #pragma once
 
 #include <memory>
 #include <string>
 #include <string_view>
 
+#include "platform/Printer.h"
 #include "platform/RuntimeError.h"
 #include "platform/SerialPort.h"
+#include "platform/Socket.h"
 
 class Form;
 
@@ -45,8 +47,32 @@ class Host {
   virtual std::unique_ptr<SerialPort> makeSerialPort() = 0;
   // Which device "COM n" is, and what may keep it from being opened, in words for a tool tip.
   virtual std::string serialPortHint(int commPort) = 0;
-  virtual std::string programFolder() = 0;
+  virtual std::unique_ptr<Socket> makeSocket() = 0;
+
+  // File choosers with a filter such as "Texts (*.txt)|*.txt|All Files (*.*)|*.*"; empty: the user has
+  // cancelled. The folder of the last choice is offered again. Saving over a file has been agreed to by the
+  // user.
+  virtual std::string chooseFileToOpen(const std::string& filter) = 0;
+  virtual std::string chooseFileToSave(const std::string& filter) = 0;
+  // At most so many bytes from the file's start. A file that can't be read is a RuntimeError in the system's
+  // words.
+  virtual std::string readFile(const std::string& path, std::size_t most) = 0;
+  // Writes over a file from its start, in one step: what fails leaves the old file whole and is a
+  // RuntimeError in the system's words. What an older, longer file holds behind the new bytes stays.
+  virtual void exchangeFile(const std::string& path, std::string_view bytes) = 0;
+  // Texts in the machine's single-byte code page; Windows-1252 unless the machine has one of its own.
+  virtual std::string toCodePage(std::string_view text);
+  virtual std::string fromCodePage(std::string_view bytes);
   virtual bool fileExists(const std::string& path) = 0;
+  virtual std::string programFolder() = 0;
+
+  // The printer chooser, set to the default printer; a cancel is a RuntimeError.
+  virtual std::unique_ptr<Printer> choosePrinter() = 0;
+  // "2026-03-01" in the form of the user's locale.
+  virtual std::string today() = 0;
+
+  // `path` is a help file's name, ">" and a window's name. A name that is not known opens nothing.
+  virtual void showHelp(const std::string& path) = 0;
 
   // An error that nothing caught: shows the system's words and ends the program with a non-zero status.
   virtual void fail(const std::string& description) = 0;

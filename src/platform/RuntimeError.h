@@ -6,13 +6,16 @@
 #include <string>
 
 enum class Fault {
+  configurationCorrupted = -2147221477,
   overflow = 6,
   subscriptOutOfRange = 9,
   typeMismatch = 13,
   fileNotFound = 53,
+  fileFault = 57,
   invalidPropertyValue = 380,
   portNotOpen = 8018,
   portFault = 8020,
+  cancelled = 32755,
 };
 
 class RuntimeError : public std::runtime_error {

@@ -10,6 +10,7 @@
 #include "core/NumberText.h"
 #include "dialogs/frmHardware.h"
 #include "editor/frmBigFolder.h"
+#include "network/NetworkChannel.h"
 #include "platform/Host.h"
 #include "protocol/Waits.h"
 
@@ -25,9 +26,15 @@ std::string onOneLine(std::string text) {
 }  // namespace
 
 frmSerial::frmSerial()
-    : Form("frmSerial", "Communications Status"), MSComm1(host().makeSerialPort()), channel(*MSComm1) {
+    : Form("frmSerial", "Communications Status"),
+      MSComm1(host().makeSerialPort()),
+      channel(*MSComm1),
+      winSock1(host().makeSocket()),
+      network(std::make_unique<NetworkChannel>(*winSock1)) {
   cmdCancel.onClick = [this] { cmdCancel_Click(); };
 }
+
+frmSerial::~frmSerial() = default;
 
 void frmSerial::Form_Load() {
   centre();
@@ -50,11 +57,8 @@ void frmSerial::Form_Activate() {
   }
   lstNarrative.clear();
   showTarget();
-  if (Memo[rec::optCommunicationMode].flag == False) {
-    hide();
-  } else if (!serialPath()) {
-    return;
-  }
+  const bool serial = Memo[rec::optCommunicationMode].flag != False;
+  if (!(serial ? serialPath() : networkPath())) return;
   if (Global.DetectionDone == 1) unload();
 }
 
@@ -62,6 +66,7 @@ void frmSerial::Form_Activate() {
 // answered and the window has gone.
 bool frmSerial::serialPath() {
   if (Global.AutoDetect != False) {
+    attempt([this] { SerialTestConnect(); });
     Global.AutoDetect = False;
     return true;
   }
@@ -80,6 +85,17 @@ bool frmSerial::serialPath() {
   }
   upProg(3);
   attempt([this] { Animation1.open(host().programFolder() + "/filecopy.avi"); });
+  runOverSerial();
+  resetWhenWanted([this] {
+    std::int16_t reset = 1;
+    comOK(reset);
+  });
+  takeUnitAddress();
+  finish("Done\r");
+  return true;
+}
+
+void frmSerial::runOverSerial() {
   auto& editor = form<frmBigFolder>();
   for (std::int16_t tab = 0; tab < editor.tabBig.tabs(); ++tab) {
     attempt([&] { editor.writeMemo(tab); });
@@ -91,17 +107,37 @@ bool frmSerial::serialPath() {
   } else {
     attempt([this] { WriteConfigurationToDevice(); });
   }
-  if (Global.ResetAfterWrite != False && readMode == False) {
-    mode = 1;
-    attempt([&] { comOK(mode); });
-    upProg(97);
+}
+
+// A failed connection ends like a run that took place, behind its box. False when a second activation found
+// nothing to read and the window has gone.
+bool frmSerial::networkPath() {
+  if (Global.AutoDetect != False) {
+    Global.DetectionDone = 1;
+    attempt([this] { NetworkTestConnect(); });
+    Global.AutoDetect = False;
+    return true;
   }
-  if (Memo[rec::optRS485].flag != False) {
-    attempt([] { Hardware.BusAddress = toInt16(Val(Memo[rec::txtRS485Address].text)); });
-    attempt([] { form<frmHardware>().txtAddress.setText(Memo[rec::txtRS485Address].text); });
-  }
-  finish("Done\r");
+  std::int16_t result = 0;
+  attempt([&] { result = NetworkFullConnect(); });
+  if (result == -2) messageBox("No device connected");
+  if (result == -1) messageBox("Failed to connnect to Relayon");
+  if (result == 0) resetWhenWanted([this] { NetworkCommunicationOK(true); });
+  takeUnitAddress();
+  finish(readMode != False ? " and Configuration Read\r" : " and Configuration Sent\r");
   return true;
+}
+
+void frmSerial::resetWhenWanted(const Handler& reset) {
+  if (Global.ResetAfterWrite == False || readMode != False) return;
+  attempt(reset);
+  upProg(97);
+}
+
+void frmSerial::takeUnitAddress() {
+  if (Memo[rec::optRS485].flag == False) return;
+  attempt([] { Hardware.BusAddress = toInt16(Val(Memo[rec::txtRS485Address].text)); });
+  attempt([] { form<frmHardware>().txtAddress.setText(Memo[rec::txtRS485Address].text); });
 }
 
 void frmSerial::finish(std::string_view lastWords) {
@@ -122,6 +158,7 @@ bool frmSerial::Form_QueryUnload() {
 }
 
 void frmSerial::Form_Unload() {
+  winSock1->close();
   if (MSComm1->isOpen()) MSComm1->close();
 }
 

@@ -12,13 +12,16 @@
 
 #include "platform/Form.h"
 #include "platform/SerialPort.h"
+#include "platform/Socket.h"
 #include "protocol/SerialChannel.h"
 
+class NetworkChannel;
 struct RegisterStep;
 
 class frmSerial : public Form {
  public:
   frmSerial();
+  ~frmSerial() override;
 
   Animation Animation1{*this, "Animation1"};
   Picture imgComputer{*this, "imgComputer", "imgComputer"};
@@ -41,6 +44,8 @@ class frmSerial : public Form {
 
   const std::unique_ptr<SerialPort> MSComm1;
   SerialChannel channel;
+  const std::unique_ptr<Socket> winSock1;
+  const std::unique_ptr<NetworkChannel> network;
 
   // Narrative.
   void upStat(bool append, std::string_view text);
@@ -56,6 +61,15 @@ class frmSerial : public Form {
   // What unit it is: -1 none that can be used, 0 the Rkw77 line, 1 to 5 TMP, PRC, STR, GR2, RHT, 6 any other.
   void ComCheckForMeterType(std::int16_t& type);
 
+  // The wizard's tests, over the serial ports and over the bridge. They leave their verdicts in the wizard.
+  void SerialTestConnect();
+  void NetworkTestConnect();
+
+  // The bridge: connects and runs the whole job; 0 the run took place, -1 no bridge, -2 no unit that can be
+  // configured. Is there a unit of the right family, or, with `reset`, was it reset?
+  std::int16_t NetworkFullConnect();
+  bool NetworkCommunicationOK(bool reset);
+
   // The runs. Errors in an encoder or decoder end them where they are.
   void WriteConfigurationToDevice();
   void ReadConfigurationFromDevice();
@@ -70,6 +84,10 @@ class frmSerial : public Form {
   static constexpr int fullBar = 4095;
 
   bool serialPath();
+  bool networkPath();
+  void runOverSerial();
+  void resetWhenWanted(const Handler& reset);
+  void takeUnitAddress();
   void finish(std::string_view lastWords);
   void cmdCancel_Click();
   void showTarget();

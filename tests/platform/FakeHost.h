@@ -53,8 +53,16 @@ class FakeHost : public Host {
 
   std::unique_ptr<SerialPort> makeSerialPort() override { return nullptr; }
   std::string serialPortHint(int) override { return ""; }
-  std::string programFolder() override { return "/program"; }
+  std::unique_ptr<Socket> makeSocket() override { return nullptr; }
+  std::string chooseFileToOpen(const std::string&) override { return ""; }
+  std::string chooseFileToSave(const std::string&) override { return ""; }
+  std::string readFile(const std::string&, std::size_t) override { return ""; }
+  void exchangeFile(const std::string&, std::string_view) override {}
   bool fileExists(const std::string& path) override { return files.contains(path); }
+  std::string programFolder() override { return "/program"; }
+  std::unique_ptr<Printer> choosePrinter() override { return nullptr; }
+  std::string today() override { return ""; }
+  void showHelp(const std::string& path) override { note("help " + path); }
 
   void fail(const std::string& description) override { failures.push_back(description); }
 

@@ -16,6 +16,7 @@
 
 #include "dialogs/frmCommModeWarning.h"
 #include "dialogs/frmHardware.h"
+#include "dialogs/frmPreferences.h"
 #include "dialogs/frmWarning.h"
 #include "editor/frmBigFolder.h"
 #include "session/ScriptedHost.h"
@@ -48,6 +49,9 @@ class Wanderer : public ScriptedHost {
     if (isLoaded<frmWarning>() && form<frmWarning>().reachable()) click(*this, form<frmWarning>(), "cmdOk");
     if (isLoaded<frmHardware>() && form<frmHardware>().reachable()) useHardware();
     if (isLoaded<frmCommModeWarning>() && form<frmCommModeWarning>().reachable()) useModeWarning();
+    if (isLoaded<frmPreferences>() && form<frmPreferences>().reachable()) {
+      click(*this, form<frmPreferences>(), "cmdOk");
+    }
   }
   void fail(const std::string& description) override { failures.push_back(description); }
 

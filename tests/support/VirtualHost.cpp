@@ -14,6 +14,19 @@ namespace {
 
 constexpr int hopeless = 20000;  // waits in a row in which nothing happens
 
+// A connection that never comes.
+class NoSocket : public Socket {
+ public:
+  SocketState state() const override { return state_; }
+  void connect() override { state_ = SocketState::connecting; }
+  void close() override { state_ = SocketState::closed; }
+  void sendData(std::string_view) override {}
+  std::string getData() override { return ""; }
+
+ private:
+  SocketState state_ = SocketState::closed;
+};
+
 bool isInFront(const std::string& formName) {
   const auto forms = loadedForms();
   return std::ranges::any_of(
@@ -106,5 +119,33 @@ void VirtualHost::saveSetting(const std::string& path, const std::string& value)
 }
 
 std::unique_ptr<SerialPort> VirtualHost::makeSerialPort() { return std::make_unique<VirtualPort>(*this); }
+
+std::unique_ptr<Socket> VirtualHost::makeSocket() { return std::make_unique<NoSocket>(); }
+
+std::unique_ptr<Printer> VirtualHost::choosePrinter() {
+  throw RuntimeError(Fault::cancelled, "Cancel was selected.");
+}
+
+std::string VirtualHost::chooseFileToOpen(const std::string& filter) {
+  filters.push_back(filter);
+  if (chosenFiles.empty()) return "";
+  const std::string path = chosenFiles.front();
+  chosenFiles.pop_front();
+  return path;
+}
+
+std::string VirtualHost::chooseFileToSave(const std::string& filter) { return chooseFileToOpen(filter); }
+
+std::string VirtualHost::readFile(const std::string& path, std::size_t most) {
+  const auto found = files.find(path);
+  if (found == files.end()) throw RuntimeError(Fault::fileNotFound, "No such file or directory");
+  return found->second.substr(0, most);
+}
+
+void VirtualHost::exchangeFile(const std::string& path, std::string_view bytes) {
+  if (!diskFault.empty()) throw RuntimeError(Fault::fileFault, diskFault);
+  std::string& file = files[path];
+  file = std::string(bytes) + (file.size() > bytes.size() ? file.substr(bytes.size()) : "");
+}
 
 std::string VirtualHost::serialPortHint(int commPort) { return "COM " + std::to_string(commPort) + " here"; }

@@ -39,7 +39,11 @@ class VirtualHost : public Host {
   std::map<std::string, std::string> settings;
   std::vector<std::string> savedOrder;  // keys in the order in which they were saved
   std::set<std::string> missingFiles;
-  std::vector<std::string> events;  // "show frmSplash", "hide frmSplash", "repaint ..." and so on
+  std::map<std::string, std::string> files;  // path to content
+  std::string diskFault;                     // the system's words; empty: files can be written
+  std::deque<std::string> chosenFiles;       // what the user answers in the file choosers; none left: cancel
+  std::vector<std::string> filters;          // what the choosers offered
+  std::vector<std::string> events;           // "show frmSplash", "hide frmSplash", "repaint ..." and so on
   std::vector<std::string> failures;
   int beeps = 0;
   int portOpenings = 0;
@@ -72,8 +76,16 @@ class VirtualHost : public Host {
   void deleteSetting(const std::string& path) override { settings.erase(path); }
   std::unique_ptr<SerialPort> makeSerialPort() override;
   std::string serialPortHint(int commPort) override;
-  std::string programFolder() override { return "/program"; }
+  std::unique_ptr<Socket> makeSocket() override;
+  std::string chooseFileToOpen(const std::string& filter) override;
+  std::string chooseFileToSave(const std::string& filter) override;
+  std::string readFile(const std::string& path, std::size_t most) override;
+  void exchangeFile(const std::string& path, std::string_view bytes) override;
   bool fileExists(const std::string& path) override { return !missingFiles.contains(path); }
+  std::string programFolder() override { return "/program"; }
+  std::unique_ptr<Printer> choosePrinter() override;
+  std::string today() override { return "2026-03-01"; }
+  void showHelp(const std::string& path) override { events.push_back("help " + path); }
   void fail(const std::string& description) override { failures.push_back(description); }
 
  private:

@@ -3,14 +3,18 @@
 #include "platform/qt/QtHost.h"
 
 #include <QApplication>
+#include <QDate>
 #include <QFileInfo>
+#include <QLocale>
 #include <QMessageBox>
 #include <QPixmap>
 #include <QTime>
 #include <cmath>
 #include <cstdlib>
 
+#include "platform/qt/QtFiles.h"
 #include "platform/qt/QtSerialPort.h"
+#include "platform/qt/QtSocket.h"
 #include "platform/qt/QtText.h"
 
 namespace {
@@ -113,6 +117,24 @@ std::string QtHost::serialPortHint(int commPort) {
   settings_.readAgain();
   return ports_.hint(commPort);
 }
+
+std::unique_ptr<Socket> QtHost::makeSocket() { return std::make_unique<QtSocket>(); }
+
+std::unique_ptr<Printer> QtHost::choosePrinter() {
+  throw RuntimeError(Fault::cancelled, "No printer is installed");
+}
+
+std::string QtHost::today() { return typed(QLocale().toString(QDate::currentDate(), QLocale::ShortFormat)); }
+
+void QtHost::showHelp(const std::string&) {}
+
+std::string QtHost::chooseFileToOpen(const std::string& filter) { return files_.chooseToOpen(filter); }
+
+std::string QtHost::chooseFileToSave(const std::string& filter) { return files_.chooseToSave(filter); }
+
+std::string QtHost::readFile(const std::string& path, std::size_t most) { return readWhole(path, most); }
+
+void QtHost::exchangeFile(const std::string& path, std::string_view bytes) { exchangeWhole(path, bytes); }
 
 std::string QtHost::programFolder() { return typed(QCoreApplication::applicationDirPath()); }
 

@@ -7,6 +7,7 @@
 #include <QTimer>
 
 #include "platform/Host.h"
+#include "platform/qt/QtFiles.h"
 #include "platform/qt/QtPorts.h"
 #include "platform/qt/QtSettings.h"
 #include "platform/qt/Windows.h"
@@ -35,8 +36,18 @@ class QtHost : public Host {
 
   std::unique_ptr<SerialPort> makeSerialPort() override;
   std::string serialPortHint(int commPort) override;
-  std::string programFolder() override;
+  std::unique_ptr<Socket> makeSocket() override;
+
+  std::string chooseFileToOpen(const std::string& filter) override;
+  std::string chooseFileToSave(const std::string& filter) override;
+  std::string readFile(const std::string& path, std::size_t most) override;
+  void exchangeFile(const std::string& path, std::string_view bytes) override;
   bool fileExists(const std::string& path) override;
+  std::string programFolder() override;
+
+  std::unique_ptr<Printer> choosePrinter() override;
+  std::string today() override;
+  void showHelp(const std::string& path) override;
 
   // Closes all serial ports and ends the process with status 1. A second error while the box of the first is
   // still open adds nothing to it.
@@ -52,6 +63,7 @@ class QtHost : public Host {
   Windows windows_;
   QtSettings settings_;
   QtPorts ports_;
+  FileChooser files_;
   bool failing_ = false;
 };
 

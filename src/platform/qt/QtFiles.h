@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+// Files on the disk: the choosers, reading, and the exchange in one step.
+#pragma once
+
+#include <QString>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+// The system's choosers. They offer the folder of the last choice again, for as long as the program runs.
+class FileChooser {
+ public:
+  // Empty when the user has cancelled.
+  std::string chooseToOpen(const std::string& filter);
+  std::string chooseToSave(const std::string& filter);
+
+ private:
+  std::string remember(const QString& path);
+
+  QString folder_;
+};
+
+// "Texts (*.txt)|*.txt|All Files (*.*)|*.*" in the toolkit's form.
+QString toolkitFilter(std::string_view filter);
+
+std::string readWhole(const std::string& path, std::size_t most);
+void exchangeWhole(const std::string& path, std::string_view bytes);
