@@ -132,6 +132,7 @@ class frmBigFolder : public BigFolderControls {
   void fitToAlarmsOnly();
   void fitToSimpleMenu();
   void fitAnalogOutput();
+  void optInType_Click(std::size_t index);
   void chkOut1Self_Click();
   void cboOut1Ctrl_Click();
   void cboOut2Ctrl_Click();

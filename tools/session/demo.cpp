@@ -6,15 +6,20 @@
 #include <cstdio>
 
 #include "core/Program.h"
+#include "dialogs/frmCommModeWarning.h"
 #include "dialogs/frmHardware.h"
 #include "dialogs/frmRead.h"
 #include "dialogs/frmSplash.h"
+#include "dialogs/frmWarning.h"
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
 #include "protocol/frmSerial.h"
 #include "session/ScriptedHost.h"
 
 namespace {
+
+constexpr int setpointsTab = 1;
+constexpr int commTab = 11;
 
 QDir folder;
 
@@ -34,13 +39,35 @@ void pictureEveryTab(const std::string& kind = "") {
     editor().tabBig.setTab(tab);
     picture(editor(), kind + "tab" + std::to_string(tab));
   }
-  editor().tabBig.setTab(1);
+  editor().tabBig.setTab(setpointsTab);
 }
 
 void editSetup(ScriptedHost& user) {
   type(user, editor(), "txtSp1", "123.4");
   type(user, editor(), "txtSp2", "150.0");
   choose(user, editor(), "cboNormalColor", 2);
+}
+
+// A set point out of range, and a change of the unit's bus that is taken back again.
+void pictureWarnings(ScriptedHost& user) {
+  user.whenShown("frmBigFolder", [&user] {
+    type(user, editor(), "txtSp1", "5000");
+    click(user, editor(), "cmdReset");
+  });
+  user.whenShown("frmWarning", [&user] {
+    picture(form<frmWarning>(), "warning");
+    click(user, form<frmWarning>(), "cmdOk");
+  });
+  user.whenShown("frmBigFolder", [&user] {
+    editor().tabBig.setTab(commTab);
+    click(user, editor(), "optRS485");
+  });
+  user.whenShown("frmCommModeWarning", [&user] {
+    picture(form<frmCommModeWarning>(), "comm-mode-warning");
+    click(user, form<frmCommModeWarning>(), "cmdCommWarning");
+    click(user, editor(), "optNoChange");
+    editor().tabBig.setTab(setpointsTab);
+  });
 }
 
 // Every kind of model once, the last of them for good.
@@ -84,10 +111,9 @@ void pictureEveryKind(ScriptedHost& user) {
 
 void planSession(ScriptedHost& user) {
   user.whenShown("frmSplash", [] { picture(form<frmSplash>(), "splash"); });
-  user.whenShown("frmBigFolder", [&user] {
-    pictureEveryTab();
-    click(user, editor(), "cmdCnfg");
-  });
+  user.whenShown("frmBigFolder", [] { pictureEveryTab(); });
+  pictureWarnings(user);
+  user.whenShown("frmBigFolder", [&user] { click(user, editor(), "cmdCnfg"); });
   user.whenShown("frmHardware", [&user] { chooseHardware(user); });
   user.whenShown("frmBigFolder", [&user] {
     editSetup(user);
