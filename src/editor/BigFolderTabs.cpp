@@ -5,6 +5,7 @@
 #include "core/Model.h"
 #include "dialogs/ShowHelp.h"
 #include "dialogs/frmHardware.h"
+#include "dialogs/frmPreferences.h"
 #include "dialogs/frmRead.h"
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
@@ -29,6 +30,7 @@ void frmBigFolder::wireTabs() {
   cmdHelp.onClick = [this] { cmdHelp_Click(); };
   cmdCnfg.onClick = [this] { cmdCnfg_Click(); };
   cmdOpen.onClick = [this] { cmdOpen_Click(); };
+  cmdPref.onClick = [] { cmdPref_Click(); };
   cmdWrite.onClick = [this] { cmdWrite_Click(); };
   cmdReset.onClick = [this] { cmdReset_Click(); };
   cmdFactoryDefaults.onClick = [this] { cmdFactoryDefaults_Click(); };
@@ -91,6 +93,11 @@ void frmBigFolder::cmdOpen_Click() {
   ::unload<frmSerial>();
   ::unload<frmRead>();
   Global.WarningsOff = warningsOff;
+}
+
+void frmBigFolder::cmdPref_Click() {
+  form<frmPreferences>().showModal();
+  ::unload<frmPreferences>();
 }
 
 void frmBigFolder::cmdFactoryDefaults_Click() {
