@@ -25,12 +25,15 @@ QTextEdit::ExtraSelection marked(const QTextCursor& place, const QPalette& palet
 
 HelpView::HelpView(QWidget* parent) : QTextBrowser(parent) {
   setOpenExternalLinks(false);
-  connect(this, &QTextBrowser::sourceChanged, this, [this] { markWords(); });
+  connect(this, &QTextBrowser::sourceChanged, this, &HelpView::arrive);
 }
 
 void HelpView::showPage(const QString& file) { setSource(folder.resolved(QUrl(file))); }
 
-QString HelpView::page() const { return source().fileName(); }
+void HelpView::arrive(const QUrl& source) {
+  page_ = source.fileName();
+  markWords();
+}
 
 void HelpView::mark(const QStringList& words) {
   words_ = words;
@@ -45,28 +48,19 @@ void HelpView::markWords() {
   }
   std::ranges::stable_sort(marks, {}, [](const auto& mark) { return mark.cursor.selectionStart(); });
   setExtraSelections(marks);
-  if (marks.isEmpty()) return;
-  moveCursor(QTextCursor::Start);
-  step(true);
+  at_ = 0;
+  if (!marks.isEmpty()) goTo(marks.first());
 }
 
-void HelpView::step(bool forward) {
+void HelpView::step(int by) {
   const auto marks = extraSelections();
   if (marks.isEmpty()) return;
-  const int here = textCursor().selectionStart();
-  const bool fresh = !textCursor().hasSelection();
-  const auto* goal = forward ? &marks.first() : &marks.last();
-  if (forward) {
-    const auto next = std::ranges::find_if(marks, [&](const auto& mark) {
-      return mark.cursor.selectionStart() > here || (fresh && mark.cursor.selectionStart() == here);
-    });
-    if (next != marks.end()) goal = &*next;
-  } else {
-    const auto before = std::find_if(marks.rbegin(), marks.rend(),
-                                     [&](const auto& mark) { return mark.cursor.selectionStart() < here; });
-    if (before != marks.rend()) goal = &*before;
-  }
-  setTextCursor(goal->cursor);
+  at_ = (at_ + by + marks.size()) % marks.size();
+  goTo(marks[at_]);
+}
+
+void HelpView::goTo(const ExtraSelection& mark) {
+  setTextCursor(mark.cursor);
   ensureCursorVisible();
 }
 

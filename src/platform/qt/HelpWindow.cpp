@@ -57,8 +57,8 @@ void HelpWindow::build() {
   panes->setChildrenCollapsible(false);
   panes->addWidget(sidePane());
   panes->addWidget(view_);
-  panes->setStretchFactor(0, 1);
-  panes->setStretchFactor(1, 3);
+  panes->setStretchFactor(0, 3);
+  panes->setStretchFactor(1, 7);
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(gap, gap, gap, gap);
   rows->setSpacing(gap);
@@ -77,8 +77,8 @@ QWidget* HelpWindow::commands() {
   auto* columns = new QHBoxLayout(row);
   columns->setContentsMargins(0, 0, 0, 0);
   columns->setSpacing(gap);
-  for (QWidget* widget : {static_cast<QWidget*>(label), static_cast<QWidget*>(query_)})
-    columns->addWidget(widget);
+  columns->addWidget(label);
+  columns->addWidget(query_);
   for (QWidget* widget : {back, forward, home}) columns->addWidget(widget);
   back->setEnabled(false);
   forward->setEnabled(false);
@@ -116,6 +116,7 @@ void HelpWindow::fillContents() {
     auto* heading = new QTreeWidgetItem(contents_, {section.title});
     for (const HelpPage& page : section.pages) {
       auto* item = new QTreeWidgetItem(heading, {page.title});
+      item->setToolTip(0, page.title);
       item->setData(0, fileRole, page.file);
     }
   }
@@ -128,8 +129,8 @@ void HelpWindow::addKeys() {
     query_->selectAll();
   });
   onKey(this, QKeySequence("F1"), [this] { view_->showPage(guide_.home); });
-  onKey(this, QKeySequence("F3"), [this] { view_->step(true); });
-  onKey(this, QKeySequence("Shift+F3"), [this] { view_->step(false); });
+  onKey(this, QKeySequence("F3"), [this] { view_->step(1); });
+  onKey(this, QKeySequence("Shift+F3"), [this] { view_->step(-1); });
   onKey(this, QKeySequence("Alt+Left"), [this] { view_->backward(); });
   onKey(this, QKeySequence("Alt+Right"), [this] { view_->forward(); });
   onKey(this, QKeySequence("Esc"), [this] { leave(); });
@@ -138,7 +139,7 @@ void HelpWindow::addKeys() {
 }
 
 void HelpWindow::setFirstSize() {
-  const QSize wanted(fontMetrics().averageCharWidth() * 130, fontMetrics().height() * 38);
+  const QSize wanted(fontMetrics().averageCharWidth() * 160, fontMetrics().height() * 42);
   resize(wanted.boundedTo(screen()->availableSize() * 0.9));
 }
 
@@ -170,6 +171,7 @@ void HelpWindow::follow() {
     if ((*at)->data(0, fileRole).toString() == view_->page()) current = *at;
   }
   contents_->setCurrentItem(current);
+  if (current == nullptr) contents_->clearSelection();
 }
 
 // First the search goes, then the window.
@@ -179,4 +181,5 @@ void HelpWindow::leave() {
     return;
   }
   query_->clear();
+  contents_->setFocus();
 }
