@@ -31,7 +31,8 @@ HelpPage readPage(const QJsonObject& row) {
 
 HelpSection readSection(const QJsonObject& row) {
   HelpSection section{row["title"].toString(), {}};
-  for (const QJsonValue& page : row["pages"].toArray()) section.pages.push_back(readPage(page.toObject()));
+  const QJsonArray pages = row["pages"].toArray();
+  for (const auto& page : pages) section.pages.push_back(readPage(page.toObject()));
   return section;
 }
 
@@ -62,9 +63,8 @@ std::optional<HelpGuide> helpGuide(const QString& path) {
   const QJsonObject table = QJsonDocument::fromJson(contentOf("contents.json")).object();
   if (table.isEmpty() || table["name"].toString() != guideName(path)) return std::nullopt;
   HelpGuide guide{table["home"].toString(), {}};
-  for (const QJsonValue& section : table["sections"].toArray()) {
-    guide.sections.push_back(readSection(section.toObject()));
-  }
+  const QJsonArray sections = table["sections"].toArray();
+  for (const auto& section : sections) guide.sections.push_back(readSection(section.toObject()));
   return guide;
 }
 
