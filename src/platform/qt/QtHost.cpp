@@ -12,8 +12,8 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "platform/qt/QtFiles.h"
 #include "platform/qt/HelpWindow.h"
+#include "platform/qt/QtFiles.h"
 #include "platform/qt/QtSerialPort.h"
 #include "platform/qt/QtSocket.h"
 #include "platform/qt/QtText.h"
