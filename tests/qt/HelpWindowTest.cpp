@@ -106,6 +106,11 @@ TEST_F(HelpWindowTest, PagesWithAWordInTheirTitleComeFirst) {
   EXPECT_GT(found().count(), 2);
 }
 
+TEST_F(HelpWindowTest, ThenThoseThatHaveItMostOften) {
+  open().search("loop break");
+  EXPECT_EQ(found().item(0)->text(), "Tab \"LB alarm\"");
+}
+
 TEST_F(HelpWindowTest, MarksEveryPlaceOnThePage) {
   open().search("loop break");
   view().showPage("tab-lb-alarm.html");

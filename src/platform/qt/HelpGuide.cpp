@@ -8,6 +8,7 @@
 #include <QJsonObject>
 #include <QTextDocument>
 #include <algorithm>
+#include <functional>
 
 namespace {
 
@@ -46,6 +47,16 @@ QString guideName(const QString& path) {
 
 bool has(const QString& text, const QString& word) { return text.contains(word, Qt::CaseInsensitive); }
 
+// A word in the title is worth more than any number of them in the text.
+qsizetype worth(const HelpPage& page, const QStringList& words) {
+  constexpr qsizetype inTitle = 10'000;
+  qsizetype sum = 0;
+  for (const QString& word : words) {
+    sum += page.text.count(word, Qt::CaseInsensitive) + (has(page.title, word) ? inTitle : 0);
+  }
+  return sum;
+}
+
 template <class Test>
 std::vector<const HelpPage*> pagesThat(const HelpGuide& guide, Test test) {
   std::vector<const HelpPage*> found;
@@ -79,12 +90,9 @@ QStringList helpWords(const HelpGuide& guide, const QString& query) {
 
 std::vector<const HelpPage*> pagesWith(const HelpGuide& guide, const QStringList& words) {
   if (words.isEmpty()) return {};
-  const auto inTitle = [&](const HelpPage* page) {
-    return std::ranges::any_of(words, [&](const QString& word) { return has(page->title, word); });
-  };
   auto found = pagesThat(guide, [&](const HelpPage& page) {
     return std::ranges::all_of(words, [&](const QString& word) { return has(page.text, word); });
   });
-  std::ranges::stable_partition(found, inTitle);
+  std::ranges::stable_sort(found, std::greater(), [&](const HelpPage* page) { return worth(*page, words); });
   return found;
 }

@@ -31,6 +31,6 @@ std::optional<HelpGuide> helpGuide(const QString& path);
 
 // What to look for: the query as one phrase if a page has it so, else its words one by one, at most twenty.
 QStringList helpWords(const HelpGuide& guide, const QString& query);
-// The pages that have all the words, in any case of letters: those first whose title has one of them, else in
-// the guide's order. No words, no pages.
+// The pages that have all the words, in any case of letters: those first whose title has them, then those
+// that have them most often. No words, no pages.
 std::vector<const HelpPage*> pagesWith(const HelpGuide& guide, const QStringList& words);

@@ -11,8 +11,6 @@
 
 namespace {
 
-const QUrl folder("qrc:/help/");
-
 QTextEdit::ExtraSelection marked(const QTextCursor& place, const QPalette& palette) {
   QTextEdit::ExtraSelection mark;
   mark.cursor = place;
@@ -28,7 +26,7 @@ HelpView::HelpView(QWidget* parent) : QTextBrowser(parent) {
   connect(this, &QTextBrowser::sourceChanged, this, &HelpView::arrive);
 }
 
-void HelpView::showPage(const QString& file) { setSource(folder.resolved(QUrl(file))); }
+void HelpView::showPage(const QString& file) { setSource("qrc:/help/" + file); }
 
 void HelpView::arrive(const QUrl& source) {
   page_ = source.fileName();
@@ -79,11 +77,8 @@ void HelpView::changeEvent(QEvent* event) {
 
 // Colours are taken from the palette when a page is laid out.
 void HelpView::loadAgain() {
-  if (loading_ || source().isEmpty()) return;
-  loading_ = true;
+  if (source().isEmpty()) return;
   const int place = verticalScrollBar()->value();
   reload();
-  markWords();
   verticalScrollBar()->setValue(place);
-  loading_ = false;
 }

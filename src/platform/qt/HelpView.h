@@ -30,5 +30,4 @@ class HelpView : public QTextBrowser {
   QString page_;  // the toolkit tells of a change before it knows the new source itself
   QStringList words_;
   qsizetype at_ = 0;  // which of the marked places was gone to last
-  bool loading_ = false;
 };
