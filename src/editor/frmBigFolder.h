@@ -56,6 +56,7 @@ class frmBigFolder : public BigFolderControls {
   void cmdReset_Click();
   void cmdNext_Click();
   void cmdPrev_Click();
+  void cmdHelp_Click();
   void cmdQuit_Click();
   void cmdWrite_Click();
   void cmdOpen_Click();

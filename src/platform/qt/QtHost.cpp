@@ -12,6 +12,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "platform/qt/HelpWindow.h"
 #include "platform/qt/QtFiles.h"
 #include "platform/qt/QtSerialPort.h"
 #include "platform/qt/QtSocket.h"
@@ -60,7 +61,10 @@ QtHost::QtHost() : startOfRun_(QTime::currentTime().msecsSinceStartOfDay() / 100
   QApplication::setQuitOnLastWindowClosed(false);
 }
 
-QtHost::~QtHost() { deleteWhatIsDue(); }
+QtHost::~QtHost() {
+  delete help_.data();
+  deleteWhatIsDue();
+}
 
 double QtHost::now() { return startOfRun_ + static_cast<double>(sinceStart_.nsecsElapsed()) / 1e9; }
 
@@ -126,7 +130,14 @@ std::unique_ptr<Printer> QtHost::choosePrinter() {
 
 std::string QtHost::today() { return typed(QLocale().toString(QDate::currentDate(), QLocale::ShortFormat)); }
 
-void QtHost::showHelp(const std::string&) {}
+void QtHost::showHelp(const std::string& path) {
+  const auto guide = helpGuide(shown(path));
+  if (!guide) return;
+  if (!help_) help_ = new HelpWindow(*guide);
+  help_->show();
+  help_->raise();
+  help_->activateWindow();
+}
 
 std::string QtHost::chooseFileToOpen(const std::string& filter) { return files_.chooseToOpen(filter); }
 

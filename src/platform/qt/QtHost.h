@@ -3,8 +3,10 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QPointer>
 #include <QString>
 #include <QTimer>
+#include <QWidget>
 
 #include "platform/Host.h"
 #include "platform/qt/QtFiles.h"
@@ -64,6 +66,7 @@ class QtHost : public Host {
   QtSettings settings_;
   QtPorts ports_;
   FileChooser files_;
+  QPointer<QWidget> help_;
   bool failing_ = false;
 };
 
