@@ -4,13 +4,14 @@
 
 #include "core/Global.h"
 #include "core/Model.h"
+#include "dialogs/Report.h"
 #include "dialogs/RunHead.h"
 #include "editor/frmBigFolder.h"
 #include "protocol/frmSerial.h"
 
 frmWrite::frmWrite() : Form("frmWrite", "Write to...") {
   cmdFile.setEnabled(false);
-  cmdPrint.setEnabled(false);
+  cmdPrint.onClick = printReport;
   cmdSerial.onClick = [this] { cmdSerial_Click(); };
   chkReset.onClick = [this] { Global.ResetAfterWrite = asFlag(chkReset.value() != 0); };
   cmdCancel.onClick = [this] { hide(); };
