@@ -13,7 +13,7 @@ namespace {
 
 std::string trimmed(const std::string& text) { return text.substr(0, text.find_last_not_of(' ') + 1); }
 
-std::string shownRun(const Run& run) {
+std::string shownRun(const Imprint& run) {
   const std::string mark = std::string(run.bold ? "*" : "") + (run.underline ? "_" : "");
   return mark + trimmed(run.text) + std::string(mark.rbegin(), mark.rend());
 }
@@ -22,8 +22,8 @@ std::string shownRun(const Run& run) {
 
 std::string Paper::asText() const {
   std::string text;
-  const Run* before = nullptr;
-  for (const Run& run : runs) {
+  const Imprint* before = nullptr;
+  for (const Imprint& run : runs) {
     if (before != nullptr && before->page != run.page) {
       text += "\n---\n";
     } else if (before != nullptr) {
@@ -32,13 +32,14 @@ std::string Paper::asText() const {
     text += shownRun(run);
     before = &run;
   }
-  return text + "\n";
+  return runs.empty() ? "" : text + "\n";
 }
 
-Run Paper::find(std::string_view text) const {
-  const auto found = std::ranges::find_if(runs, [&](const Run& run) { return run.text.starts_with(text); });
+Imprint Paper::find(std::string_view text) const {
+  const auto found =
+      std::ranges::find_if(runs, [&](const Imprint& run) { return run.text.starts_with(text); });
   EXPECT_NE(found, runs.end()) << text;
-  return found == runs.end() ? Run{} : *found;
+  return found == runs.end() ? Imprint{} : *found;
 }
 
 VirtualPrinter::VirtualPrinter(std::shared_ptr<Paper> paper) : paper_(std::move(paper)) { newPage(); }
@@ -51,10 +52,10 @@ int VirtualPrinter::textWidth(std::string_view text) { return paper_->pitch * st
 
 void VirtualPrinter::print(std::string_view text) {
   if (text.empty()) return;
-  const Run run{page(), currentX, currentY, std::string(text), bold_, underline_};
+  const Imprint run{page(), currentX, currentY, std::string(text), bold_, underline_};
   currentX += textWidth(text);
   if (!paper_->runs.empty()) {
-    Run& last = paper_->runs.back();
+    Imprint& last = paper_->runs.back();
     const bool follows = last.page == run.page && last.y == run.y && last.x + textWidth(last.text) == run.x;
     if (follows && last.bold == run.bold && last.underline == run.underline) {
       last.text += text;

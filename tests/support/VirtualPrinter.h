@@ -10,7 +10,7 @@
 #include "platform/Printer.h"
 
 // What was printed in one go; neighbours of one style on a line are one run.
-struct Run {
+struct Imprint {
   int page;
   int x;
   int y;
@@ -18,7 +18,7 @@ struct Run {
   bool bold = false;
   bool underline = false;
 
-  bool operator==(const Run&) const = default;
+  bool operator==(const Imprint&) const = default;
 };
 
 struct Paper {
@@ -28,7 +28,7 @@ struct Paper {
   int lineHeight = 240;
   int failsAtPage = 0;  // the printer's fault comes with this page; 0: never
 
-  std::vector<Run> runs;
+  std::vector<Imprint> runs;
   std::string font;  // "Courier 12"
   int pages = 0;
   bool ended = false;  // the document has been sent off
@@ -37,7 +37,7 @@ struct Paper {
   // ones in "_", "---" between pages. Blanks at the end of a run are left out.
   std::string asText() const;
   // The first run that begins with this text; a failure, and an empty run, if there is none.
-  Run find(std::string_view text) const;
+  Imprint find(std::string_view text) const;
 };
 
 class VirtualPrinter : public Printer {

@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 
+#include <QString>
 #include <QWidget>
 
 #include "platform/qt/QtHost.h"
@@ -23,10 +24,13 @@ class ScriptedHost : public QtHost {
   // Answers every message box with its default after noting its text.
   std::deque<std::string> boxes;
   Answer answer = Answer::ok;
+  // The file that the user prints into; empty: the printer chooser comes up.
+  QString pdf;
 
   void yield() override;
   void idle(double seconds) override;
   Answer messageBox(std::string_view text, std::string_view title, Icon icon, Buttons buttons) override;
+  std::unique_ptr<Printer> choosePrinter(const std::string& document) override;
 
  private:
   struct Step {

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 // A walk through a session with the simulated unit, for a machine without a display: edits a setup, writes
-// it, reads it back, and leaves pictures of the windows in the folder that is named on the command line.
+// it, prints it, reads it back, and leaves the report and pictures of the windows in the folder that is named
+// on the command line.
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <cstdio>
 
 #include "core/Program.h"
@@ -41,6 +43,12 @@ void editSetup(ScriptedHost& user) {
   type(user, editor(), "txtSp1", "123.4");
   type(user, editor(), "txtSp2", "150.0");
   choose(user, editor(), "cboNormalColor", 2);
+}
+
+void printReport(ScriptedHost& user) {
+  user.pdf = folder.filePath("report.pdf");
+  click(user, form<frmWrite>(), "cmdPrint");
+  std::printf("%s %s\n", QFileInfo::exists(user.pdf) ? "wrote" : "could not write", qPrintable(user.pdf));
 }
 
 // Every kind of model once, the last of them for good.
@@ -96,6 +104,7 @@ void planSession(ScriptedHost& user) {
   });
   user.whenShown("frmWrite", [&user] {
     picture(form<frmWrite>(), "write-to");
+    printReport(user);
     click(user, form<frmWrite>(), "cmdSerial");
   });
   user.then(halfWay, [] { picture(form<frmSerial>(), "status-write"); });
