@@ -60,7 +60,8 @@ cat ${6:+"$6"} >"$paper.part" && mv "$paper.part" "$paper"
 }  // namespace
 
 PrintServer::PrintServer() {
-  for (const char* name : {"lib/backend", "share/mime", "cache", "spool/tmp", "state"}) QDir(folder_.path()).mkpath(name);
+  for (const char* name : {"lib/backend", "share/mime", "cache", "spool/tmp", "state"})
+    QDir(folder_.path()).mkpath(name);
   writeConfiguration(qgetenv("CUPS_SERVER"));
   writeQueue();
   process_.setProcessChannelMode(QProcess::MergedChannels);

@@ -13,7 +13,7 @@
 #include "platform/qt/QtFiles.h"
 
 // Keeps the document until its end, and hands it over as a whole.
-class QtPrinterDevice : public Printer {
+class QtPrinterDevice final : public Printer {
  public:
   explicit QtPrinterDevice(std::unique_ptr<QPrinter> printer);
 
