@@ -52,6 +52,18 @@ void checkFile(const QPrinter& printer) {
   if (!file.open(QIODevice::ReadWrite)) throw RuntimeError(Fault::printerFault, typed(file.errorString()));
 }
 
+// The line stands clear of the letters, which the font's own would touch.
+void draw(QPainter& painter, const QPointF& at, const QString& text, QFont font) {
+  const QFontMetricsF metrics(font, painter.device());
+  if (font.underline()) {
+    const double top = at.y() + metrics.descent() / 2;
+    painter.fillRect(QRectF(at.x(), top, metrics.horizontalAdvance(text), metrics.lineWidth()), Qt::black);
+  }
+  font.setUnderline(false);
+  painter.setFont(font);
+  painter.drawText(at, text);
+}
+
 // The page range is not offered: the report is printed as a whole.
 std::unique_ptr<QPrinter> askForPrinter() {
   auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
@@ -112,8 +124,7 @@ void QtPrinterDevice::endDocument() {
     for (; page < run.page; ++page) {
       if (!printer_->newPage()) throw RuntimeError(Fault::printerFault, "Printer error");
     }
-    painter.setFont(run.font);
-    painter.drawText(run.at, run.text);
+    draw(painter, run.at, run.text, run.font);
   }
   if (!painter.end()) throw RuntimeError(Fault::printerFault, "Printer error");
 }
