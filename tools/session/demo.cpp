@@ -1,15 +1,19 @@
 // SPDX-License-Identifier: MIT
 // A walk through a session with the simulated unit, for a machine without a display: edits a setup, writes
-// it, reads it back, and leaves pictures of the windows in the folder that is named on the command line.
+// it, prints it, reads it back, and leaves the report and pictures of the windows in the folder that is named
+// on the command line.
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <cstdio>
 
 #include "core/Program.h"
 #include "dialogs/frmCommModeWarning.h"
 #include "dialogs/frmHardware.h"
+#include "dialogs/frmPreferences.h"
 #include "dialogs/frmRead.h"
 #include "dialogs/frmSplash.h"
+#include "dialogs/frmTimedMessage.h"
 #include "dialogs/frmWarning.h"
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
@@ -70,6 +74,44 @@ void pictureWarnings(ScriptedHost& user) {
   });
 }
 
+void printReport(ScriptedHost& user) {
+  user.pdf = folder.filePath("report.pdf");
+  click(user, form<frmWrite>(), "cmdPrint");
+  std::printf("%s %s\n", QFileInfo::exists(user.pdf) ? "wrote" : "could not write", qPrintable(user.pdf));
+}
+
+void saveFile(ScriptedHost& user) {
+  user.chosenFiles = {folder.filePath("setup.cfg").toStdString()};
+  click(user, form<frmWrite>(), "cmdFile");
+}
+
+// The model is asked for again.
+void openFile(ScriptedHost& user) {
+  user.whenShown("frmBigFolder", [&user] { click(user, editor(), "cmdOpen"); });
+  user.whenShown("frmRead", [&user] {
+    user.chosenFiles = {folder.filePath("setup.cfg").toStdString()};
+    click(user, form<frmRead>(), "cmdFile");
+  });
+  user.whenShown("frmHardware", [&user] { click(user, form<frmHardware>(), "cmdOk"); });
+  user.whenShown("frmBigFolder", [] { picture(editor(), "opened"); });
+}
+
+void picturePreferences(ScriptedHost& user) {
+  user.whenShown("frmBigFolder", [&user] { click(user, editor(), "cmdPref"); });
+  user.whenShown("frmPreferences", [&user] {
+    picture(form<frmPreferences>(), "preferences");
+    click(user, form<frmPreferences>(), "cmdOk");
+  });
+  user.whenShown("frmBigFolder", [&user] {
+    user.whenShown("frmTimedMessage", [&user] {
+      picture(form<frmTimedMessage>(), "notification");
+      click(user, form<frmTimedMessage>(), "OKButton");
+    });
+    form<frmTimedMessage>().message = "Unable to establish network connection";
+    form<frmTimedMessage>().showModal();
+  });
+}
+
 // Every kind of model once, the last of them for good.
 void chooseHardware(ScriptedHost& user) {
   auto& dialog = form<frmHardware>();
@@ -122,6 +164,8 @@ void planSession(ScriptedHost& user) {
   });
   user.whenShown("frmWrite", [&user] {
     picture(form<frmWrite>(), "write-to");
+    printReport(user);
+    saveFile(user);
     click(user, form<frmWrite>(), "cmdSerial");
   });
   user.then(halfWay, [] { picture(form<frmSerial>(), "status-write"); });
@@ -134,6 +178,8 @@ void planSession(ScriptedHost& user) {
   });
   user.then(halfWay, [] { picture(form<frmSerial>(), "status-read"); });
   user.whenShown("frmBigFolder", [] { picture(editor(), "read-back"); });
+  openFile(user);
+  picturePreferences(user);
   pictureEveryKind(user);
   user.whenShown("frmBigFolder", [&user] { click(user, editor(), "cmdQuit"); });
 }

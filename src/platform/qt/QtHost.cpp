@@ -14,6 +14,7 @@
 
 #include "platform/qt/HelpWindow.h"
 #include "platform/qt/QtFiles.h"
+#include "platform/qt/QtPrinterDevice.h"
 #include "platform/qt/QtSerialPort.h"
 #include "platform/qt/QtSocket.h"
 #include "platform/qt/QtText.h"
@@ -124,8 +125,8 @@ std::string QtHost::serialPortHint(int commPort) {
 
 std::unique_ptr<Socket> QtHost::makeSocket() { return std::make_unique<QtSocket>(); }
 
-std::unique_ptr<Printer> QtHost::choosePrinter() {
-  throw RuntimeError(Fault::cancelled, "No printer is installed");
+std::unique_ptr<Printer> QtHost::choosePrinter(const std::string& document) {
+  return ::choosePrinter(files_, document);
 }
 
 std::string QtHost::today() { return typed(QLocale().toString(QDate::currentDate(), QLocale::ShortFormat)); }

@@ -47,7 +47,7 @@ class QtHost : public Host {
   bool fileExists(const std::string& path) override;
   std::string programFolder() override;
 
-  std::unique_ptr<Printer> choosePrinter() override;
+  std::unique_ptr<Printer> choosePrinter(const std::string& document) override;
   std::string today() override;
   void showHelp(const std::string& path) override;
 
