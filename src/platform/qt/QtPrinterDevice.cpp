@@ -98,6 +98,7 @@ int QtPrinterDevice::textWidth(std::string_view text) {
 }
 
 void QtPrinterDevice::print(std::string_view text) {
+  if (text.empty()) return;
   const double ascent = QFontMetricsF(font_, printer_.get()).ascent();
   runs_.push_back(
       {page_, {dots(*printer_, currentX), dots(*printer_, currentY) + ascent}, font_, shown(text)});
