@@ -10,6 +10,7 @@
 frmRead::frmRead() : Form("frmRead", "Read from...") {
   cmdFile.setEnabled(false);
   cmdSerial.onClick = [this] { cmdSerial_Click(); };
+  cmdNetwork.onClick = [this] { cmdSerial_Click(); };  // the way is chosen on the communication tab
   OKButton.onClick = [this] { unload(); };
 }
 

@@ -12,6 +12,7 @@ frmWrite::frmWrite() : Form("frmWrite", "Write to...") {
   cmdFile.setEnabled(false);
   cmdPrint.setEnabled(false);
   cmdSerial.onClick = [this] { cmdSerial_Click(); };
+  cmdNetwork.onClick = [this] { cmdSerial_Click(); };  // the way is chosen on the communication tab
   chkReset.onClick = [this] { Global.ResetAfterWrite = asFlag(chkReset.value() != 0); };
   cmdCancel.onClick = [this] { hide(); };
 }
