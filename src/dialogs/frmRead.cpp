@@ -2,19 +2,29 @@
 // The chooser in front of every read.
 #include "dialogs/frmRead.h"
 
+#include "core/ConfigFile.h"
 #include "core/Global.h"
 #include "core/Model.h"
 #include "dialogs/RunHead.h"
+#include "editor/frmBigFolder.h"
+#include "platform/Host.h"
 #include "protocol/frmSerial.h"
 
 frmRead::frmRead() : Form("frmRead", "Read from...") {
-  cmdFile.setEnabled(false);
+  cmdFile.onClick = [this] { cmdFile_Click(); };
   cmdSerial.onClick = [this] { cmdSerial_Click(); };
   cmdNetwork.onClick = [this] { cmdSerial_Click(); };  // the way is chosen on the communication tab
   OKButton.onClick = [this] { unload(); };
 }
 
 void frmRead::Form_Load() { centre(); }
+
+void frmRead::cmdFile_Click() {
+  const std::string path = host().chooseFileToOpen(configFilter);
+  if (path.empty()) return;
+  form<frmBigFolder>().FileOpen(path);
+  unload();
+}
 
 void frmRead::cmdSerial_Click() {
   if (!prepareRun()) return;

@@ -24,5 +24,6 @@ class frmRead : public Form {
   void Form_Load() override;
 
  private:
+  void cmdFile_Click();
   void cmdSerial_Click();
 };

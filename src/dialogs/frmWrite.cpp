@@ -2,14 +2,22 @@
 // The chooser in front of every write.
 #include "dialogs/frmWrite.h"
 
+#include <cmath>
+
+#include "core/ConfigFile.h"
 #include "core/Global.h"
 #include "core/Model.h"
 #include "dialogs/RunHead.h"
 #include "editor/frmBigFolder.h"
+#include "platform/Host.h"
 #include "protocol/frmSerial.h"
 
+namespace {
+constexpr double secondsOfDay = 86400;
+}
+
 frmWrite::frmWrite() : Form("frmWrite", "Write to...") {
-  cmdFile.setEnabled(false);
+  cmdFile.onClick = [] { cmdFile_Click(); };
   cmdPrint.setEnabled(false);
   cmdSerial.onClick = [this] { cmdSerial_Click(); };
   cmdNetwork.onClick = [this] { cmdSerial_Click(); };  // the way is chosen on the communication tab
@@ -25,6 +33,19 @@ void frmWrite::Form_Load() {
 void frmWrite::Form_Activate() { showReset(); }
 
 void frmWrite::showReset() { chkReset.setValue(Global.ResetAfterWrite != False ? 1 : 0); }
+
+// Hardware goes into the file as it is before the tabs are committed.
+void frmWrite::cmdFile_Click() {
+  const std::string path = host().chooseFileToSave(configFilter);
+  if (path.empty()) return;
+  Global.FileName = path;
+  const double stamp = std::fmod(host().now(), secondsOfDay);
+  std::string file = configModelPart(stamp);
+  auto& editor = form<frmBigFolder>();
+  editor.reCover();
+  file += configSetupPart(editor.tabBig.tab(), stamp);
+  host().exchangeFile(path, file);
+}
 
 void frmWrite::cmdSerial_Click() {
   auto& editor = form<frmBigFolder>();

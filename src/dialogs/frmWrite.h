@@ -33,6 +33,7 @@ class frmWrite : public Form {
   void Form_Activate() override;
 
  private:
+  static void cmdFile_Click();
   void cmdSerial_Click();
   void showReset();
 };

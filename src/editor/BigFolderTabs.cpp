@@ -4,6 +4,7 @@
 #include "core/Memo.h"
 #include "core/Model.h"
 #include "dialogs/frmHardware.h"
+#include "dialogs/frmPreferences.h"
 #include "dialogs/frmRead.h"
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
@@ -27,6 +28,7 @@ void frmBigFolder::wireTabs() {
   tabBig.onClick = [this](std::int16_t previousTab) { tabBig_Click(previousTab); };
   cmdCnfg.onClick = [this] { cmdCnfg_Click(); };
   cmdOpen.onClick = [this] { cmdOpen_Click(); };
+  cmdPref.onClick = [] { cmdPref_Click(); };
   cmdWrite.onClick = [this] { cmdWrite_Click(); };
   cmdReset.onClick = [this] { cmdReset_Click(); };
   cmdFactoryDefaults.onClick = [this] { cmdFactoryDefaults_Click(); };
@@ -87,6 +89,11 @@ void frmBigFolder::cmdOpen_Click() {
   ::unload<frmSerial>();
   ::unload<frmRead>();
   Global.WarningsOff = warningsOff;
+}
+
+void frmBigFolder::cmdPref_Click() {
+  form<frmPreferences>().showModal();
+  ::unload<frmPreferences>();
 }
 
 void frmBigFolder::cmdFactoryDefaults_Click() {

@@ -44,6 +44,12 @@ class frmBigFolder : public BigFolderControls {
   void reCover();  // writeMemo of all tabs
   std::string formDPt() const;
 
+  // Configuration files. A file that can't be read is told of in a box, and Memo is again what the controls
+  // show.
+  void FileOpen(const std::string& path);
+  // Asks for the file; keeps ModelIndex as the file has it.
+  void OpenConfiguration();
+
   // Tabs and buttons.
   void tabBig_Click(std::int16_t previousTab);
   void SaveCurrentTab();
@@ -53,6 +59,7 @@ class frmBigFolder : public BigFolderControls {
   void cmdQuit_Click();
   void cmdWrite_Click();
   void cmdOpen_Click();
+  static void cmdPref_Click();
   void cmdFactoryDefaults_Click();
   void cmdCnfg_Click();        // the hardware dialog; fits the form to the model
   void applyDeviceClass();     // brings the dialog and this window into line with DeviceState.IsRkw77
@@ -112,6 +119,8 @@ class frmBigFolder : public BigFolderControls {
   void setFixedTexts();
   void savePreferences();
   void keepSplashUp(double start) const;
+  bool readConfigurationFile(const std::string& path, std::int16_t& tab);
+  void showLoaded(std::int16_t tab);
   void stepTab(int by);
   void showFactoryFit();
   void fitToModel();

@@ -19,6 +19,10 @@ constexpr double longWait = 1.0;  // seconds; any event ends it
 
 }  // namespace
 
+Timer::Timer(Form& form, double interval) : interval_(interval), due_(host().now() + interval) {
+  form.timers_.push_back(this);
+}
+
 Form::Form(std::string name, std::string_view caption)
     : Container(this, nullptr), name_(std::move(name)), caption_(caption) {}
 
@@ -51,8 +55,30 @@ void Form::showModal() {
     hide();
     throw;
   }
-  while (shown_) host().idle(longWait);
+  while (shown_) {
+    host().idle(untilNextTick());
+    serveTimers();
+  }
   std::erase(Forms.modal, this);
+}
+
+double Form::untilNextTick() const {
+  double wait = longWait;
+  for (const Timer* timer : timers_) wait = std::min(wait, timer->due_ - host().now());
+  return std::max(wait, 0.0);
+}
+
+void Form::serveTimers() {
+  const HandlerScope scope(*this);
+  for (Timer* timer : timers_) {
+    if (!shown_ || host().now() < timer->due_) continue;
+    timer->due_ = host().now() + timer->interval_;
+    try {
+      if (timer->onTimer) timer->onTimer();
+    } catch (const RuntimeError& error) {
+      host().fail(error.what());
+    }
+  }
 }
 
 void Form::hide() {

@@ -10,6 +10,19 @@
 
 #include "platform/Controls.h"
 
+// Ticks at equal distances from its form's loading on, while the form is shown modally.
+class Timer {
+ public:
+  Timer(Form& form, double interval);  // seconds
+
+  Handler onTimer;
+
+ private:
+  friend class Form;
+  double interval_;
+  double due_;
+};
+
 class Form : public Container, public std::enable_shared_from_this<Form> {
  public:
   // `name` is the form's own, as "frmSerial", and that of its layout.
@@ -52,11 +65,15 @@ class Form : public Container, public std::enable_shared_from_this<Form> {
   friend class HandlerScope;
   friend void loadForm(const std::shared_ptr<Form>& form, Handler forget);
   friend void unloadAllForms();
+  friend class Timer;
   void finishUnload();
+  double untilNextTick() const;
+  void serveTimers();
 
   std::string name_;
   std::string caption_;
   Handler forget_;
+  std::vector<Timer*> timers_;
   int handlersRunning_ = 0;
   bool unloadAsked_ = false;
   bool shown_ = false;

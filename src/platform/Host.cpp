@@ -2,6 +2,8 @@
 // The one host of the process.
 #include "platform/Host.h"
 
+#include "platform/CodePage.h"
+
 namespace {
 constinit Host* theHost = nullptr;
 }
@@ -9,6 +11,10 @@ constinit Host* theHost = nullptr;
 Host& host() { return *theHost; }
 
 void setHost(Host* host) { theHost = host; }
+
+std::string Host::toCodePage(std::string_view text) { return toWindows1252(text); }
+
+std::string Host::fromCodePage(std::string_view bytes) { return fromWindows1252(bytes); }
 
 Answer messageBox(std::string_view text, std::string_view title, Icon icon, Buttons buttons) {
   return host().messageBox(text, title, icon, buttons);

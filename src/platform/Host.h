@@ -60,6 +60,9 @@ class Host {
   // Writes over a file from its start, in one step: what fails leaves the old file whole and is a
   // RuntimeError in the system's words. What an older, longer file holds behind the new bytes stays.
   virtual void exchangeFile(const std::string& path, std::string_view bytes) = 0;
+  // Texts in the machine's single-byte code page; Windows-1252 unless the machine has one of its own.
+  virtual std::string toCodePage(std::string_view text);
+  virtual std::string fromCodePage(std::string_view bytes);
   virtual bool fileExists(const std::string& path) = 0;
   virtual std::string programFolder() = 0;
 

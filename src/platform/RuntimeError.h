@@ -6,6 +6,7 @@
 #include <string>
 
 enum class Fault {
+  configurationCorrupted = -2147221477,
   overflow = 6,
   subscriptOutOfRange = 9,
   typeMismatch = 13,

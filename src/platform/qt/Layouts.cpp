@@ -5,9 +5,11 @@
 #include "ui_frmBigFolder.h"
 #include "ui_frmCommModeWarning.h"
 #include "ui_frmHardware.h"
+#include "ui_frmPreferences.h"
 #include "ui_frmRead.h"
 #include "ui_frmSerial.h"
 #include "ui_frmSplash.h"
+#include "ui_frmTimedMessage.h"
 #include "ui_frmWarning.h"
 #include "ui_frmWrite.h"
 
@@ -23,8 +25,9 @@ void build(QWidget& window) {
 std::vector<Layout>& layouts() {
   static std::vector<Layout> table = {
       {"frmBigFolder", build<Ui::frmBigFolder>}, {"frmCommModeWarning", build<Ui::frmCommModeWarning>},
-      {"frmHardware", build<Ui::frmHardware>},   {"frmRead", build<Ui::frmRead>},
-      {"frmSerial", build<Ui::frmSerial>},       {"frmSplash", build<Ui::frmSplash>},
+      {"frmHardware", build<Ui::frmHardware>},   {"frmPreferences", build<Ui::frmPreferences>},
+      {"frmRead", build<Ui::frmRead>},           {"frmSerial", build<Ui::frmSerial>},
+      {"frmSplash", build<Ui::frmSplash>},       {"frmTimedMessage", build<Ui::frmTimedMessage>},
       {"frmWarning", build<Ui::frmWarning>},     {"frmWrite", build<Ui::frmWrite>},
   };
   return table;

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+// The preferences.
+#include "dialogs/frmPreferences.h"
+
+#include "core/Global.h"
+#include "core/Model.h"
+
+frmPreferences::frmPreferences() : Form("frmPreferences", "Preferences") {
+  chkWarnEn.onClick = [this] { Global.WarningsOff = asFlag(chkWarnEn.value() == 0); };
+  chkReset.onClick = [this] { Global.ResetAfterWrite = asFlag(chkReset.value() != 0); };
+  cmdOk.onClick = [this] { hide(); };
+}
+
+void frmPreferences::Form_Load() {
+  centre();
+  chkWarnEn.setValue(Global.WarningsOff == False ? 1 : 0);
+  chkReset.setValue(Global.ResetAfterWrite != False ? 1 : 0);
+}

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+// The preferences. Every click takes effect at once; there is nothing to cancel.
+#pragma once
+
+#include "platform/Form.h"
+
+class frmPreferences : public Form {
+ public:
+  frmPreferences();
+
+  Frame Frame1{*this, "Frame1", "Messages"};
+  CheckBox chkWarnEn{Frame1, "chkWarnEn", "Enabled Warning During Data Entry"};
+  Frame Frame2{*this, "Frame2", "Serial Communication"};
+  CheckBox chkReset{Frame2, "chkReset", "Reset Controller After Finish Programming"};
+  CommandButton cmdOk{*this, "cmdOk", "OK", "Discard change on current tab"};
+
+  void Form_Load() override;
+};
