@@ -82,6 +82,9 @@ class RealSocket : public testing::Test {
   // The far end of a new connection.
   QTcpSocket* connected() {
     socket.connect();
+    return accepted();
+  }
+  QTcpSocket* accepted() {
     EXPECT_TRUE(until([this] { return !events.empty() && server.hasPendingConnections(); }));
     return server.nextPendingConnection();
   }
@@ -109,7 +112,7 @@ TEST_F(RealSocket, GoesFromClosedOverConnectingToConnectedAndBack) {
 TEST_F(RealSocket, RaisesNothingOutsideOfWaits) {
   socket.connect();
   EXPECT_TRUE(events.empty());
-  QTcpSocket* const peer = connected();
+  QTcpSocket* const peer = accepted();
   events.clear();
   peer->write("R0726\r");
   peer->flush();
@@ -164,8 +167,10 @@ TEST_F(RealSocket, ConnectsAgainAfterAnyEnd) {
   for (int round = 0; round < 5; ++round) {
     events.clear();
     QTcpSocket* const peer = connected();
-    if (round % 2 == 0) peer->abort();
-    if (round % 2 == 0) EXPECT_TRUE(until([this] { return socket.state() != SocketState::connected; }));
+    if (round % 2 == 0) {
+      peer->abort();
+      EXPECT_TRUE(until([this] { return socket.state() != SocketState::connected; }));
+    }
     socket.close();
     EXPECT_EQ(socket.state(), SocketState::closed);
   }
