@@ -32,9 +32,8 @@ struct BridgeFaults {
   Unasked unasked;
 
   // What meets a line, in this order; the unit hears nothing of a line that was met, unless told.
-  int dropAt = unlimited;  // the how-manieth line from now ends the connection; 1 is the next one ...
-  std::size_t dropBehind =
-      0;  // ... behind so many bytes of the unit's reply; 0: the unit hears nothing of it
+  int dropAt = unlimited;      // the how-manieth line from now ends the connection; 1 is the next one ...
+  std::size_t dropBehind = 0;  // ... after so many bytes of its reply; 0: the unit hears nothing of it
   Reach afterDrop = Reach::accepts;  // `reach` from then on
   bool silent = false;               // takes everything and says nothing
   int echoes = 0;                    // lines still said back as they came, as a modem does

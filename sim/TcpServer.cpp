@@ -106,6 +106,7 @@ void TcpServer::poll(double timeout) {
   std::array<epoll_event, 32> events{};
   const int count = epoll_wait(epoll_, events.data(), static_cast<int>(events.size()), milliseconds(timeout));
   std::vector<int> ready;
+  ready.reserve(events.size());
   for (int at = 0; at < count; ++at) ready.push_back(events[static_cast<std::size_t>(at)].data.fd);
   const std::scoped_lock lock(mutex_);
   serve(ready);
@@ -171,6 +172,7 @@ void TcpServer::serve(const std::vector<int>& ready) {
   }
   tell();
   std::vector<int> files;
+  files.reserve(links_.size());
   for (const auto& [file, link] : links_) files.push_back(file);
   for (const int file : files) deliver(file, links_.at(file));
 }
@@ -197,15 +199,14 @@ void TcpServer::queue(Link& link, std::vector<BridgeEvent> events) {
 
 void TcpServer::deliver(int file, Link& link) {
   for (const double moment = now(); !link.due.empty() && link.due.begin()->first <= moment;) {
-    BridgeEvent event = std::move(link.due.begin()->second);
-    link.due.erase(link.due.begin());
-    if (!happen(file, link, std::move(event))) return;
+    const auto event = link.due.extract(link.due.begin());
+    if (!happen(file, link, event.mapped())) return;
   }
   flush(file, link);
 }
 
 // False when the link has gone with it.
-bool TcpServer::happen(int file, Link& link, BridgeEvent event) {
+bool TcpServer::happen(int file, Link& link, const BridgeEvent& event) {
   switch (event.kind) {
     case BridgeEvent::accepted:
       return true;

@@ -89,7 +89,7 @@ class TcpServer {
   void hear(int file);
   void queue(Link& link, std::vector<BridgeEvent> events);
   void deliver(int file, Link& link);
-  bool happen(int file, Link& link, BridgeEvent event);
+  bool happen(int file, Link& link, const BridgeEvent& event);
   void flush(int file, Link& link);
   void tell();
   void hangUp(int file, bool abrupt);

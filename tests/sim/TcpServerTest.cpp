@@ -144,11 +144,20 @@ TEST_F(Tcp, StaysAwayBehindADrop) {
 }
 
 TEST_F(Tcp, SaysPiecesApart) {
+  double clock = 0;
+  TcpServer timed({.now = [&] { return clock; }});
   bridge.faults.pieceSize = 4;
-  bridge.faults.pieceGap = 0.05;
-  TestSocket socket(serve());
+  bridge.faults.pieceGap = 0.5;
+  TestSocket socket(timed.listen(0, bridge));
   socket.send("*R07\r");
+  while (bridge.lines().empty()) timed.poll(10);
+  EXPECT_FALSE(socket.hasBytes());
+  clock = 0.1;
+  timed.poll(0);
   EXPECT_EQ(socket.readPortion(), "R070");
+  EXPECT_FALSE(socket.hasBytes());
+  clock = 1;
+  timed.poll(0);
   EXPECT_EQ(socket.readPortion(), "4\r");
 }
 
