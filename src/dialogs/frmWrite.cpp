@@ -21,6 +21,7 @@ frmWrite::frmWrite() : Form("frmWrite", "Write to...") {
   cmdFile.onClick = [] { cmdFile_Click(); };
   cmdPrint.onClick = printReport;
   cmdSerial.onClick = [this] { cmdSerial_Click(); };
+  cmdNetwork.onClick = cmdSerial.onClick;  // the way is chosen on the communication tab
   chkReset.onClick = [this] { Global.ResetAfterWrite = asFlag(chkReset.value() != 0); };
   cmdCancel.onClick = [this] { hide(); };
 }
