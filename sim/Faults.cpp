@@ -38,8 +38,8 @@ const std::string* literalAnswer(const Faults& faults, std::string_view body) {
   return best;
 }
 
-const Refusal* takeRefusal(Faults& faults, std::string_view body) {
-  for (Refusal& refusal : faults.refusals) {
+const Refusal* takeRefusal(std::vector<Refusal>& refusals, std::string_view body) {
+  for (Refusal& refusal : refusals) {
     if (body.starts_with(refusal.prefix) && useUp(refusal.times)) return &refusal;
   }
   return nullptr;

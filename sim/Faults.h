@@ -56,7 +56,7 @@ bool useUp(int& count);
 const std::string* literalAnswer(const Faults& faults, std::string_view body);
 
 // The refusal that meets this command and has one time less from now on, or null.
-const Refusal* takeRefusal(Faults& faults, std::string_view body);
+const Refusal* takeRefusal(std::vector<Refusal>& refusals, std::string_view body);
 
 // What goes on the line for a reply: with its noise, its line end, or endless.
 std::string dressed(const Faults& faults, const std::string& reply);

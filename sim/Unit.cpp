@@ -119,7 +119,7 @@ void Unit::answerLine(const Command& command, double at, const LineSettings& spo
   }
   const std::string* const literal = literalAnswer(faults, command.body);
   if (literal != nullptr) return say(dressed(faults, *literal), start, out);
-  const Refusal* const refusal = takeRefusal(faults, command.body);
+  const Refusal* const refusal = takeRefusal(faults.refusals, command.body);
   if (refusal != nullptr && refusal->code.empty()) return;
   const std::string text = refusal != nullptr ? command.echoPrefix + refusal->code : answer(command);
   say(dressed(faults, text), start, out);

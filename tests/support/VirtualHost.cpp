@@ -5,27 +5,16 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <stdexcept>
 
 #include "platform/Form.h"
 #include "tests/support/VirtualPort.h"
+#include "tests/support/VirtualSocket.h"
 
 namespace {
 
 constexpr int hopeless = 20000;  // waits in a row in which nothing happens
-
-// A connection that never comes.
-class NoSocket : public Socket {
- public:
-  SocketState state() const override { return state_; }
-  void connect() override { state_ = SocketState::connecting; }
-  void close() override { state_ = SocketState::closed; }
-  void sendData(std::string_view) override {}
-  std::string getData() override { return ""; }
-
- private:
-  SocketState state_ = SocketState::closed;
-};
 
 bool isInFront(const std::string& formName) {
   const auto forms = loadedForms();
@@ -72,14 +61,38 @@ void VirtualHost::letUserAct() {
   habit->second();
 }
 
+VirtualSocket* VirtualHost::nextToSpeak() const {
+  const auto next = std::ranges::min_element(sockets_, {}, [](const auto* each) { return each->nextAt(); });
+  return next == sockets_.end() || std::isinf((*next)->nextAt()) ? nullptr : *next;
+}
+
+// What is said may end a socket or bring another to speak, so each time they are all looked at.
+bool VirtualHost::letSocketsSpeak() {
+  bool spoke = false;
+  for (VirtualSocket* next = nextToSpeak(); next != nullptr && next->nextAt() <= clock;
+       next = nextToSpeak()) {
+    next->raiseNext();
+    spoke = true;
+  }
+  return spoke;
+}
+
+bool VirtualHost::isThere(const std::string& remoteHost) const {
+  return std::ranges::any_of(bridges, [&](const auto& each) { return each.first.first == remoteHost; });
+}
+
 void VirtualHost::yield() {
   clock += yieldTime;
   idleInARow_ = 0;
+  letSocketsSpeak();
   letUserAct();
 }
 
 void VirtualHost::idle(double seconds) {
-  clock += std::max(seconds, yieldTime);
+  const double end = clock + std::max(seconds, yieldTime);
+  const VirtualSocket* const next = nextToSpeak();
+  clock = next == nullptr ? end : std::clamp(next->nextAt(), clock, end);
+  if (letSocketsSpeak()) idleInARow_ = 0;
   if (++idleInARow_ > hopeless) throw std::logic_error("nobody ends this wait");
   letUserAct();
 }
@@ -120,7 +133,7 @@ void VirtualHost::saveSetting(const std::string& path, const std::string& value)
 
 std::unique_ptr<SerialPort> VirtualHost::makeSerialPort() { return std::make_unique<VirtualPort>(*this); }
 
-std::unique_ptr<Socket> VirtualHost::makeSocket() { return std::make_unique<NoSocket>(); }
+std::unique_ptr<Socket> VirtualHost::makeSocket() { return std::make_unique<VirtualSocket>(*this); }
 
 std::unique_ptr<Printer> VirtualHost::choosePrinter() {
   throw RuntimeError(Fault::cancelled, "Cancel was selected.");

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A machine in virtual time: its clock moves only by waits, its user follows a script, its serial ports lead
-// to simulated units.
+// to simulated units, and its sockets to simulated bridges.
 #pragma once
 
 #include <deque>
@@ -9,10 +9,14 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/Host.h"
+#include "sim/Bridge.h"
 #include "sim/Unit.h"
+
+class VirtualSocket;
 
 // What lies on one serial line; several port objects may name the same line.
 struct Line {
@@ -36,6 +40,9 @@ class VirtualHost : public Host {
   double clock = 36000.2;  // ten in the morning, and a bit
   double yieldTime = 0.001;
   std::map<int, Line> lines;  // by the n of "COM n"
+  // By host and port, as the user types them. A host that stands here refuses at its other ports; one that
+  // does not never answers.
+  std::map<std::pair<std::string, int>, sim::Bridge*> bridges;
   std::map<std::string, std::string> settings;
   std::vector<std::string> savedOrder;  // keys in the order in which they were saved
   std::set<std::string> missingFiles;
@@ -63,7 +70,7 @@ class VirtualHost : public Host {
 
   double now() override { return clock; }
   void yield() override;
-  void idle(double seconds) override;
+  void idle(double seconds) override;  // ends early, at the moment at which something happens to a socket
   void show(Form& form, bool modal) override;
   void hide(Form& form) override;
   void release(Form& form) override;
@@ -88,6 +95,11 @@ class VirtualHost : public Host {
   void showHelp(const std::string& path) override { events.push_back("help " + path); }
   void fail(const std::string& description) override { failures.push_back(description); }
 
+  // For sockets.
+  void attach(VirtualSocket& socket) { sockets_.push_back(&socket); }
+  void detach(VirtualSocket& socket) { std::erase(sockets_, &socket); }
+  bool isThere(const std::string& remoteHost) const;
+
  private:
   struct Act {
     std::function<bool()> when;
@@ -99,7 +111,10 @@ class VirtualHost : public Host {
     std::function<void()> meanwhile;
   };
   void letUserAct();
+  VirtualSocket* nextToSpeak() const;  // null: nothing is underway on any socket
+  bool letSocketsSpeak();              // whether one had something to say
 
+  std::vector<VirtualSocket*> sockets_;
   std::deque<Act> script_;
   std::map<std::string, std::function<void()>> habits_;  // by form name
   std::deque<Announced> announced_;
