@@ -24,6 +24,7 @@
 #include "platform/qt/QtText.h"
 #include "protocol/frmSerial.h"
 #include "qt/TestForm.h"
+#include "wizard/frmWizard.h"
 
 namespace {
 
@@ -42,7 +43,7 @@ class LayoutsTest : public QtTest {
 };
 
 using ProgramForms = testing::Types<frmBigFolder, frmHardware, frmRead, frmWrite, frmSerial, frmSplash,
-                                    frmWarning, frmCommModeWarning>;
+                                    frmWarning, frmCommModeWarning, frmWizard>;
 TYPED_TEST_SUITE(LayoutsTest, ProgramForms);
 
 TYPED_TEST(LayoutsTest, FitsItsForm) {
