@@ -30,12 +30,6 @@ bool isRefused(std::string_view reply) {
   return contains(reply, "?") || contains(reply, "*") || contains(reply, "Time");
 }
 
-// Where the data of a good reply begin: behind the mnemonic, its index and an address.
-std::string dataOf(const std::string& reply) {
-  const std::size_t start = isUnaddressed() ? 3 : 5;
-  return reply.size() > start ? reply.substr(start) : std::string();
-}
-
 }  // namespace
 
 bool isUnaddressed() { return Hardware.BusMode == 0 || Hardware.BusMode == 2; }
@@ -46,6 +40,11 @@ std::string framed(std::string_view command) { return "*" + addressPart() + std:
 
 bool contains(std::string_view text, std::string_view part) {
   return text.find(part) != std::string_view::npos;
+}
+
+std::string dataOf(const std::string& reply) {
+  const std::size_t start = isUnaddressed() ? 3 : 5;
+  return reply.size() > start ? reply.substr(start) : std::string();
 }
 
 std::string SerialChannel::writePort(std::string_view command) {

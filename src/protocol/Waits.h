@@ -10,3 +10,10 @@ void Delay(float seconds);
 // The cruder wait: its start is rounded to a whole second, so it is up to half a second off. Yields at least
 // once.
 void pause(std::int16_t seconds);
+
+// The wait for an event: true as soon as the flag is set, false when so many seconds are over. Starts anew if
+// the clock has stepped back behind its start.
+bool waitFor(const std::int16_t& flag, double seconds);
+
+// The same for no event at all: ends when so many seconds are over.
+void waitOut(double seconds);

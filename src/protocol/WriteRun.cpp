@@ -5,6 +5,7 @@
 #include "core/Model.h"
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
+#include "protocol/RunBody.h"
 #include "protocol/Steps.h"
 #include "protocol/Waits.h"
 #include "protocol/frmSerial.h"
@@ -27,19 +28,24 @@ bool skipsReadingOffset() {
 
 }  // namespace
 
-void frmSerial::WriteConfigurationToDevice() {
-  channel.wiringProblem = False;
+void frmSerial::WriteConfigurationToDevice() { writeConfiguration(serialBody); }
+
+void frmSerial::writeConfiguration(const RunBody& body) {
+  body_ = &body;
+  if (body.heedsWiring) channel.wiringProblem = False;
   for (int step = 0; step <= lastStep; ++step) {
-    channel.registerMask = 0;
+    body.registerMask(*this) = 0;
     if (!writeStep(step)) return;
     host().yield();
-    if (channel.wiringProblem != False) {
+    if (wiringFault()) {
       tellWiringProblem();
       return;
     }
     if (Global.CancelFlag != False) return;
   }
 }
+
+bool frmSerial::wiringFault() const { return body_->heedsWiring && channel.wiringProblem != False; }
 
 // False ends the run.
 bool frmSerial::writeStep(int step) {
@@ -67,7 +73,7 @@ bool frmSerial::writeStep(int step) {
 bool frmSerial::writeInputType() {
   const RegisterStep& row = rowsOf(inputTypeStep).front();
   upStat(true, sendRow(row));
-  if (channel.wiringProblem != False) {
+  if (wiringFault()) {
     tellWiringProblem();
     return false;
   }
@@ -121,14 +127,14 @@ void frmSerial::writeRow(const RegisterStep& row) {
 
 // Label, payload and traffic of one register; the outcome is left to the caller.
 std::string frmSerial::sendRow(const RegisterStep& row) {
-  upStat(false, std::string(row.writeLabel) + "\r");
+  upStat(false, body_->writeLabel(row) + "\r");
   const Encoded encoded = row.encode();
-  channel.registerMask = encoded.mask;
+  body_->registerMask(*this) = encoded.mask;
   if (encoded.notice != nullptr) {
     messageBox(encoded.notice->text, encoded.notice->title,
                encoded.notice->critical ? Icon::critical : Icon::none);
   }
-  return writeSerial(row.reg, encoded.payload);
+  return (this->*body_->writeRegister)(row.reg, encoded.payload);
 }
 
 void frmSerial::moveBar(int percent) {

@@ -13,6 +13,7 @@
 #include "network/NetworkChannel.h"
 #include "platform/Host.h"
 #include "protocol/Waits.h"
+#include "reading/DeviceDetection.h"
 
 namespace {
 
@@ -30,7 +31,8 @@ frmSerial::frmSerial()
       MSComm1(host().makeSerialPort()),
       channel(*MSComm1),
       winSock1(host().makeSocket()),
-      network(std::make_unique<NetworkChannel>(*winSock1)) {
+      network(std::make_unique<NetworkChannel>(*winSock1)),
+      detection(std::make_unique<DeviceDetection>()) {
   cmdCancel.onClick = [this] { cmdCancel_Click(); };
 }
 
@@ -58,7 +60,8 @@ void frmSerial::Form_Activate() {
   lstNarrative.clear();
   showTarget();
   const bool serial = Memo[rec::optCommunicationMode].flag != False;
-  if (!(serial ? serialPath() : networkPath())) return;
+  if (serial && !serialPath()) return;
+  if (!serial) networkPath();
   if (Global.DetectionDone == 1) unload();
 }
 
@@ -95,12 +98,17 @@ bool frmSerial::serialPath() {
   return true;
 }
 
-void frmSerial::runOverSerial() {
+// What is on the main window enters the working image before any run.
+void frmSerial::commitTabs() {
   auto& editor = form<frmBigFolder>();
   for (std::int16_t tab = 0; tab < editor.tabBig.tabs(); ++tab) {
     attempt([&] { editor.writeMemo(tab); });
     host().yield();
   }
+}
+
+void frmSerial::runOverSerial() {
+  commitTabs();
   if (readMode != False) {
     if (Global.ReadConfirmed != 0) attempt([this] { ReadConfigurationFromDevice(); });
     Global.ReadConfirmed = 0;
@@ -109,23 +117,25 @@ void frmSerial::runOverSerial() {
   }
 }
 
-// A failed connection ends like a run that took place, behind its box. False when a second activation found
-// nothing to read and the window has gone.
-bool frmSerial::networkPath() {
+// A failed connection ends like a run that took place, behind its box. A read that took place is no longer
+// due, and the window goes for good at the end of this showing.
+void frmSerial::networkPath() {
   if (Global.AutoDetect != False) {
     Global.DetectionDone = 1;
     attempt([this] { NetworkTestConnect(); });
     Global.AutoDetect = False;
-    return true;
+    return;
   }
   std::int16_t result = 0;
   attempt([&] { result = NetworkFullConnect(); });
   if (result == -2) messageBox("No device connected");
   if (result == -1) messageBox("Failed to connnect to Relayon");
-  if (result == 0) resetWhenWanted([this] { NetworkCommunicationOK(true); });
+  if (result == 0) {
+    resetWhenWanted([this] { NetworkCommunicationOK(true); });
+    if (readMode != False && Global.ReadConfirmed == 0) unload();
+  }
   takeUnitAddress();
   finish(readMode != False ? " and Configuration Read\r" : " and Configuration Sent\r");
-  return true;
 }
 
 void frmSerial::resetWhenWanted(const Handler& reset) {
@@ -191,19 +201,34 @@ void frmSerial::upProg(std::int16_t percent) {
 }
 
 void frmSerial::showTarget() {
-  std::string target = "No serial port is chosen";
-  if (MSComm1->commPort > 0) {
-    target = "COM " + numberText(std::int32_t{MSComm1->commPort}) + ", " + MSComm1->settings;
-    lblTarget.setToolTip(host().serialPortHint(MSComm1->commPort));
-  }
+  const bool serial = Memo[rec::optCommunicationMode].flag != False;
+  lblTarget.setToolTip("");
+  std::string target =
+      serial ? serialTarget() : Memo[rec::txtTCPIPAddress].text + ", port " + Memo[rec::txtTCPPort].text;
   if (!isUnaddressed()) target += ", address " + numberText(std::int32_t{Hardware.BusAddress});
   lblTarget.setCaption(target);
+}
+
+std::string frmSerial::serialTarget() {
+  if (MSComm1->commPort <= 0) return "No serial port is chosen";
+  lblTarget.setToolTip(host().serialPortHint(MSComm1->commPort));
+  return "COM " + numberText(std::int32_t{MSComm1->commPort}) + ", " + MSComm1->settings;
 }
 
 std::string frmSerial::ReadSerial(std::string_view reg) { return channel.ReadSet(reg); }
 
 std::string frmSerial::writeSerial(std::string_view reg, const std::string& value) {
+  return showPayload(value) ? channel.writeSet(reg, value) : value.substr(1);
+}
+
+std::string frmSerial::NetworkReadSerial(std::string_view reg) { return network->NetworkReadSet(reg); }
+
+std::string frmSerial::NetworkWriteSerial(std::string_view reg, const std::string& value) {
+  return showPayload(value) ? network->NetworkWriteSet(reg, value) : value.substr(1);
+}
+
+// False: a message of the encoder's in place of a value, not to be sent.
+bool frmSerial::showPayload(const std::string& value) {
   upStat(true, value + "\r");
-  if (value.starts_with('!')) return value.substr(1);
-  return channel.writeSet(reg, value);
+  return !value.starts_with('!');
 }

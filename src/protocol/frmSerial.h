@@ -17,8 +17,10 @@
 #include "platform/Socket.h"
 #include "protocol/SerialChannel.h"
 
+class DeviceDetection;
 class NetworkChannel;
 struct RegisterStep;
+struct RunBody;
 
 class frmSerial : public Form {
  public:
@@ -48,6 +50,7 @@ class frmSerial : public Form {
   SerialChannel channel;
   const std::unique_ptr<Socket> winSock1;
   const std::unique_ptr<NetworkChannel> network;
+  const std::unique_ptr<DeviceDetection> detection;
 
   // Narrative.
   void upStat(bool append, std::string_view text);
@@ -57,6 +60,8 @@ class frmSerial : public Form {
   std::string ReadSerial(std::string_view reg);
   // Shows the value; a value that begins with "!" is a message and becomes the result without the "!".
   std::string writeSerial(std::string_view reg, const std::string& value);
+  std::string NetworkReadSerial(std::string_view reg);
+  std::string NetworkWriteSerial(std::string_view reg, const std::string& value);
 
   // Is there a unit that can be configured? Mode 0 and 4 probe ("" found, "ng" not), mode 1 resets the unit.
   std::string comOK(std::int16_t& mode);
@@ -71,14 +76,17 @@ class frmSerial : public Form {
   // -46 and -50 are the unit's own errors, 0 is anything else.
   std::int16_t CheckForConnectedDevice();
 
-  // The bridge: connects and runs the whole job; 0 the run took place, -1 no bridge, -2 no unit that can be
-  // configured. Is there a unit of the right family, or, with `reset`, was it reset?
+  // The bridge: connects and runs the whole job; 0 the run took place, or its second look at the unit found
+  // it gone; -1 no bridge, -2 no unit that can be configured.
   std::int16_t NetworkFullConnect();
+  // Is there a unit of the family that was chosen, or, with `reset`, was it reset?
   bool NetworkCommunicationOK(bool reset);
 
-  // The runs. Errors in an encoder or decoder end them where they are.
+  // The runs, over either body. Errors in an encoder or decoder end them where they are.
   void WriteConfigurationToDevice();
   void ReadConfigurationFromDevice();
+  void NetworkWriteToDevice();
+  void NetworkReadFromDevice();
 
   void Form_Load() override;
   void Form_Activate() override;
@@ -90,13 +98,17 @@ class frmSerial : public Form {
   static constexpr int fullBar = 4095;
 
   bool serialPath();
-  bool networkPath();
+  void networkPath();
   void runOverSerial();
+  void runOverNetwork();
+  void commitTabs();
   void resetWhenWanted(const Handler& reset);
   void takeUnitAddress();
   void finish(std::string_view lastWords);
   void cmdCancel_Click();
   void showTarget();
+  std::string serialTarget();
+  bool showPayload(const std::string& value);
 
   void probe(std::string& result);
   bool screenShape(const std::string& reply);
@@ -123,6 +135,15 @@ class frmSerial : public Form {
   bool knowsModel(const std::string& lastReply);
   void tellReplacedPort() const;
 
+  bool resetOverNetwork();
+  std::int32_t detectFamily();
+
+  void writeConfiguration(const RunBody& body);
+  void readConfiguration(const RunBody& body);
+  bool wiringFault() const;
+  bool givesUp(int& failedSteps);
+  void readStep(int step);
+  void showOnTabs();
   bool writeStep(int step);
   bool writeInputType();
   bool writeReadingScale();
@@ -132,4 +153,6 @@ class frmSerial : public Form {
   std::string sendRow(const RegisterStep& row);
   void readRow(const RegisterStep& row);
   void moveBar(int percent);
+
+  const RunBody* body_ = nullptr;  // of the present run
 };

@@ -4,7 +4,9 @@
 #include "core/Model.h"
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
+#include "protocol/RunBody.h"
 #include "protocol/Steps.h"
+#include "protocol/Waits.h"
 #include "protocol/frmSerial.h"
 #include "reading/Decoders.h"
 
@@ -21,18 +23,42 @@ void takeAnalogOutputAway() {
 
 }  // namespace
 
-void frmSerial::ReadConfigurationFromDevice() {
-  channel.wiringProblem = False;
+void frmSerial::ReadConfigurationFromDevice() { readConfiguration(serialBody); }
+
+void frmSerial::readConfiguration(const RunBody& body) {
+  body_ = &body;
+  if (body.heedsWiring) channel.wiringProblem = False;
+  int failedSteps = 0;
   for (int step = 0; step <= lastStep; ++step) {
-    channel.registerMask = 0;
-    for (const RegisterStep& row : rowsOf(step)) readRow(row);
-    if (step == pauseStep) moveBar(pauseStepPercent);
-    if (step == 0 && channel.wiringProblem != False) {
-      messageBox("A communications connection/wiring problem seems to exist");
-    }
+    body.registerMask(*this) = 0;
+    readStep(step);
     host().yield();
-    if (Global.CancelFlag != False) break;
+    if (Global.CancelFlag != False || givesUp(failedSteps)) break;
   }
+  showOnTabs();
+}
+
+void frmSerial::readStep(int step) {
+  const auto rows = rowsOf(step);
+  for (const RegisterStep& row : rows) {
+    if (&row != rows.data() && body_->restsWithinSteps) pause(0);
+    readRow(row);
+  }
+  if (step == pauseStep) moveBar(pauseStepPercent);
+  if (step == 0 && wiringFault()) {
+    messageBox("A communications connection/wiring problem seems to exist");
+  }
+}
+
+// A step counts by its last register alone, and one that read nothing by that of the step before it.
+bool frmSerial::givesUp(int& failedSteps) {
+  if (!body_->lastReadFailed(*this)) return false;
+  if (++failedSteps <= body_->failedStepsBorne) return false;
+  messageBox("TCP Communication with the device has failed.");
+  return true;
+}
+
+void frmSerial::showOnTabs() {
   auto& editor = form<frmBigFolder>();
   for (std::int16_t tab = 0; tab < editor.tabBig.tabs(); ++tab) {
     editor.loadMemo(tab);
@@ -42,8 +68,8 @@ void frmSerial::ReadConfigurationFromDevice() {
 
 void frmSerial::readRow(const RegisterStep& row) {
   if (isRead(row)) {
-    upStat(false, std::string(row.readLabel) + "\r");
-    const std::string outcome = row.decode(ReadSerial(row.reg));
+    upStat(false, body_->readLabel(row) + "\r");
+    const std::string outcome = row.decode((this->*body_->readRegister)(row.reg));
     if (row.decode == parseAl2Cnfg && outcome != "Fail" && DeviceState.IsRkw77 != False)
       takeAnalogOutputAway();
     upStat(true, outcome);
