@@ -130,6 +130,7 @@ class frmSerial : public Form {
   bool findsUnitBehindBridge();
   bool connectsToBridge();
   void prepareSecondTry(bool onTerminalServerPort);
+  void tellWhatAnswered(std::int16_t code);
   void stopAtEcho();
   bool hearsVersion(std::string& lastReply);
   bool knowsModel(const std::string& lastReply);
