@@ -54,7 +54,7 @@ def wizard():
     shapes += [line([(44, 264), (60, 242), (82, 242), (112, 256)], WHITE, 4)]
     shapes += [area("M66 286 L94 286 L98 300 L62 300 Z", GREY, INK, 2.5), line([(46, 306), (114, 306)], INK, 4)]
     shapes += [line([(98, 168), (122, 196)], AMBER, 10), disc(80, 147, 29, PAPER, INK, 4)]
-    shapes += [curve("M68 147 l8 9 l16 -18", BLUE, 5)]
+    shapes += [text(80, 148, "?", 38, BLUE, "middle", "bold")]
     return document("Looking for the unit that is connected", 160, 320, shapes)
 
 

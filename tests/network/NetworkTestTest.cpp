@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The wizard's test of the bridge and of the unit behind it: every code in either pass, every verdict.
+#include <random>
+
 #include "core/Global.h"
 #include "core/Memo.h"
 #include "core/Model.h"
@@ -454,6 +456,24 @@ TEST_F(NetworkTest, EndsWhereverTheBridgeDies) {
       EXPECT_LT(seconds, 60) << line;
       EXPECT_FALSE(says().empty());
     }
+  }
+  EXPECT_TRUE(host.failures.empty());
+}
+
+TEST_F(NetworkTest, EndsWithAVerdictWhateverIsAnswered) {
+  host.toleratesBoxes = true;
+  std::minstd_rand random(1);
+  const std::string alphabet = std::string("U0134?*R2AS\x80\xff\x01 \n", 18) + '\0';
+  for (int round = 0; round < 200; ++round) {
+    for (const char* command : {"U01", "U03", "U04", "R11", "^AE"}) {
+      std::string noise = random() % 2 == 0 ? std::string(command) : std::string();
+      for (auto length = random() % 20; length > 0; --length) noise += alphabet[random() % alphabet.size()];
+      unit.faults.answers[command] = noise;
+    }
+    status.winSock1->close();
+    test();
+    EXPECT_TRUE(says().starts_with(connected)) << round;
+    EXPECT_LT(seconds, 40);
   }
   EXPECT_TRUE(host.failures.empty());
 }

@@ -112,6 +112,23 @@ TEST_F(PortSearch, GoesOnBehindAPortThatDoesNotOpen) {
   EXPECT_TRUE(host.boxes.empty());
 }
 
+TEST_F(PortSearch, GoesOnBehindAnAdapterThatIsPulledOut) {
+  for (int command = 1; command <= 6; ++command) {
+    sim::Unit pulled{{}};
+    pulled.faults.hangupAt = command;
+    host.lines[1].unit = &pulled;
+    host.lines[1].underway.clear();
+    moveUnitTo(2);
+    wizard().cmdNext.setCaption("Next >");
+    search();
+    EXPECT_TRUE(found()) << command;
+    EXPECT_FALSE(status.MSComm1->isOpen());
+    host.lines[1].unit = &unit;
+  }
+  EXPECT_TRUE(host.boxes.empty());
+  EXPECT_TRUE(host.failures.empty());
+}
+
 TEST_F(PortSearch, IsOverAtOnceWhereThereAreNoPorts) {
   for (int port = 1; port <= 10; ++port) host.lines[port].openFault = "No such file or directory";
   search();
@@ -257,9 +274,7 @@ TEST_F(PortSearch, AsksNothingWhereAUnitWasFoundAllTheSame) {
   EXPECT_EQ(Global.CancelFlag, True);
 }
 
-class PortSearchOnABus : public PortSearch {};
-
-TEST_F(PortSearchOnABus, AsksWithTheAddress) {
+TEST_F(PortSearch, AsksWithTheAddressOfABus) {
   Hardware.BusMode = 1;
   Hardware.BusAddress = 17;
   silenceAll();
