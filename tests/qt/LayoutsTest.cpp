@@ -15,8 +15,10 @@
 
 #include "dialogs/frmCommModeWarning.h"
 #include "dialogs/frmHardware.h"
+#include "dialogs/frmPreferences.h"
 #include "dialogs/frmRead.h"
 #include "dialogs/frmSplash.h"
+#include "dialogs/frmTimedMessage.h"
 #include "dialogs/frmWarning.h"
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
@@ -43,7 +45,8 @@ class LayoutsTest : public QtTest {
 };
 
 using ProgramForms = testing::Types<frmBigFolder, frmHardware, frmRead, frmWrite, frmSerial, frmSplash,
-                                    frmWarning, frmCommModeWarning, frmWizard>;
+                                    frmWarning, frmCommModeWarning, frmPreferences, frmTimedMessage,
+                                    frmWizard>;
 TYPED_TEST_SUITE(LayoutsTest, ProgramForms);
 
 TYPED_TEST(LayoutsTest, FitsItsForm) {

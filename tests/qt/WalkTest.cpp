@@ -15,6 +15,7 @@
 #include <random>
 
 #include "dialogs/frmHardware.h"
+#include "dialogs/frmPreferences.h"
 #include "dialogs/frmWarning.h"
 #include "editor/frmBigFolder.h"
 #include "session/ScriptedHost.h"
@@ -41,6 +42,9 @@ class Wanderer : public ScriptedHost {
     ScriptedHost::idle(seconds);
     if (isLoaded<frmWarning>() && form<frmWarning>().reachable()) click(*this, form<frmWarning>(), "cmdOk");
     if (isLoaded<frmHardware>() && form<frmHardware>().reachable()) useHardware();
+    if (isLoaded<frmPreferences>() && form<frmPreferences>().reachable()) {
+      click(*this, form<frmPreferences>(), "cmdOk");
+    }
   }
   void fail(const std::string& description) override { failures.push_back(description); }
 

@@ -44,6 +44,15 @@ void ScriptedHost::idle(double seconds) {
   letUserAct();
 }
 
+std::string ScriptedHost::chooseFileToOpen(const std::string&) {
+  if (chosenFiles.empty()) return "";
+  const std::string path = chosenFiles.front();
+  chosenFiles.pop_front();
+  return path;
+}
+
+std::string ScriptedHost::chooseFileToSave(const std::string& filter) { return chooseFileToOpen(filter); }
+
 Answer ScriptedHost::messageBox(std::string_view text, std::string_view, Icon, Buttons buttons) {
   boxes.emplace_back(text);
   return buttons == Buttons::yesNo ? answer : Answer::ok;

@@ -23,10 +23,14 @@ class ScriptedHost : public QtHost {
   // Answers every message box with its default after noting its text.
   std::deque<std::string> boxes;
   Answer answer = Answer::ok;
+  // What the user names in the file choosers; none left: cancel.
+  std::deque<std::string> chosenFiles;
 
   void yield() override;
   void idle(double seconds) override;
   Answer messageBox(std::string_view text, std::string_view title, Icon icon, Buttons buttons) override;
+  std::string chooseFileToOpen(const std::string& filter) override;
+  std::string chooseFileToSave(const std::string& filter) override;
 
  private:
   struct Step {

@@ -26,8 +26,14 @@ void openOrThrow(QFileDevice& file, QIODevice::OpenMode mode) {
   if (!file.open(mode)) failed(file, missing ? Fault::fileNotFound : Fault::fileFault);
 }
 
+// A disk that is full takes a part first; only the next portion tells why.
 void put(QSaveFile& to, const char* bytes, qint64 count) {
-  if (to.write(bytes, count) != count) failed(to, Fault::fileFault);
+  while (count > 0) {
+    const qint64 written = to.write(bytes, count);
+    if (written <= 0) failed(to, Fault::fileFault);
+    bytes += written;
+    count -= written;
+  }
 }
 
 void copyTail(const QString& path, qint64 from, QSaveFile& to) {
@@ -94,5 +100,5 @@ void exchangeWhole(const std::string& path, std::string_view bytes) {
   openOrThrow(file, QIODevice::WriteOnly);
   put(file, bytes.data(), static_cast<qint64>(bytes.size()));
   copyTail(name, static_cast<qint64>(bytes.size()), file);
-  if (!file.commit()) failed(file, Fault::fileFault);
+  if (!file.flush() || !file.commit()) failed(file, Fault::fileFault);
 }
