@@ -54,7 +54,7 @@ std::vector<Chunk> joined(std::vector<Chunk> chunks, double within) {
 }  // namespace
 
 std::vector<BridgeEvent> Bridge::connect(double now) {
-  log_.push_back({now, '+', {}, {}});
+  log_.push_back({now, '+', "connection", {}});
   line_.clear();
   const double start = now + faults.reachAfter;
   if (faults.reach == Reach::never) return {};
@@ -78,7 +78,7 @@ std::vector<BridgeEvent> Bridge::receive(double now, std::string_view bytes) {
 }
 
 std::vector<BridgeEvent> Bridge::hearLine(double now, const std::string& line) {
-  log_.push_back({now, '>', line, {}});
+  log_.push_back({now, '|', line, {}});
   if (faults.dropAt > 0 && --faults.dropAt == 0) return drop(now, line);
   if (faults.silent) return {};
   if (useUp(faults.echoes)) return packets({{now, line}});
@@ -90,6 +90,7 @@ std::vector<BridgeEvent> Bridge::hearLine(double now, const std::string& line) {
 }
 
 std::vector<Chunk> Bridge::ask(double now, const std::string& line) {
+  log_.back().direction = '>';
   return unit_.receive(now, line, faults.line.value_or(unit_.setup().line));
 }
 
@@ -121,6 +122,8 @@ BridgeEvent Bridge::end(double at) const {
   return {at, faults.abrupt ? BridgeEvent::reset : BridgeEvent::closed};
 }
 
+std::vector<LogEntry> Bridge::takeLog() { return std::exchange(log_, {}); }
+
 std::size_t Bridge::connections() const {
   return static_cast<std::size_t>(
       std::count_if(log_.begin(), log_.end(), [](const LogEntry& entry) { return entry.direction == '+'; }));
@@ -129,7 +132,7 @@ std::size_t Bridge::connections() const {
 std::vector<std::string> Bridge::lines() const {
   std::vector<std::string> heard;
   for (const LogEntry& entry : log_) {
-    if (entry.direction == '>') heard.push_back(entry.text.substr(0, entry.text.size() - 1));
+    if (entry.direction != '+') heard.push_back(entry.text.substr(0, entry.text.size() - 1));
   }
   return heard;
 }

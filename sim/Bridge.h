@@ -32,9 +32,8 @@ struct BridgeFaults {
   Unasked unasked;
 
   // What meets a line, in this order; the unit hears nothing of a line that was met, unless told.
-  int dropAt = unlimited;  // the how-manieth line from now ends the connection; 1 is the next one ...
-  std::size_t dropBehind =
-      0;  // ... behind so many bytes of the unit's reply; 0: the unit hears nothing of it
+  int dropAt = unlimited;      // the how-manieth line from now ends the connection; 1 is the next one ...
+  std::size_t dropBehind = 0;  // ... after so many bytes of its reply; 0: the unit hears nothing of it
   Reach afterDrop = Reach::accepts;  // `reach` from then on
   bool silent = false;               // takes everything and says nothing
   int echoes = 0;                    // lines still said back as they came, as a modem does
@@ -43,9 +42,9 @@ struct BridgeFaults {
 
   std::optional<LineSettings> line;  // of the serial side, if they are not the unit's
 
-  // How replies travel.
+  // How replies travel: what the unit says to one line is one packet, unless it pauses.
   double late = 0.001;        // seconds from the unit's last byte of a packet to its arrival
-  double joinWithin = 0.01;   // bytes that follow each other within so many seconds are one packet
+  double joinWithin = 0.01;   // seconds of a pause that does not yet end a packet
   std::size_t pieceSize = 0;  // bytes at which a packet is cut into pieces, 0 for no cut ...
   double pieceGap = 0.05;     // ... with so many seconds between them
   bool abrupt = false;        // connections end with a reset instead of an orderly close
@@ -76,10 +75,13 @@ class Bridge {
   // unit, and each hears the replies to its own.
   std::vector<BridgeEvent> receive(double now, std::string_view bytes);
 
-  // Everything that was asked of the bridge: '+' a connection, '>' a whole line, carriage return included.
+  // Everything that was asked of the bridge since the start, or since the log was last taken: '+' a
+  // connection,
+  // '>' a line that went on to the unit, '|' one that did not.
   const std::vector<LogEntry>& log() const { return log_; }
-  std::size_t connections() const;         // asked for, refused ones included
-  std::vector<std::string> lines() const;  // heard, without the carriage return
+  std::vector<LogEntry> takeLog();
+  std::size_t connections() const;         // in the log, refused ones included
+  std::vector<std::string> lines() const;  // in the log, without the carriage return
 
   Unit& unit() const { return unit_; }
 

@@ -5,25 +5,12 @@
 #include <algorithm>
 #include <array>
 
+#include "sim/Arguments.h"
 #include "sim/Numbers.h"
 
 namespace sim {
 
 namespace {
-
-bool setCount(int& count, std::string_view text) {
-  const auto number = wholeNumber(text);
-  if (!number || *number < 0) return false;
-  count = *number;
-  return true;
-}
-
-bool setSeconds(double& seconds, std::string_view text) {
-  const auto number = fraction(text);
-  if (!number || *number < 0) return false;
-  seconds = *number;
-  return true;
-}
 
 bool setBytes(std::string& bytes, std::string_view hex) {
   if (hex.empty() || hex.size() % 2 != 0) return false;
@@ -46,13 +33,9 @@ bool loop(Faults& faults, std::string_view argument) {
 }
 
 bool refuse(Faults& faults, std::string_view argument) {
-  const auto fields = splitText(argument, ',');
-  if (fields.size() > 3) return false;
-  Refusal refusal{std::string(fields[0]), {}, unlimited};
-  if (fields.size() > 1) refusal.prefix = fields[1];
-  if (fields.size() > 2 && !setCount(refusal.times, fields[2])) return false;
-  faults.refusals.push_back(refusal);
-  return true;
+  const auto refusal = refusalOf(argument);
+  if (refusal) faults.refusals.push_back(*refusal);
+  return refusal.has_value();
 }
 
 bool answer(Faults& faults, std::string_view argument) {
@@ -73,13 +56,9 @@ bool stuck(Faults& faults, std::string_view argument) {
 bool late(Faults& faults, std::string_view argument) { return setSeconds(faults.late, argument); }
 
 bool pieces(Faults& faults, std::string_view argument) {
-  const auto fields = splitText(argument, ',');
-  int size = 0;
-  Piece piece{};
-  if (fields.size() != 2 || !setCount(size, fields[0]) || !setSeconds(piece.gap, fields[1])) return false;
-  piece.size = static_cast<std::size_t>(size);
-  faults.pieces.push_back(piece);
-  return size > 0;
+  const auto cut = piecesOf(argument);
+  if (cut) faults.pieces.push_back({cut->first, cut->second});
+  return cut.has_value();
 }
 
 bool lineEnd(Faults& faults, std::string_view argument) {
@@ -152,12 +131,9 @@ constexpr std::array<Kind, 13> kinds{{
 }  // namespace
 
 bool addFault(Faults& faults, std::string_view text) {
-  const std::size_t colon = std::min(text.find(':'), text.size());
-  const std::string_view name = text.substr(0, colon);
-  const std::string_view argument = colon < text.size() ? text.substr(colon + 1) : std::string_view();
-  const auto kind =
-      std::find_if(kinds.begin(), kinds.end(), [&](const Kind& one) { return one.name == name; });
-  return kind != kinds.end() && kind->set(faults, argument);
+  const auto parts = kindAndArgument(text);
+  const auto kind = std::ranges::find(kinds, parts.first, &Kind::name);
+  return kind != kinds.end() && kind->set(faults, parts.second);
 }
 
 std::string faultHelp() {

@@ -9,15 +9,25 @@ namespace sim {
 
 namespace {
 
-constexpr std::array<ModelFact, 7> facts{{
-    {Model::tmp, "tmp", " TMP", "Torvane temperature controller"},
-    {Model::prc, "prc", " PRC", "Torvane process controller"},
-    {Model::str, "str", " STR", "Torvane strain controller"},
-    {Model::gr2, "gr2", " GR2", "Torvane Gr2 controller"},
-    {Model::rht, "rht", " RHT", "Torvane humidity and temperature controller"},
-    {Model::larkspur, "larkspur", " RKW77", "Larkspur controller"},
-    {Model::other, "other", " UNIT", "Torvane controller that names none of the known types"},
+// clang-format off
+constexpr std::array<ModelFact, 14> facts{{
+    // model, name, type, what, family
+    {Model::tmp,           "tmp",            " TMP",   "Torvane temperature controller", 2},
+    {Model::prc,           "prc",            " PRC",   "Torvane process controller", 2},
+    {Model::str,           "str",            " STR",   "Torvane strain controller", 2},
+    {Model::gr2,           "gr2",            " GR2",   "Torvane Gr2 controller", 2},
+    {Model::rht,           "rht",            " RHT",   "Torvane humidity and temperature controller", 2},
+    {Model::larkspur,      "larkspur",       " RKW77", "Larkspur controller", 3},
+    {Model::other,         "other",          " UNIT",  "Torvane controller that names no known type", 2},
+    {Model::mpl,           "mpl",            "",       "older meter that says two digits before its echo", 0},
+    {Model::mpt,           "mpt",            "",       "older meter", 1},
+    {Model::quillonRate,   "quillon-rate",   "",       "older Quillon rate/totalizer", 4},
+    {Model::quillon,       "quillon",        "",       "older Quillon controller", 5},
+    {Model::quillonStrain, "quillon-strain", "",       "older Quillon strain controller", 6},
+    {Model::qlncac,        "qlncac",         "",       "older QLNCAC current or voltage controller", 9},
+    {Model::stranger,      "stranger",       "",       "unit of no known line", -2},
 }};
+// clang-format on
 
 }  // namespace
 

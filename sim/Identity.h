@@ -11,13 +11,30 @@
 
 namespace sim {
 
-enum class Model { tmp, prc, str, gr2, rht, larkspur, other };
+enum class Model {
+  tmp,
+  prc,
+  str,
+  gr2,
+  rht,
+  larkspur,
+  other,
+  // Older lines, which a program has to tell from the ones above.
+  mpl,
+  mpt,
+  quillonRate,
+  quillon,
+  quillonStrain,
+  qlncac,
+  stranger,
+};
 
 struct ModelFact {
   Model model;
   std::string_view name;  // as the command line takes it
   std::string_view type;  // what the unit answers behind "U04"
   std::string_view what;
+  int family;  // the code to which its replies to X01, R01, D05, R24, R25 and R04 lead; -2 for none
 };
 
 std::span<const ModelFact> modelFacts();

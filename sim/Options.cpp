@@ -6,6 +6,7 @@
 #include <array>
 #include <string_view>
 
+#include "sim/BridgeOptions.h"
 #include "sim/FaultOptions.h"
 #include "sim/Numbers.h"
 
@@ -76,12 +77,25 @@ bool setLink(Options& options, std::string_view text) {
   return !text.empty();
 }
 
+bool setPort(std::optional<int>& port, std::string_view text) {
+  port = wholeNumber(text);
+  return port && *port >= 0 && *port <= 65535;
+}
+
+bool setTcp(Options& options, std::string_view text) { return setPort(options.tcp, text); }
+
+bool setTerminalServer(Options& options, std::string_view text) {
+  return setPort(options.terminalServer, text);
+}
+
+bool setBridge(Options& options, std::string_view text) { return addBridgeFault(options.bridge, text); }
+
 struct Valued {
   std::string_view name;
   bool (*set)(Options&, std::string_view);
 };
 
-constexpr std::array<Valued, 11> valued{{
+constexpr std::array<Valued, 14> valued{{
     {"--model", setModel},
     {"--version-text", setVersion},
     {"--address", setAddress},
@@ -93,6 +107,9 @@ constexpr std::array<Valued, 11> valued{{
     {"--fault", setFault},
     {"--registers", setRegisters},
     {"--link", setLink},
+    {"--tcp", setTcp},
+    {"--terminal-server", setTerminalServer},
+    {"--bridge", setBridge},
 }};
 
 bool setSwitch(Options& options, std::string_view name) {
@@ -135,8 +152,8 @@ Options parseOptions(const std::vector<std::string>& arguments) {
 std::string helpText() {
   return R"(unit-simulator: a controller on a pseudo terminal, for trying and training without hardware
 
-It prints "port PATH" first, the port to choose in the configuration program, then the traffic.
-End it with Ctrl+C.
+It prints "port PATH" first, the port to choose in the configuration program, and with a bridge "tcp PORT" and
+"terminal-server PORT", then the traffic. The bridge stands at 127.0.0.1 and ::1. End it with Ctrl+C.
 
   --model NAME             the kind of unit, see below (tmp)
   --version-text TEXT      its firmware version, three characters (1.4)
@@ -149,6 +166,9 @@ End it with Ctrl+C.
   --recognition HH         the recognition character in hexadecimal (2A)
   --registers FILE         registers taken from this file if it is there, and kept in it
   --link PATH              a symbolic link to the port, for a name that stays
+  --tcp PORT               an Ethernet bridge to the same unit on this TCP port, 0 for any that is free
+  --terminal-server PORT   a port at which this bridge answers with a Terminal Server's prompt
+  --bridge KIND[:ARG]      something odd about the bridge at --tcp, see below; repeatable
   --check-line             be deaf to another speed or other stop bits; a pseudo terminal tells no more
   --fault KIND[:ARG]       something wrong, see below; repeatable
   --quiet                  no traffic on standard output
@@ -156,7 +176,7 @@ End it with Ctrl+C.
 
 Models
 )" + modelHelp() +
-         "\nFaults\n" + faultHelp();
+         "\nFaults\n" + faultHelp() + "\nBridge\n" + bridgeHelp();
 }
 
 }  // namespace sim

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "sim/Bridge.h"
 #include "sim/Faults.h"
 #include "sim/Identity.h"
 
@@ -17,6 +18,9 @@ struct Options {
   bool addressGiven = false;  // the command line's address stands above that of the register file
   std::string registers;      // file, empty for none
   std::string link;
+  std::optional<int> tcp;             // port of the bridge, 0 for any
+  std::optional<int> terminalServer;  // port at which the bridge is a Terminal Server
+  BridgeFaults bridge;
   bool checkLine = false;
   bool quiet = false;
   bool help = false;

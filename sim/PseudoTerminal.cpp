@@ -9,6 +9,7 @@
 #include <cmath>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 namespace sim {
 
@@ -101,16 +102,19 @@ double Server::untilDue() {
 
 void Server::wait(double timeout) {
   const short events = outbox_.empty() ? POLLIN : POLLIN | POLLOUT;
-  std::array<pollfd, 2> sources{{{pty_.master(), events, 0}, {bell_.file(), POLLIN, 0}}};
+  std::array<pollfd, 3> sources{
+      {{pty_.master(), events, 0}, {bell_.file(), POLLIN, 0}, {options_.otherFile, POLLIN, 0}}};
   const double limit = sooner(timeout, untilDue());
   const timespec length = duration(std::max(limit, 0.0));
   ppoll(sources.data(), sources.size(), limit < 0 ? nullptr : &length, nullptr);
   if (sources[1].revents != 0) bell_.clear();
+  otherReady_ = sources[2].revents != 0;
 }
 
 void Server::serve() {
   const std::scoped_lock lock(mutex_);
   if (!pty_.isOpen()) return;
+  if (std::exchange(otherReady_, false)) options_.onOther();
   hear();
   tell();
   if (unit_.unplugged()) return hangUp();

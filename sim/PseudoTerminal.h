@@ -22,6 +22,8 @@ struct ServerOptions {
   bool checkLine = false;  // compare the far end's line settings with the unit's, as far as they are known
   std::function<void(const LogEntry&)> onTraffic = {};  // takes each line out of the unit's log
   std::function<void(const Unit&)> onExchange = {};     // after the unit has heard something
+  int otherFile = -1;                                   // one more source in the same loop; -1 for none ...
+  std::function<void()> onOther = {};  // ... and who serves it when it is readable; may use the unit
 };
 
 class Server {
@@ -34,6 +36,8 @@ class Server {
   Server& operator=(const Server&) = delete;
 
   const std::string& path() const { return pty_.path(); }
+
+  double now() const;  // seconds since the start; the unit's clock
 
   // In the caller's thread: waits for traffic, at most this long in seconds (below 0: without end), and
   // serves what there is. False once the line is unplugged.
@@ -68,7 +72,6 @@ class Server {
     ~WakeAtEnd() { bell.ring(); }
   };
 
-  double now() const;
   double untilDue();
   void wait(double timeout);
   void serve();
@@ -84,7 +87,8 @@ class Server {
   WakeUp bell_;
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
   std::multimap<double, std::string> due_;  // by the moment at which it goes out
-  std::string outbox_;                      // due, but not yet taken by the line
+  bool otherReady_ = false;
+  std::string outbox_;  // due, but not yet taken by the line
   std::atomic<bool> stopping_ = false;
   mutable std::mutex mutex_;
   std::thread thread_;

@@ -5,6 +5,7 @@
 #include <array>
 
 #include "sim/Numbers.h"
+#include "sim/OlderUnits.h"
 
 namespace sim {
 
@@ -48,11 +49,18 @@ constexpr std::array<RegisterFact, 33> facts{{
     {"28", "Output 1 high percentage",            2, "63",     false},
 }};
 
-// Index 11 is another thing on the Larkspur line, and its width tells the lines apart.
-constexpr std::array<RegisterFact, 1> larkspurFacts{{
+// Two indices are another thing on the Larkspur line, and their width tells the lines apart.
+constexpr std::array<RegisterFact, 2> larkspurFacts{{
     {"11", "Family code",                         6, "000077", true, true},
+    {"24", "Family features",                     6, "000000", true, true},
 }};
 // clang-format on
+
+// Of an older unit no more is known here than what frames its commands.
+bool has(Model model, const RegisterFact& fact) {
+  if (isOlder(model)) return fact.index == "1F" || fact.index == "21";
+  return model != Model::larkspur || fact.larkspur;
+}
 
 }  // namespace
 
@@ -61,7 +69,7 @@ RegisterBank::RegisterBank(Model model) {
     cells_[std::string(fact.index)] = {fact, std::string(fact.powerOn)};
   };
   for (const RegisterFact& fact : facts) {
-    if (model != Model::larkspur || fact.larkspur) add(fact);
+    if (has(model, fact)) add(fact);
   }
   if (model != Model::larkspur) return;
   for (const RegisterFact& fact : larkspurFacts) add(fact);

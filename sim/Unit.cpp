@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "sim/Numbers.h"
+#include "sim/OlderUnits.h"
 
 namespace sim {
 
@@ -132,6 +133,7 @@ void Unit::say(const std::string& bytes, double at, std::vector<Chunk>& out) {
 }
 
 std::string Unit::answer(const Command& command) {
+  if (isOlder(setup_.model)) return olderAnswer(setup_.model, command);
   const std::string_view body = command.body;
   if (body.starts_with("^AE")) {
     if (body.size() > 3) return badFormat;

@@ -1,16 +1,19 @@
 // SPDX-License-Identifier: MIT
-// The program unit-simulator: a unit on a pseudo terminal.
+// The program unit-simulator: a unit on a pseudo terminal, and behind a bridge if told.
 #include <atomic>
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "sim/Numbers.h"
 #include "sim/Options.h"
 #include "sim/PseudoTerminal.h"
 #include "sim/RegisterFile.h"
+#include "sim/TcpServer.h"
 #include "sim/TrafficText.h"
 
 namespace {
@@ -68,6 +71,62 @@ class Keeper {
   std::string saved_;
 };
 
+// The ports of the bridge that the command line asks for.
+class BridgePorts {
+ public:
+  BridgePorts(sim::Unit& unit, const sim::Options& options, sim::TcpOptions serving)
+      : bridge_(unit), terminalServer_(unit), server_(std::move(serving)) {
+    bridge_.faults = options.bridge;
+    terminalServer_.faults.prompt = sim::terminalServerPrompt;
+    open("tcp ", options.tcp, bridge_);
+    open("terminal-server ", options.terminalServer, terminalServer_);
+  }
+
+  void announce() const {
+    for (const std::string& line : lines_) print(stdout, line);
+  }
+  int file() const { return server_.file(); }
+  void serve() { server_.poll(0); }
+
+ private:
+  void open(const char* name, std::optional<int> port, sim::Bridge& bridge) {
+    if (port) lines_.push_back(name + std::to_string(server_.listen(*port, bridge)));
+  }
+
+  sim::Bridge bridge_;
+  sim::Bridge terminalServer_;
+  sim::TcpServer server_;
+  std::vector<std::string> lines_;
+};
+
+int serve(sim::Unit& unit, const sim::Options& options, Keeper& keeper) {
+  const auto show = [&](const sim::LogEntry& entry) {
+    if (!options.quiet) print(stdout, sim::trafficLine(entry));
+  };
+  const auto keep = [&](const sim::Unit& changed) { keeper.save(changed); };
+  // What went on to the unit shows in the unit's own traffic.
+  const auto showUnlessPassed = [&](const sim::LogEntry& entry) {
+    if (entry.direction != '>') show(entry);
+  };
+  const auto now = [] { return served.load()->now(); };
+  BridgePorts bridge(unit, options, {now, showUnlessPassed, keep});
+  sim::ServerOptions serving{.link = options.link, .checkLine = options.checkLine};
+  serving.onTraffic = show;
+  serving.onExchange = keep;
+  serving.otherFile = bridge.file();
+  serving.onOther = [&] { bridge.serve(); };
+  sim::Server server(unit, serving);
+  served = &server;
+  if (ended) server.requestStop();
+  print(stdout, "port " + server.path());
+  bridge.announce();
+  server.run();
+  served = nullptr;
+  if (server.unplugged()) print(stdout, "unplugged");
+  keeper.save(unit);
+  return 0;
+}
+
 int serve(const sim::Options& options) {
   sim::Unit unit(options.setup);
   unit.faults = options.faults;
@@ -76,20 +135,7 @@ int serve(const sim::Options& options) {
     print(stderr, problem);
     return 2;
   }
-  sim::ServerOptions serving{.link = options.link, .checkLine = options.checkLine};
-  serving.onTraffic = [&](const sim::LogEntry& entry) {
-    if (!options.quiet) print(stdout, sim::trafficLine(entry));
-  };
-  serving.onExchange = [&](const sim::Unit& changed) { keeper.save(changed); };
-  sim::Server server(unit, serving);
-  served = &server;
-  if (ended) server.requestStop();
-  print(stdout, "port " + server.path());
-  server.run();
-  served = nullptr;
-  if (server.unplugged()) print(stdout, "unplugged");
-  keeper.save(unit);
-  return 0;
+  return serve(unit, options, keeper);
 }
 
 }  // namespace

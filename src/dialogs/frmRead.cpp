@@ -13,7 +13,7 @@
 frmRead::frmRead() : Form("frmRead", "Read from...") {
   cmdFile.onClick = [this] { cmdFile_Click(); };
   cmdSerial.onClick = [this] { cmdSerial_Click(); };
-  cmdNetwork.onClick = [this] { cmdSerial_Click(); };  // the way is chosen on the communication tab
+  cmdNetwork.onClick = cmdSerial.onClick;  // the way is chosen on the communication tab
   OKButton.onClick = [this] { unload(); };
 }
 

@@ -20,7 +20,7 @@ frmWrite::frmWrite() : Form("frmWrite", "Write to...") {
   cmdFile.onClick = [] { cmdFile_Click(); };
   cmdPrint.setEnabled(false);
   cmdSerial.onClick = [this] { cmdSerial_Click(); };
-  cmdNetwork.onClick = [this] { cmdSerial_Click(); };  // the way is chosen on the communication tab
+  cmdNetwork.onClick = cmdSerial.onClick;  // the way is chosen on the communication tab
   chkReset.onClick = [this] { Global.ResetAfterWrite = asFlag(chkReset.value() != 0); };
   cmdCancel.onClick = [this] { hide(); };
 }

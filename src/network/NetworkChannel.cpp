@@ -93,7 +93,7 @@ std::string NetworkChannel::NetworkReadSet(std::string_view reg) {
   networkReadFailed = False;
   const std::string command = framed("R" + std::string(reg.substr(reg.size() < 2 ? 0 : reg.size() - 2)));
   for (int tries = 0; tries < readTries; ++tries) {
-    const std::string reply = NetworkWritePort(command);
+    std::string reply = NetworkWritePort(command);
     note(reply);
     host().yield();
     if (!reply.empty() && !isRefused(reply)) return reply;
@@ -119,10 +119,12 @@ std::string NetworkChannel::NetworkWriteSet(std::string_view reg, const std::str
 
 std::string NetworkChannel::writeAndVerify(std::string_view reg, const std::string& merged) {
   const std::string index(reg);
+  const std::string write = framed("W" + index + merged);
+  const std::string read = framed("R" + index);
   const std::string good = addressPart() + "R" + index + merged;
   for (int tries = 0; tries < writeTries; ++tries) {
-    NetworkWritePort(framed("W" + index + merged));
-    const std::string reply = NetworkWritePort(framed("R" + index));
+    NetworkWritePort(write);
+    const std::string reply = NetworkWritePort(read);
     note(reply);
     if (reply == good) return "Success";
     host().yield();

@@ -129,6 +129,30 @@ TEST_F(Waits, PauseIsLengthenedByAClockThatStepsBack) {
   EXPECT_EQ(host.clock, 101);
 }
 
+TEST_F(Waits, ForAFlagEndsInThePassInWhichItIsSet) {
+  std::int16_t flag = 0;
+  host.expect([this] { return host.clock >= 100.5; }, [&] { flag = -1; });
+  host.yieldTime = 0.25;
+  bool came = false;
+  EXPECT_EQ(lasts(100, [&] { came = waitFor(flag, 0.25) || waitFor(flag, 0.25); }), 0.5);
+  EXPECT_TRUE(came);
+}
+
+TEST_F(Waits, ForAFlagEndsAtItsLimitAndNotBehindIt) {
+  for (const double seconds : {0.25, 0.5, 2.0, 3.0}) {
+    bool came = true;
+    EXPECT_EQ(lasts(100.25, [&] { came = waitFor(0, seconds); }), seconds);
+    EXPECT_FALSE(came);
+    EXPECT_EQ(lasts(100.25, [&] { waitOut(seconds); }), seconds);
+  }
+}
+
+TEST_F(Waits, ForAFlagStartsAnewWhenTheClockStepsBehindItsStart) {
+  stepClockTo(1.0);
+  lasts(86399, [] { waitOut(3.0); });
+  EXPECT_EQ(host.clock, 4.0);
+}
+
 TEST_F(Waits, SleepRatherThanSpin) {
   Delay(3.0F);
   pause(3);

@@ -15,6 +15,7 @@
 #include <iterator>
 
 #include "TestPort.h"
+#include "TestSocket.h"
 
 extern char** environ;
 
@@ -57,6 +58,10 @@ class Program {
   std::string port() const {
     const std::string first = line();
     return first.starts_with("port ") ? first.substr(5) : std::string();
+  }
+  int portBehind(const std::string& name) const {
+    const std::string text = line();
+    return text.starts_with(name) ? std::stoi(text.substr(name.size())) : 0;
   }
 
   // The exit status, -1 when a signal ended it.
@@ -165,6 +170,38 @@ TEST(SimulatorProgram, ShowsItsFaults) {
   port.send("*R07\r");
   EXPECT_TRUE(port.isHungUp());
   EXPECT_EQ(program.wait(), 0);
+}
+
+TEST(SimulatorProgram, StandsBehindABridgeToo) {
+  Program program({"--tcp", "0", "--terminal-server", "0", "--bridge", "refuse:?46,*R08,1"});
+  const TestPort port(program.port());
+  TestSocket bridge(program.portBehind("tcp "));
+  TestSocket terminalServer(program.portBehind("terminal-server "));
+  EXPECT_EQ(bridge.ask("*W0726"), "W07\r");
+  EXPECT_EQ(port.ask("*R07"), "R0726\r");
+  EXPECT_EQ(bridge.ask("*R08"), "?46\r");
+  terminalServer.send("*R07\r");
+  EXPECT_NE(terminalServer.readTo('>').find("Terminal"), std::string::npos);
+  EXPECT_EQ(program.end(), 0);
+}
+
+TEST(SimulatorProgram, ShowsTheTrafficOfTheBridge) {
+  Program program({"--tcp", "0", "--bridge", "refuse:?46,*R08"});
+  program.port();
+  TestSocket bridge(program.portBehind("tcp "));
+  bridge.ask("*R07");
+  bridge.ask("*R08");
+  std::vector<std::string> ends{" + connection", " > *R07<CR>", " < R0704<CR>", " | *R08<CR>"};
+  for (const std::string& end : ends) EXPECT_TRUE(program.line().ends_with(end)) << end;
+}
+
+TEST(SimulatorProgram, PortInUseIsTold) {
+  Program program({"--tcp", "0"});
+  program.port();
+  const int taken = program.portBehind("tcp ");
+  Program other({"--tcp", std::to_string(taken)});
+  EXPECT_TRUE(other.line().starts_with("TCP port " + std::to_string(taken)));
+  EXPECT_EQ(other.wait(), 1);
 }
 
 TEST(SimulatorProgram, HelpAndBadOptions) {

@@ -112,17 +112,19 @@ TEST(Unit, OtherTypesEndInNoneOfTheFive) {
   }
 }
 
-TEST(Unit, FamilyShowsInTheLengthOfRegister11) {
+TEST(Unit, FamilyShowsInTheLengthOfTwoRegisters) {
   Unit larkspur = unitOf(Model::larkspur);
   Unit other = unitOf(Model::other);
   EXPECT_EQ(ask(larkspur, "*R11").size(), 10U);
   EXPECT_EQ(ask(other, "*R11").size(), 6U);
+  EXPECT_EQ(ask(larkspur, "*R24").size(), 10U);
+  EXPECT_EQ(ask(other, "*R24").size(), 6U);
   EXPECT_EQ(ask(larkspur, "*W11000001"), "?43\r");
 }
 
 TEST(Unit, LarkspurRefusesWhatItHasNot) {
   Unit unit = unitOf(Model::larkspur);
-  for (const char* index : {"15", "16", "24", "27", "28"}) {
+  for (const char* index : {"15", "16", "27", "28"}) {
     EXPECT_EQ(ask(unit, std::string("*R") + index), "?43\r") << index;
     EXPECT_EQ(ask(unit, std::string("*W") + index + "00"), "?43\r") << index;
   }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// A TCP connection on Qt.
+// A TCP connection on Qt: as a client alone, and straight to the address, whatever proxies the system has.
 #pragma once
 
+#include <QObject>
 #include <QTcpSocket>
 
 #include "platform/Socket.h"
@@ -9,6 +10,9 @@
 class QtSocket : public Socket {
  public:
   QtSocket();
+  QtSocket(const QtSocket&) = delete;
+  QtSocket& operator=(const QtSocket&) = delete;
+  ~QtSocket() override = default;
 
   SocketState state() const override;
   void connect() override;
@@ -18,8 +22,10 @@ class QtSocket : public Socket {
 
  private:
   void takeArrival();
+  void noteEnd(QAbstractSocket::SocketError error);
 
+  QObject events_;  // receives what must wait for the event loop
   QTcpSocket socket_;
-  std::string arrived_;
-  bool failed_ = false;
+  std::string arrived_;                    // and not taken yet
+  SocketState end_ = SocketState::closed;  // how the connection ended by itself: peerIsClosing or error
 };

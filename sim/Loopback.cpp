@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+// Sockets on this machine's own addresses.
+#include "sim/Loopback.h"
+
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <system_error>
+
+namespace sim {
+
+namespace {
+
+struct Address {
+  sockaddr_storage storage = {};
+  socklen_t size = sizeof(sockaddr_storage);
+  sockaddr* get() { return reinterpret_cast<sockaddr*>(&storage); }
+};
+
+Address loopback(int family, int port) {
+  Address address;
+  if (family == AF_INET) {
+    sockaddr_in in = {};
+    in.sin_family = AF_INET;
+    in.sin_port = htons(static_cast<std::uint16_t>(port));
+    in.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    address.size = sizeof in;
+    std::memcpy(&address.storage, &in, sizeof in);
+  } else {
+    sockaddr_in6 in = {};
+    in.sin6_family = AF_INET6;
+    in.sin6_port = htons(static_cast<std::uint16_t>(port));
+    in.sin6_addr = in6addr_loopback;
+    address.size = sizeof in;
+    std::memcpy(&address.storage, &in, sizeof in);
+  }
+  return address;
+}
+
+void setFlag(int file, int level, int name) {
+  const int on = 1;
+  setsockopt(file, level, name, &on, sizeof on);
+}
+
+int bound(int family, int port) {
+  const int file = socket(family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+  if (file < 0) return -1;
+  setFlag(file, SOL_SOCKET, SO_REUSEADDR);
+  if (family == AF_INET6) setFlag(file, IPPROTO_IPV6, IPV6_V6ONLY);
+  Address address = loopback(family, port);
+  if (bind(file, address.get(), address.size) == 0) return file;
+  const int fault = errno;
+  close(file);
+  errno = fault;
+  return -1;
+}
+
+}  // namespace
+
+int boundSocket(int family, int port) {
+  const int file = bound(family, port);
+  if (file < 0) throw std::system_error(errno, std::generic_category(), "TCP port " + std::to_string(port));
+  return file;
+}
+
+bool hasFamily(int family) {
+  const int file = bound(family, 0);
+  if (file >= 0) close(file);
+  return file >= 0;
+}
+
+int portOf(int file) {
+  Address address;
+  if (getsockname(file, address.get(), &address.size) != 0) return 0;
+  // Both kinds of address have the port at the same place.
+  return ntohs(reinterpret_cast<const sockaddr_in*>(&address.storage)->sin_port);
+}
+
+int connectedSocket(int family, int port) {
+  const int file = socket(family, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  Address address = loopback(family, port);
+  if (file < 0 || connect(file, address.get(), address.size) == 0) return file;
+  close(file);
+  return -1;
+}
+
+int acceptedSocket(int file) {
+  const int link = accept4(file, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
+  if (link >= 0) setFlag(link, IPPROTO_TCP, TCP_NODELAY);
+  return link;
+}
+
+bool readSome(int file, std::string& bytes) {
+  std::array<char, 16384> buffer;
+  const ssize_t size = recv(file, buffer.data(), buffer.size(), 0);
+  if (size > 0) bytes.append(buffer.data(), static_cast<std::size_t>(size));
+  return size > 0 || (size < 0 && (errno == EAGAIN || errno == EINTR));
+}
+
+std::size_t writeSome(int file, std::string_view bytes) {
+  const ssize_t size = send(file, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+  return size > 0 ? static_cast<std::size_t>(size) : 0;
+}
+
+void endSaying(int file) { shutdown(file, SHUT_WR); }
+
+void closeAbruptly(int file) {
+  const linger atOnce = {1, 0};
+  setsockopt(file, SOL_SOCKET, SO_LINGER, &atOnce, sizeof atOnce);
+  close(file);
+}
+
+}  // namespace sim
