@@ -44,6 +44,20 @@ def panel_unit():
     return document("Panel unit", 64, 64, shapes)
 
 
+def wizard():
+    """A computer below, a panel unit above, and what lies between them under a magnifying glass."""
+    shapes = [box(34, 14, 92, 76, 8, PAPER, INK, 3), box(46, 26, 68, 32, 3, GREY, INK, 2, 0.25)]
+    shapes += [text(80, 42, "72.5", 22, RED, "middle", "bold")]
+    shapes += [box(48 + 17 * i, 68, 13, 10, 2.5, BLUE, INK, 1.5) for i in range(4)]
+    shapes += [line([(80, 90), (80, 214)], GREY, 3, "3 8")]
+    shapes += [box(22, 214, 116, 72, 5, PAPER, INK, 3), box(32, 224, 96, 52, 2, BLUE, BLUE, 0)]
+    shapes += [line([(44, 264), (60, 242), (82, 242), (112, 256)], WHITE, 4)]
+    shapes += [area("M66 286 L94 286 L98 300 L62 300 Z", GREY, INK, 2.5), line([(46, 306), (114, 306)], INK, 4)]
+    shapes += [line([(98, 168), (122, 196)], AMBER, 10), disc(80, 147, 29, PAPER, INK, 4)]
+    shapes += [text(80, 148, "?", 38, BLUE, "middle", "bold")]
+    return document("Looking for the unit that is connected", 160, 320, shapes)
+
+
 def serial():
     """A nine pin connector: five pins over four."""
     shapes = [curve("M4 6 H20 A2.5 2.5 0 0 1 22.4 9 L20.6 16 A2.5 2.5 0 0 1 18.2 18 H5.8"
@@ -85,6 +99,7 @@ ICONS = {
     "picProcess": ramp_and_soak,
     "imgComputer": computer,
     "imgMicro": panel_unit,
+    "wizard": wizard,
     "serial": serial,
     "network": network,
     "file": file,

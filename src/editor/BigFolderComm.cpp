@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The communication tab: how this computer reaches the unit.
+#include "core/Memo.h"
+#include "core/Model.h"
 #include "core/NumberText.h"
 #include "dialogs/frmCommModeWarning.h"
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
+#include "wizard/frmWizard.h"
 
 namespace {
 
@@ -12,6 +15,7 @@ constexpr std::uint32_t white = 0xFFFFFF;
 constexpr std::uint32_t green = 0x00FF00;
 constexpr std::uint32_t red = 0x0000FF;  // red is the low byte
 
+constexpr int commTab = 11;
 constexpr int initialPort = 1000;
 constexpr int typicalPort = 2000;
 
@@ -49,6 +53,23 @@ void frmBigFolder::wireCommTab() {
     showNetworkTarget();
     pickPortOption();
   };
+  cmdAutoDetect.onClick = [this] { cmdAutoDetect_Click(); };
+}
+
+// A wizard that a run has filled in its own way begins anew.
+void frmBigFolder::cmdAutoDetect_Click() {
+  writeMemo(commTab);
+  if (Memo[rec::optCommunicationMode].flag == False && txtTCPPort.text().empty()) {
+    messageBox("Please provide a TCP/IP Port number");
+    return;
+  }
+  ::unload<frmWizard>();
+  form<frmWizard>().showModal();
+  Memo[rec::menuKind].extra = form<frmWizard>().wizardResultMode;
+  DeviceState.MenuKind = Memo[rec::menuKind].extra;
+  ::unload<frmWizard>();
+  SilentSetup = True;
+  cmdCnfg_Click();
 }
 
 // As "9600,o,7,1".
@@ -60,7 +81,6 @@ void frmBigFolder::makeCommSetting() {
   MSComm1->settings = baud + "," + parity + "," + data + "," + stop;
 }
 
-// Tries the port and says how it stands.
 void frmBigFolder::cboCommPort_Click() {
   const int port = cboCommPort.listIndex() + 1;
   if (port == 0) {
@@ -69,6 +89,10 @@ void frmBigFolder::cboCommPort_Click() {
     showPortState(white, "Port is unselected", "");
     return;
   }
+  usePort(port);
+}
+
+void frmBigFolder::usePort(int port) {
   MSComm1->commPort = port;
   const std::string hint = host().serialPortHint(port);
   cboCommPort.setToolTip(hint);

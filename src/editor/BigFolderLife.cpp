@@ -14,6 +14,7 @@
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
 #include "protocol/frmSerial.h"
+#include "wizard/frmWizard.h"
 
 #include <cmath>
 
@@ -157,6 +158,7 @@ void frmBigFolder::Form_Unload() {
   ::unload<frmSerial>();
   ::unload<frmRead>();
   ::unload<frmWrite>();
+  ::unload<frmWizard>();
   ::unload<frmSplash>();
   ::unload<frmCommModeWarning>();
 }

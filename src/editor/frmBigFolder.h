@@ -69,6 +69,8 @@ class frmBigFolder : public BigFolderControls {
   // Communication tab.
   void makeCommSetting();
   void cboCommPort_Click();
+  void usePort(int port);  // tries it and says how it stands; also a port that the list doesn't hold
+  void cmdAutoDetect_Click();
   void optCommunicationMode_Click(int index);
 
   // Entries. A box repairs its text on Enter and on leaving, and says so unless warnings are off; it never

@@ -6,6 +6,7 @@
 #include "platform/Host.h"
 #include "protocol/Waits.h"
 #include "protocol/frmSerial.h"
+#include "wizard/frmWizard.h"
 
 namespace {
 
@@ -26,12 +27,28 @@ constexpr std::int16_t probePause = 3;  // seconds between probe and version que
 constexpr int versionTries = 3;
 constexpr int versionHeard = 3;  // the stage that a heard version query sets
 
-// What the status says of each type, 0 to 5; any other is the last.
-constexpr const char* typeWords[] = {
-    "LARKSPUR Controller found",    "Torvane TMP Controller found", "Torvane PRC Controller found",
-    "Torvane STR Controller found", "Torvane Gr2 Controller found", "Torvane Hyt Controller found",
-    "Torvane Controller found",
+struct TypeWords {
+  const char* status;
+  const char* wizard;
 };
+
+// Of each type, 0 to 5; any other is the last. Process and strain units share the wizard's words.
+constexpr TypeWords typeWords[] = {
+    {"LARKSPUR Controller found", "LARKSPUR Meter"},
+    {"Torvane TMP Controller found", "Torvane Temperature Meter"},
+    {"Torvane PRC Controller found", "Torvane Strain Meter"},
+    {"Torvane STR Controller found", "Torvane Strain Meter"},
+    {"Torvane Gr2 Controller found", "Torvane Gr2 Controller"},
+    {"Torvane Hyt Controller found", "Torvane Hyt Meter"},
+    {"Torvane Controller found", nullptr},
+};
+
+constexpr const char* wiringWords =
+    "CommPort is either connected to a modem Or there exists a wiring problem.";
+
+void sayInWizard(const std::string& text) {
+  statement([&] { form<frmWizard>().lblCaption.setCaption(text); });
+}
 
 }  // namespace
 
@@ -64,13 +81,16 @@ void frmSerial::probe(std::string& result) {
   });
   std::string reply;
   statement([&] { reply = ask("R02"); });
+  publish(1);
   upStat(true, "\rGot: " + reply);
   result = "ng";
   if (!screenShape(reply)) return;
   int stage = 0;
   judgeContent(reply, stage);
   pause(probePause);
+  publish(2);
   const std::string lastReply = askVersion(stage);
+  publish(3);
   std::int16_t type = -1;
   if (stage >= versionHeard) statement([&] { ComCheckForMeterType(type); });
   if (type < 0) {
@@ -78,6 +98,7 @@ void frmSerial::probe(std::string& result) {
     return;
   }
   result.clear();
+  sayInWizard("Meter detected.\r");
   announce(type, lastReply);
 }
 
@@ -85,8 +106,11 @@ void frmSerial::probe(std::string& result) {
 bool frmSerial::screenShape(const std::string& reply) {
   const bool echoed = contains(reply, "*");
   if (!echoed && reply.size() >= 3) return true;
-  upStat(true, echoed ? "CommPort is either connected to a modem Or there exists a wiring problem."
-                      : "Not enough information returned");
+  upStat(true, echoed ? wiringWords : "Not enough information returned");
+  if (echoed) {
+    sayInWizard(std::string(wiringWords) +
+                "\rSelect 'Cancel' button then make any necessary comm port selections or wiring changes.");
+  }
   return false;
 }
 
@@ -119,12 +143,16 @@ std::string frmSerial::askVersion(int& stage) {
       Global.FirmwareVersion = reply.size() > mark + 3 ? reply.substr(mark + 3, 3) : "";
     stage = versionHeard;
   }
+  judgeVersion();
+  return reply;
+}
+
+void frmSerial::judgeVersion() {
   if (Val(Global.FirmwareVersion) < 1.1) {
     revisionClass = 2;
   } else if (revisionClass == 2) {
     revisionClass = 3;
   }
-  return reply;
 }
 
 void frmSerial::announce(std::int16_t type, const std::string& lastReply) {
@@ -132,8 +160,15 @@ void frmSerial::announce(std::int16_t type, const std::string& lastReply) {
   BaseModel = type == 0 ? "Rkw77[case]" : factoryBaseModel;
   const std::string version = lastReply.size() > 3 ? lastReply.substr(3, 3) : "";
   constexpr std::size_t last = std::size(typeWords) - 1;
-  const auto words = typeWords[type < static_cast<int>(last) ? static_cast<std::size_t>(type) : last];
-  upStat(true, "Version is: " + version + "\r" + words);
+  const TypeWords& words = typeWords[type < static_cast<int>(last) ? static_cast<std::size_t>(type) : last];
+  upStat(true, "Version is: " + version + "\r" + words.status);
+  if (words.wizard == nullptr) return;
+  statement([&] { form<frmWizard>().addToCaption(words.wizard); });
+}
+
+// Shows the wizard's user how far the run is; the wizard is there to be looked at or not.
+void frmSerial::publish(int stage) {
+  statement([stage] { form<frmWizard>().prgProgress.setValue(wizardProgressValue(stage)); });
 }
 
 void frmSerial::shortCommand(std::int16_t mode) {
@@ -142,6 +177,7 @@ void frmSerial::shortCommand(std::int16_t mode) {
     if (!MSComm1->isOpen()) MSComm1->open();
   });
   statement([&] { ask(mode == resetOnly ? "Z02" : "D03"); });
+  publish(1);
 }
 
 std::string frmSerial::ask(std::string_view command) { return channel.writePort(framed(command)); }

@@ -6,7 +6,9 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -65,10 +67,14 @@ class frmSerial : public Form {
   std::string comOK(std::int16_t& mode);
   // What unit it is: -1 none that can be used, 0 the Rkw77 line, 1 to 5 TMP, PRC, STR, GR2, RHT, 6 any other.
   void ComCheckForMeterType(std::int16_t& type);
+  void TcpCheckForMeterType(std::int16_t& type);
 
   // The wizard's tests, over the serial ports and over the bridge. They leave their verdicts in the wizard.
   void SerialTestConnect();
   void NetworkTestConnect();
+  // Does a unit answer behind the bridge? 1 yes, -1 the bridge's own prompt does, -2 the line echoes; -43,
+  // -46 and -50 are the unit's own errors, 0 is anything else.
+  std::int16_t CheckForConnectedDevice();
 
   // The bridge: connects and runs the whole job; 0 the run took place, or its second look at the unit found
   // it gone; -1 no bridge, -2 no unit that can be configured.
@@ -108,10 +114,27 @@ class frmSerial : public Form {
   bool screenShape(const std::string& reply);
   void judgeContent(const std::string& reply, int& stage);
   std::string askVersion(int& stage);
+  void judgeVersion();
   void announce(std::int16_t type, const std::string& lastReply);
+  void publish(int stage);
   void shortCommand(std::int16_t mode);
   std::string ask(std::string_view command);
-  void checkBusSettings(std::int16_t& type);
+  // Sends a command of the type check and returns the reply without a carriage return; `settles`: the unit
+  // needs a rest behind it.
+  using TypeQuery = std::function<std::string(const std::string& command, bool settles)>;
+  void checkMeterType(std::int16_t& type, const TypeQuery& query);
+  void checkBusSettings(std::int16_t& type, const std::string& reply);
+
+  bool findsUnitOn(int port, int progress);
+  std::optional<int> scanPorts(int except, int progress);
+  bool findsUnitBehindBridge();
+  bool connectsToBridge();
+  void prepareSecondTry(bool onTerminalServerPort);
+  void tellWhatAnswered(std::int16_t code);
+  void stopAtEcho();
+  bool hearsVersion(std::string& lastReply);
+  bool knowsModel(const std::string& lastReply);
+  void tellReplacedPort() const;
 
   bool resetOverNetwork();
   std::int32_t detectFamily();

@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: MIT
-// Finding out what a unit is, from the end of one reply and the length of another.
+// Finding out what a unit is, from the end of one reply and the length of another. The serial line rests
+// behind a command, the bridge before each.
 #include "core/Global.h"
 #include "core/Model.h"
 #include "core/NumberText.h"
+#include "network/NetworkChannel.h"
 #include "platform/Host.h"
 #include "protocol/Waits.h"
 #include "protocol/frmSerial.h"
 
 namespace {
 
-constexpr float settle = 0.5F;  // seconds behind R11 and ^AE
+constexpr float settle = 0.5F;  // seconds of rest
 
 struct TypeCode {
   const char* ending;  // of the U04 reply
@@ -36,8 +38,24 @@ std::int16_t typeByLength(std::size_t length) {
 }  // namespace
 
 void frmSerial::ComCheckForMeterType(std::int16_t& type) {
+  checkMeterType(type, [this](const std::string& command, bool settles) {
+    const std::string reply = withoutReturn(channel.writePort(command));
+    if (settles) Delay(settle);
+    return reply;
+  });
+}
+
+void frmSerial::TcpCheckForMeterType(std::int16_t& type) {
+  checkMeterType(type, [this](const std::string& command, bool) {
+    Delay(settle);
+    return network->NetworkWritePort(command);
+  });
+}
+
+void frmSerial::checkMeterType(std::int16_t& type, const TypeQuery& query) {
   type = none;
-  const std::string reply = withoutReturn(ask("U04"));
+  const std::string reply = query(framed("U04"), false);
+  publish(5);
   for (const auto& [ending, code] : typeCodes) {
     if (reply.ends_with(ending)) type = code;
   }
@@ -45,18 +63,18 @@ void frmSerial::ComCheckForMeterType(std::int16_t& type) {
   if (type == 5) DeviceState.IsHyt = 1;
   if (type == none) {
     type = anyOther;
-    const std::string colours = withoutReturn(ask("R11"));
-    Delay(settle);
+    const std::string colours = query(framed("R11"), true);
+    publish(6);
     type = typeByLength(colours.size());
   } else {
-    checkBusSettings(type);
+    // The command goes without "*": it is meant for units whose recognition character may be another.
+    const std::string settings = query("^AE" + addressPart(), true);
+    publish(7);
+    checkBusSettings(type, settings);
   }
 }
 
-// The command goes without "*": it is meant for units whose recognition character may be another.
-void frmSerial::checkBusSettings(std::int16_t& type) {
-  const std::string reply = withoutReturn(channel.writePort("^AE" + addressPart()));
-  Delay(settle);
+void frmSerial::checkBusSettings(std::int16_t& type, const std::string& reply) {
   if (!reply.starts_with("2A")) {
     messageBox(
         "Meter must be set with  \"*\" Recognition Character.  The configuraiton program will not be able to "

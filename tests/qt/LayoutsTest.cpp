@@ -30,6 +30,7 @@
 #include "platform/qt/QtText.h"
 #include "protocol/frmSerial.h"
 #include "qt/TestForm.h"
+#include "wizard/frmWizard.h"
 
 namespace {
 
@@ -48,7 +49,8 @@ class LayoutsTest : public QtTest {
 };
 
 using ProgramForms = testing::Types<frmBigFolder, frmHardware, frmRead, frmWrite, frmSerial, frmSplash,
-                                    frmWarning, frmCommModeWarning, frmPreferences, frmTimedMessage>;
+                                    frmWarning, frmCommModeWarning, frmPreferences, frmTimedMessage,
+                                    frmWizard>;
 TYPED_TEST_SUITE(LayoutsTest, ProgramForms);
 
 TYPED_TEST(LayoutsTest, FitsItsForm) {

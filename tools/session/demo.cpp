@@ -19,6 +19,7 @@
 #include "editor/frmBigFolder.h"
 #include "protocol/frmSerial.h"
 #include "session/ScriptedHost.h"
+#include "wizard/frmWizard.h"
 
 namespace {
 
@@ -151,6 +152,37 @@ void pictureEveryKind(ScriptedHost& user) {
   }
 }
 
+bool searching() { return isLoaded<frmWizard>() && form<frmWizard>().prgProgress.value() >= 28; }
+
+// Each page on the way to the unit, and the one for those who want no search.
+void searchWithWizard(ScriptedHost& user) {
+  auto& wizard = form<frmWizard>();
+  picture(wizard, "wizard-welcome");
+  click(user, wizard, "cmdNext");
+  picture(wizard, "wizard-bus");
+  click(user, wizard, "cmdNext");
+  picture(wizard, "wizard-question");
+  click(user, wizard, "optNo");
+  click(user, wizard, "cmdNext");
+  picture(wizard, "wizard-by-hand");
+  click(user, wizard, "cmdBack");
+  click(user, wizard, "optYes");
+  click(user, wizard, "cmdNext");
+  picture(wizard, "wizard-warning");
+  click(user, wizard, "cmdNext");
+  picture(wizard, "wizard-found");
+  click(user, wizard, "cmdNext");
+}
+
+void planWizard(ScriptedHost& user) {
+  user.whenShown("frmBigFolder", [&user] {
+    clickTab(user, editor(), "tabBig", 11);
+    click(user, editor(), "cmdAutoDetect");
+  });
+  user.whenShown("frmWizard", [&user] { searchWithWizard(user); });
+  user.then(searching, [] { picture(form<frmWizard>(), "wizard-search"); });
+}
+
 void planSession(ScriptedHost& user) {
   user.whenShown("frmSplash", [] { picture(form<frmSplash>(), "splash"); });
   user.whenShown("frmBigFolder", [] { pictureEveryTab(); });
@@ -178,6 +210,7 @@ void planSession(ScriptedHost& user) {
   });
   user.then(halfWay, [] { picture(form<frmSerial>(), "status-read"); });
   user.whenShown("frmBigFolder", [] { picture(editor(), "read-back"); });
+  planWizard(user);
   openFile(user);
   picturePreferences(user);
   pictureEveryKind(user);

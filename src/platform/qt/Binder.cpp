@@ -198,6 +198,12 @@ void applyColumns(QAbstractScrollArea& box, int columns) {
   }
 }
 
+// A text that changes and never moves what lies around it.
+void applyColumns(QLabel& label, int columns) {
+  label.setFixedSize(columnsWide(label, columns),
+                     label.property("rows").toInt() * label.fontMetrics().lineSpacing());
+}
+
 }  // namespace
 
 void bindForm(Form& form, QWidget& window) {
@@ -220,5 +226,6 @@ void applyColumns(QWidget& window) {
     if (auto* line = qobject_cast<QLineEdit*>(widget)) applyColumns(*line, columns);
     if (auto* combo = qobject_cast<QComboBox*>(widget)) applyColumns(*combo, columns);
     if (auto* area = qobject_cast<QAbstractScrollArea*>(widget)) applyColumns(*area, columns);
+    if (auto* label = qobject_cast<QLabel*>(widget)) applyColumns(*label, columns);
   }
 }

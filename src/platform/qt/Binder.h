@@ -11,12 +11,13 @@
 // name twice, a widget that lies in another container than its control, a "follows" that names no control.
 //
 // Names that need no control: "text_..." (labels), "box_..." (containers for layout), "<strip>_pages" with
-// its pages "<strip>_0"... Dynamic properties that the layouts use: "mnemonic", "columns", "follows",
+// its pages "<strip>_0"... Dynamic properties that the layouts use: "mnemonic", "columns", "rows", "follows",
 // "stack".
 void bindForm(Form& form, QWidget& window);
 
 // The form is about to end: its controls are let go, the widgets stay as they are.
 void releaseForm(QWidget& window);
 
-// Sets the widths that the layouts tell in characters (property "columns"); again after a change of the font.
+// Sets the widths that the layouts tell in characters (property "columns", with "rows" of lists and labels);
+// again after a change of the font.
 void applyColumns(QWidget& window);

@@ -33,6 +33,7 @@ void Binding::show() {
   if (control_ == nullptr || showing_) return;
   showing_ = true;
   show_();
+  if (qobject_cast<QPushButton*>(&widget_) != nullptr) keepKeyboard();
   showCommon(widget_);
   const QString tip = shown(control_->toolTip());
   if (widget_.toolTip() != tip) widget_.setToolTip(tip);
@@ -40,6 +41,21 @@ void Binding::show() {
     if (follower) showCommon(*follower);
   }
   showing_ = false;
+}
+
+// A button that is switched off hands the keyboard to another one, and gets it back when it is switched on
+// again, unless the user has moved it meanwhile.
+void Binding::keepKeyboard() {
+  const QWidget& window = *widget_.window();
+  const bool turnsOff = !control_->enabled() && widget_.isEnabledTo(widget_.parentWidget());
+  const bool had = turnsOff && window.focusWidget() == &widget_;
+  setOwnEnabled(widget_, control_->enabled());
+  if (had) {
+    keyboardTaker_ = qobject_cast<QPushButton*>(window.focusWidget());
+  } else if (control_->enabled() && keyboardTaker_) {
+    if (keyboardTaker_ == window.focusWidget()) widget_.setFocus();
+    keyboardTaker_ = nullptr;
+  }
 }
 
 void Binding::showCommon(QWidget& widget) const {

@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QPushButton>
 #include <QWidget>
 #include <functional>
 #include <vector>
@@ -36,11 +37,13 @@ class Binding : public QObject {
 
  private:
   void showCommon(QWidget& widget) const;
+  void keepKeyboard();
 
   Control* control_;
   QWidget& widget_;
   std::function<void()> show_;
   std::vector<QPointer<QWidget>> followers_;
+  QPointer<QPushButton> keyboardTaker_;  // has the keyboard in place of this button, which is switched off
   bool showing_ = false;
 };
 

@@ -11,6 +11,7 @@
 #include "ui_frmSplash.h"
 #include "ui_frmTimedMessage.h"
 #include "ui_frmWarning.h"
+#include "ui_frmWizard.h"
 #include "ui_frmWrite.h"
 
 namespace {
@@ -28,7 +29,8 @@ std::vector<Layout>& layouts() {
       {"frmHardware", build<Ui::frmHardware>},   {"frmPreferences", build<Ui::frmPreferences>},
       {"frmRead", build<Ui::frmRead>},           {"frmSerial", build<Ui::frmSerial>},
       {"frmSplash", build<Ui::frmSplash>},       {"frmTimedMessage", build<Ui::frmTimedMessage>},
-      {"frmWarning", build<Ui::frmWarning>},     {"frmWrite", build<Ui::frmWrite>},
+      {"frmWarning", build<Ui::frmWarning>},     {"frmWizard", build<Ui::frmWizard>},
+      {"frmWrite", build<Ui::frmWrite>},
   };
   return table;
 }

@@ -1,0 +1,490 @@
+// SPDX-License-Identifier: MIT
+// The wizard's test of the bridge and of the unit behind it: every code in either pass, every verdict.
+#include <random>
+
+#include "core/Global.h"
+#include "core/Memo.h"
+#include "core/Model.h"
+#include "network/NetworkChannel.h"
+#include "tests/support/WizardBench.h"
+
+namespace {
+
+const std::string connected = "The connection with the web server was done";
+const std::string noDevice = "\r\rFound no device connected to the web server\r\r";
+const std::string foundDevice = connected + "\rFound device connected to the web server";
+const std::string foundTorvane = foundDevice + "\rFound the Torvane device";
+const std::string noServer =
+    "Web server not found.  Check the TCP/IP address and port number"
+    " and make sure that the web server is connected properly and try again";
+const std::string cables =
+    "Check cable connections between web server and device. Also check device communication settings such as "
+    " communication protocol, and baud rate. Then try the Wizard again.";
+const std::string terminalServer =
+    "Relayon response indicates that the Terminal Server mode has been activated.  Terminal Server mode uses "
+    "Port 2000 by default.";
+const std::string unasked =
+    "Data has unexpectedly been received.  If using Relayon/Ethernet hardware, please disable Host or "
+    "Continuous mode";
+
+class NetworkTest : public WizardBench {
+ protected:
+  NetworkTest() {
+    open(false);
+    Global.AutoDetect = True;
+    resetDeviceState();
+  }
+
+  void test() {
+    Global.DetectionDone = 1;
+    const double start = host.clock;
+    status.NetworkTestConnect();
+    seconds = host.clock - start;
+  }
+  bool finishes() { return wizard().cmdNext.caption() == "Finish"; }
+  SocketState socket() { return status.winSock1->state(); }
+  void onBus(std::int16_t mode, std::int16_t address) {
+    Hardware.BusMode = mode;
+    Hardware.BusAddress = address;
+  }
+
+  frmSerial& status = form<frmSerial>();
+  double seconds = 0;
+};
+
+// The good way.
+
+TEST_F(NetworkTest, FindsTheUnitAndStaysConnected) {
+  test();
+  EXPECT_EQ(says(), foundTorvane + "\rTorvane Temperature Meter");
+  EXPECT_TRUE(finishes());
+  EXPECT_EQ(Global.DetectionDone, 0);
+  EXPECT_EQ(DeviceState.DeviceClass, 1);
+  EXPECT_EQ(BaseModel, "Tv[8,16,32]");
+  EXPECT_EQ(Global.FirmwareVersion, "1.4");
+  EXPECT_EQ(socket(), SocketState::connected);
+  EXPECT_EQ(bridge.lines(), (std::vector<std::string>{"*U01", "*U03", "*U03", "*U03", "*U04", "^AE"}));
+  EXPECT_TRUE(status.lblStatus.caption().ends_with("Version is: 1.4\rTorvane TMP Controller found"));
+}
+
+TEST_F(NetworkTest, TakesFiveSecondsToListenAndThenSomeToAsk) {
+  test();
+  EXPECT_GT(seconds, 5 + 0.5 + 3 * 1.0 + 2 * 0.5);
+  EXPECT_LT(seconds, 5 + 0.5 + 3 * 1.0 + 2 * 0.5 + 0.5);
+}
+
+TEST_F(NetworkTest, PublishesItsStages) {
+  std::vector<int> values;
+  wizard().prgProgress.onRedraw = [&] { values.push_back(wizard().prgProgress.value()); };
+  test();
+  EXPECT_EQ(values, (std::vector{14, 28, 42, 56, 70, 98}));
+}
+
+TEST_F(NetworkTest, AsksWithTheAddress) {
+  for (const std::int16_t mode : Numbers{1, 3, 4}) {
+    sim::UnitSetup setup;
+    setup.addressed = true;
+    setup.address = 17;
+    sim::Unit addressed(setup);
+    sim::Bridge its(addressed);
+    host.bridges[{"192.0.2.254", 1000}] = &its;
+    onBus(mode, 17);
+    status.winSock1->close();
+    test();
+    EXPECT_EQ(its.lines(),
+              (std::vector<std::string>{"*11U01", "*11U03", "*11U03", "*11U03", "*11U04", "^AE11"}));
+    EXPECT_EQ(says(), foundTorvane + "\rTorvane Temperature Meter") << mode;
+    EXPECT_EQ(Global.FirmwareVersion, "1.4");
+  }
+}
+
+struct KindCase {
+  sim::Model model;
+  int type;
+  const char* base;
+  const char* words;
+};
+
+TEST_F(NetworkTest, TellsEachKindOfUnitInItsWords) {
+  const KindCase cases[] = {
+      {sim::Model::larkspur, 0, "Rkw77[case]", "\rLARKSPUR Meter"},
+      {sim::Model::tmp, 1, "Tv[8,16,32]", "\rTorvane Temperature Meter"},
+      {sim::Model::prc, 2, "Tv[8,16,32]", "\rTorvane Strain Meter"},
+      {sim::Model::str, 3, "Tv[8,16,32]", "\rTorvane Strain Meter"},
+      {sim::Model::gr2, 4, "Tv[8,16,32]", "\rTorvane Gr2 Controller"},
+      {sim::Model::rht, 5, "Tv[8,16,32]", "\rTorvane Hyt Meter"},
+      {sim::Model::other, 6, "Tv[8,16,32]", ""},
+  };
+  for (const auto& [model, type, base, words] : cases) {
+    sim::UnitSetup setup;
+    setup.model = model;
+    sim::Unit each(setup);
+    sim::Bridge its(each);
+    host.bridges[{"192.0.2.254", 1000}] = &its;
+    status.winSock1->close();
+    resetDeviceState();
+    test();
+    EXPECT_EQ(says(), foundTorvane + words);
+    EXPECT_EQ(DeviceState.DeviceClass, type);
+    EXPECT_EQ(BaseModel, base);
+    EXPECT_EQ(DeviceState.IsRkw77 != False, type == 0);
+  }
+}
+
+TEST_F(NetworkTest, ReadsTheUnitsOptions) {
+  sim::UnitSetup setup;
+  setup.analog = true;
+  setup.idFlags = "CC";
+  sim::Unit each(setup);
+  sim::Bridge its(each);
+  host.bridges[{"192.0.2.254", 1000}] = &its;
+  test();
+  EXPECT_EQ(DeviceState.AnalogFound, True);
+  EXPECT_EQ(DeviceState.IdFlagC, 1);
+}
+
+// The bridge.
+
+TEST_F(NetworkTest, TellsThatNoBridgeIsThere) {
+  for (const sim::Reach reach : {sim::Reach::never, sim::Reach::refuses}) {
+    bridge.faults.reach = reach;
+    status.winSock1->close();
+    wizard().cmdNext.setCaption("Next >");
+    test();
+    EXPECT_EQ(says(), noServer);
+    EXPECT_TRUE(finishes());
+    EXPECT_EQ(Global.DetectionDone, 1);
+    EXPECT_NEAR(seconds, 2.0, 0.1);
+  }
+  EXPECT_TRUE(bridge.lines().empty());
+}
+
+TEST_F(NetworkTest, TellsABridgeThatTalksByItselfAndGoesOn) {
+  bridge.faults.unasked = {"000123\r", 1, 1};
+  test();
+  EXPECT_EQ(says(), unasked +
+                        "\rFound device connected to the web server\rFound the Torvane device\rTorvane "
+                        "Temperature Meter");
+  EXPECT_LT(seconds, 1 + 0.5 + 3 * 1.0 + 2 * 0.5 + 0.5);
+}
+
+TEST_F(NetworkTest, OnAnOpenConnectionAsksNothing) {
+  test();
+  const std::size_t asked = bridge.lines().size();
+  wizard().lblCaption.setCaption("as it stood");
+  wizard().cmdNext.setCaption("Next >");
+  test();
+  EXPECT_EQ(bridge.lines().size(), asked);
+  EXPECT_EQ(bridge.connections(), 1U);
+  EXPECT_EQ(says(), "as it stood");
+  EXPECT_FALSE(finishes());
+  EXPECT_EQ(seconds, 0);
+  EXPECT_EQ(Global.DetectionDone, 1);
+  EXPECT_TRUE(host.boxes.empty());
+}
+
+TEST_F(NetworkTest, OnAnOpenConnectionToAnotherPortSaysSo) {
+  test();
+  Memo[rec::txtTCPPort].text = "1234";
+  host.expectBox("Port 1000 replaced Port 1234 as needed to support proper communications.");
+  test();
+  EXPECT_EQ(host.boxes.front().text,
+            "Port 1000 replaced Port 1234 as needed to support proper communications.");
+}
+
+TEST_F(NetworkTest, BeginsAnewWhereThePeerHasClosed) {
+  bridge.faults.closeAfter = 20;
+  test();
+  host.clock += 20;
+  host.yield();
+  ASSERT_EQ(socket(), SocketState::peerIsClosing);
+  bridge.faults.closeAfter.reset();
+  test();
+  EXPECT_EQ(bridge.connections(), 2U);
+  EXPECT_EQ(says(), foundTorvane + "\rTorvane Temperature Meter");
+}
+
+// What the first question is answered with.
+
+struct Complaint {
+  const char* reply;
+  std::string words;
+};
+
+const Complaint complaints[] = {
+    {"?50", "Device connection problem.  Parity Error"},
+    {"?46", "Unknown device connected.  Format Error occurred"},
+    {"?43", "Unknown device connected.  Command Error occurred"},
+};
+
+TEST_F(NetworkTest, AsksOnceMoreWhereTheUnitComplains) {
+  for (const auto& [reply, words] : complaints) {
+    bridge.faults.refusals = {{reply, "*U01", 1}};
+    status.winSock1->close();
+    const std::size_t before = bridge.connections();
+    test();
+    EXPECT_EQ(says(), foundTorvane + "\rTorvane Temperature Meter") << reply;
+    EXPECT_EQ(bridge.connections(), before + 2);
+    EXPECT_GT(seconds, 2 * (5 + 0.5) + 1 + 3);
+  }
+}
+
+TEST_F(NetworkTest, TellsTheComplaintOnceWhereItComesTwice) {
+  for (const auto& [reply, words] : complaints) {
+    bridge.faults.refusals = {{reply, "", sim::unlimited}};
+    status.winSock1->close();
+    const std::size_t before = bridge.connections();
+    test();
+    EXPECT_EQ(says(), connected + noDevice + words);
+    EXPECT_EQ(bridge.connections(), before + 2);
+    EXPECT_FALSE(finishes());
+    EXPECT_EQ(Global.DetectionDone, 0);
+  }
+  EXPECT_TRUE(host.boxes.empty());
+}
+
+TEST_F(NetworkTest, TellsTheSecondComplaintAlone) {
+  bridge.faults.refusals = {{"?50", "*U01", 1}, {"?43", "*U01", 1}};
+  test();
+  EXPECT_EQ(says(), connected + noDevice + "Unknown device connected.  Command Error occurred");
+}
+
+TEST_F(NetworkTest, TellsToLookAtTheCablesWhereNothingOrSomethingElseAnswers) {
+  for (const char* reply : {"", "whatever", "?56", "U02"}) {
+    unit.faults.answers = {{"U01", reply}};
+    bridge.faults.silent = *reply == 0;
+    status.winSock1->close();
+    wizard().cmdNext.setCaption("Next >");
+    const std::size_t before = bridge.connections();
+    test();
+    EXPECT_EQ(says(), connected + noDevice + cables) << reply;
+    EXPECT_EQ(bridge.connections(), before + 1);
+    EXPECT_TRUE(finishes());
+    EXPECT_EQ(Global.DetectionDone, 1);
+  }
+}
+
+TEST_F(NetworkTest, TellsToLookAtTheCablesAlsoBehindAComplaint) {
+  bridge.faults.refusals = {{"?46", "*U01", 1}};
+  unit.faults.answers = {{"U01", "whatever"}};
+  test();
+  EXPECT_EQ(says(), connected + noDevice + cables);
+  EXPECT_TRUE(finishes());
+}
+
+TEST_F(NetworkTest, StopsTheWizardWhereTheLineEchoes) {
+  wizard().prgProgress.setVisible(true);
+  bridge.faults.echoes = sim::unlimited;
+  test();
+  EXPECT_EQ(says(), connected +
+                        "\r\rThe serial port is either connected to a modem Or there exists a wiring "
+                        "problem.\r\rTo leave Connection Wizard , click Cancel.");
+  EXPECT_EQ(wizard().wizardStopped, True);
+  EXPECT_FALSE(wizard().prgProgress.visible());
+  EXPECT_FALSE(wizard().cmdNext.enabled());
+  EXPECT_EQ(wizard().cmdNext.caption(), "Next >");
+  EXPECT_EQ(Global.DetectionDone, 1);
+  EXPECT_EQ(socket(), SocketState::closed);
+  EXPECT_EQ(bridge.connections(), 1U);
+}
+
+TEST_F(NetworkTest, StopsTheWizardAlsoWhereTheLineEchoesBehindAComplaint) {
+  bridge.faults.refusals = {{"?50", "*U01", 1}};
+  unit.faults.loopback = sim::unlimited;
+  test();
+  EXPECT_EQ(wizard().wizardStopped, True);
+}
+
+struct CodeCase {
+  const char* reply;
+  int code;
+};
+
+TEST_F(NetworkTest, JudgesTheFirstAnswerByItsLastMark) {
+  const CodeCase cases[] = {
+      {"U01", 1},       {"U01F", 1},       {"*U01", -2},          {"*", -2},      {"Terminal", -1},
+      {"terminal", -1}, {"*terminal", -1}, {"TERMINAL", 0},       {"?43", -43},   {"U01?43", -43},
+      {"?43?46", -46},  {"?50?43", -50},   {"Terminal ?46", -46}, {"?46 *", -46}, {"?4", 0},
+      {" U01", 0}};
+  for (const auto& [reply, code] : cases) {
+    unit.faults.answers = {{"U01", reply}};
+    EXPECT_EQ(status.CheckForConnectedDevice(), code) << reply;
+  }
+}
+
+TEST_F(NetworkTest, JudgesTheAnswerOfAnAddressedUnitWithItsAddress) {
+  onBus(1, 17);
+  for (const auto& [reply, code] : {CodeCase{"11U01", 1}, {"U01", 0}, {"12U01", 0}}) {
+    bridge.faults.prompt = reply;
+    EXPECT_EQ(status.CheckForConnectedDevice(), code) << reply;
+  }
+}
+
+// Terminal Server mode.
+
+class TerminalServer : public NetworkTest {
+ protected:
+  TerminalServer() {
+    terminal.faults.prompt = sim::terminalServerPrompt;
+    host.bridges[{"192.0.2.254", 1000}] = &terminal;
+    host.bridges[{"192.0.2.254", 2000}] = &bridge;
+  }
+  sim::Bridge terminal{unit};
+};
+
+TEST_F(TerminalServer, IsLeftForPort2000) {
+  host.expectBox("Port 2000 replaced Port 1000 as needed to support proper communications.");
+  test();
+  EXPECT_EQ(says(), foundTorvane + "\rTorvane Temperature Meter");
+  EXPECT_EQ(terminal.connections(), 1U);
+  EXPECT_EQ(bridge.connections(), 1U);
+  EXPECT_EQ(status.winSock1->remotePort, 2000);
+  EXPECT_EQ(editor.txtTCPPort.text(), "2000");
+  EXPECT_TRUE(editor.optPortNum(1).value());
+  EXPECT_EQ(Memo[rec::txtTCPPort].text, "1000");
+  EXPECT_EQ(host.boxes.front().icon, Icon::none);
+}
+
+TEST_F(TerminalServer, OnBothPortsIsTold) {
+  bridge.faults.prompt = sim::terminalServerPrompt;
+  test();
+  EXPECT_EQ(says(), connected + noDevice + terminalServer);
+  EXPECT_EQ(editor.txtTCPPort.text(), "2000");
+  EXPECT_FALSE(finishes());
+  EXPECT_EQ(Global.DetectionDone, 0);
+  EXPECT_TRUE(host.boxes.empty());
+}
+
+TEST_F(TerminalServer, BehindAComplaintIsTold) {
+  terminal.faults.prompt.clear();
+  terminal.faults.refusals = {{"?43", "*U01", 1}};
+  host.expect([this] { return terminal.connections() == 2; },
+              [this] { terminal.faults.prompt = sim::terminalServerPrompt; });
+  test();
+  EXPECT_EQ(says(), connected + noDevice + terminalServer);
+  EXPECT_EQ(status.winSock1->remotePort, 2000);
+  EXPECT_EQ(status.network->NetPort, 2000);
+  EXPECT_EQ(editor.txtTCPPort.text(), "1000");
+  EXPECT_EQ(bridge.connections(), 0U);
+}
+
+TEST_F(TerminalServer, WithNothingOnPort2000IsNoServerAtAll) {
+  host.bridges.erase({"192.0.2.254", 2000});
+  test();
+  EXPECT_EQ(says(), noServer);
+  EXPECT_EQ(editor.txtTCPPort.text(), "2000");
+}
+
+TEST_F(TerminalServer, OnPort2000BeforeAComplaintTellsThat) {
+  bridge.faults.refusals = {{"?46", "*U01", 1}};
+  test();
+  EXPECT_EQ(says(), connected + noDevice + "Unknown device connected.  Format Error occurred");
+}
+
+// Version and model.
+
+TEST_F(NetworkTest, AsksThriceForTheVersionAndTakesTheLast) {
+  bridge.faults.refusals = {{"?43", "*U03", 2}};
+  test();
+  EXPECT_EQ(Global.FirmwareVersion, "1.4");
+  EXPECT_TRUE(finishes());
+  EXPECT_EQ(says(), foundTorvane + "\rTorvane Temperature Meter");
+}
+
+TEST_F(NetworkTest, TellsAUnitWithoutAVersion) {
+  for (const char* reply : {"?43", "U02", "whatever"}) {
+    unit.faults.answers = {{"U03", reply}};
+    status.winSock1->close();
+    test();
+    EXPECT_EQ(says(), foundDevice + "\rThe device found is not an Torvane or LARKSPUR model");
+    EXPECT_TRUE(finishes());
+    EXPECT_EQ(Global.DetectionDone, 1);
+  }
+  EXPECT_EQ(bridge.unit().count("U04"), 0U);
+}
+
+TEST_F(NetworkTest, TakesTheVersionFromAnywhereInTheReply) {
+  unit.faults.answers = {{"U03", "..U032.1x"}};
+  test();
+  EXPECT_EQ(Global.FirmwareVersion, "2.1x");
+}
+
+TEST_F(NetworkTest, TellsTheRevisionByTheVersion) {
+  struct {
+    const char* reply;
+    std::int16_t before;
+    std::int16_t after;
+  } const cases[] = {{"U031.0", 0, 2}, {"U031.0", 3, 2}, {"U031.1", 0, 0}, {"U031.1", 2, 3}, {"U03x", 3, 2}};
+  for (const auto& [reply, before, after] : cases) {
+    unit.faults.answers = {{"U03", reply}};
+    status.winSock1->close();
+    status.revisionClass = before;
+    test();
+    EXPECT_EQ(status.revisionClass, after) << reply;
+  }
+}
+
+TEST_F(NetworkTest, TellsAUnitOfNoKnownModel) {
+  unit.faults.answers = {{"U04", "U04"}, {"R11", "R11123456789A"}};
+  Memo[rec::txtTCPPort].text = "1000";
+  test();
+  EXPECT_EQ(says(), foundTorvane + "\rThe device found is not a LARKSPUR or an Torvane model");
+  EXPECT_TRUE(finishes());
+  EXPECT_EQ(Global.DetectionDone, 1);
+  EXPECT_EQ(DeviceState.DeviceClass, -1);
+  EXPECT_EQ(DeviceState.IsRkw77, True);
+}
+
+TEST_F(NetworkTest, WarnsOfAnotherRecognitionCharacter) {
+  unit.faults.answers = {{"^AE", "2B00010B01"}};
+  host.expectBox("Meter must be set with  \"*\" Recognition Character.");
+  test();
+  EXPECT_EQ(DeviceState.DeviceClass, 1);
+}
+
+// A bridge that dies.
+
+TEST_F(NetworkTest, EndsWhereverTheBridgeDies) {
+  host.toleratesBoxes = true;  // what answers nothing to "^AE" counts as set to another character
+  for (int line = 1; line <= 6; ++line) {
+    for (const sim::Reach reach : {sim::Reach::accepts, sim::Reach::refuses, sim::Reach::never}) {
+      bridge.faults = {};
+      bridge.faults.dropAt = line;
+      bridge.faults.afterDrop = reach;
+      status.winSock1->close();
+      test();
+      EXPECT_LT(seconds, 60) << line;
+      EXPECT_FALSE(says().empty());
+    }
+  }
+  EXPECT_TRUE(host.failures.empty());
+}
+
+TEST_F(NetworkTest, EndsWithAVerdictWhateverIsAnswered) {
+  host.toleratesBoxes = true;
+  std::minstd_rand random(1);
+  const std::string alphabet = std::string("U0134?*R2AS\x80\xff\x01 \n", 18) + '\0';
+  for (int round = 0; round < 200; ++round) {
+    for (const char* command : {"U01", "U03", "U04", "R11", "^AE"}) {
+      std::string noise = random() % 2 == 0 ? std::string(command) : std::string();
+      for (auto length = random() % 20; length > 0; --length) noise += alphabet[random() % alphabet.size()];
+      unit.faults.answers[command] = noise;
+    }
+    status.winSock1->close();
+    test();
+    EXPECT_TRUE(says().starts_with(connected)) << round;
+    EXPECT_LT(seconds, 40);
+  }
+  EXPECT_TRUE(host.failures.empty());
+}
+
+TEST_F(NetworkTest, AnAddressThatLeadsNowhereIsNoServer) {
+  for (const char* port : {"", "abc", "-5", "65536", "99999999999"}) {
+    Memo[rec::txtTCPPort].text = port;
+    status.winSock1->close();
+    test();
+    EXPECT_EQ(says(), noServer) << port;
+  }
+}
+
+}  // namespace
