@@ -39,7 +39,7 @@ std::int16_t typeByLength(std::size_t length) {
 
 void frmSerial::ComCheckForMeterType(std::int16_t& type) {
   checkMeterType(type, [this](const std::string& command, bool settles) {
-    const std::string reply = withoutReturn(channel.writePort(command));
+    std::string reply = withoutReturn(channel.writePort(command));
     if (settles) Delay(settle);
     return reply;
   });
