@@ -20,6 +20,7 @@
 #include "dialogs/frmWarning.h"
 #include "editor/frmBigFolder.h"
 #include "session/ScriptedHost.h"
+#include "wizard/frmWizard.h"
 
 namespace {
 
@@ -52,6 +53,7 @@ class Wanderer : public ScriptedHost {
     if (isLoaded<frmPreferences>() && form<frmPreferences>().reachable()) {
       click(*this, form<frmPreferences>(), "cmdOk");
     }
+    if (isLoaded<frmWizard>() && form<frmWizard>().reachable()) useWizard();
   }
   void fail(const std::string& description) override { failures.push_back(description); }
 
@@ -68,6 +70,16 @@ class Wanderer : public ScriptedHost {
     auto& dialog = form<frmHardware>();
     for (int step = 0; step < 5 && dialog.reachable(); ++step) useSomething(dialog);
     if (dialog.reachable()) click(*this, dialog, pick(3) == 0 ? "cmdCancel" : "cmdOk");
+  }
+
+  // On and back, and out before it searches.
+  void useWizard() {
+    auto& wizard = form<frmWizard>();
+    const bool beforeTheSearch = wizard.wizardPage == 3 || wizard.wizardPage == 9;
+    const char* button = pick(3) == 0 ? "cmdBack" : "cmdNext";
+    const bool leaves =
+        beforeTheSearch || pick(6) == 0 || !widget<QWidget>(*this, wizard, button).isEnabled();
+    click(*this, wizard, leaves ? "cmdCancel" : button);
   }
 
   // It stands beside the main window: sometimes typed into, sometimes closed, sometimes left standing.
