@@ -19,6 +19,7 @@
 #include "dialogs/frmWarning.h"
 #include "editor/frmBigFolder.h"
 #include "session/ScriptedHost.h"
+#include "wizard/frmWizard.h"
 
 namespace {
 
@@ -45,6 +46,7 @@ class Wanderer : public ScriptedHost {
     if (isLoaded<frmPreferences>() && form<frmPreferences>().reachable()) {
       click(*this, form<frmPreferences>(), "cmdOk");
     }
+    if (isLoaded<frmWizard>() && form<frmWizard>().reachable()) useWizard();
   }
   void fail(const std::string& description) override { failures.push_back(description); }
 
@@ -61,6 +63,16 @@ class Wanderer : public ScriptedHost {
     auto& dialog = form<frmHardware>();
     for (int step = 0; step < 5 && dialog.reachable(); ++step) useSomething(dialog);
     if (dialog.reachable()) click(*this, dialog, pick(3) == 0 ? "cmdCancel" : "cmdOk");
+  }
+
+  // Turns its pages, and turns back where the next one would go over this machine's ports.
+  void useWizard() {
+    auto& wizard = form<frmWizard>();
+    const auto runIsNext = [&] {
+      return wizard.wizardPage == page::searchWarning || wizard.wizardPage == page::testWarning;
+    };
+    for (int step = 0; step < 5 && wizard.reachable() && !runIsNext(); ++step) useSomething(wizard);
+    if (wizard.reachable()) click(*this, wizard, "cmdCancel");
   }
 
   bool use(QWidget& widget) {
@@ -108,7 +120,9 @@ TEST(Walk, OverRealWindowsFailsNowhere) {
   EXPECT_GT(deeds, 100);
   EXPECT_TRUE(isLoaded<frmBigFolder>());
   EXPECT_EQ(user.failures, std::vector<std::string>());
-  for (const std::string& box : user.boxes) EXPECT_EQ(box, " Reenter setpoints values");
+  for (const std::string& box : user.boxes) {
+    EXPECT_TRUE(box == " Reenter setpoints values" || box == "Please provide a TCP/IP Port number") << box;
+  }
   unloadAllForms();
   setHost(nullptr);
 }
