@@ -46,6 +46,7 @@ frmHardware::frmHardware() : Form("frmHardware", "Hardware Setup") {
 void frmHardware::Form_Load() {
   loading_ = true;
   family_ = DeviceState.DeviceClass;
+  loadedFor_ = Hardware.ModelNumber;
   try {
     showUnit();
     centre();
@@ -124,6 +125,8 @@ void frmHardware::selectListedModel() {
   cboModel.setListIndex(row);
   BaseModel = cboModel.list(row);
 }
+
+bool frmHardware::isOfThisUnit() const { return Hardware.ModelNumber == loadedFor_; }
 
 void frmHardware::showFactoryFit() {
   ready_ = false;

@@ -64,6 +64,9 @@ class frmHardware : public Form {
   void setFamily(std::int32_t code);
   // Chooses the longest entry with which Hardware.ModelNumber begins, if there is one.
   void selectListedModel();
+  // Whether it has been loaded for the unit that Hardware tells of now. Factory defaults and a write leave a
+  // dialog behind; a file that is opened then brings another unit.
+  bool isOfThisUnit() const;
   // Both outputs SSR, RS-232 and no address; the main window is left alone.
   void showFactoryFit();
   // New rows for lstOption; returns the row that was chosen. None is chosen behind it.
@@ -108,6 +111,7 @@ class frmHardware : public Form {
   bool ready_ = false;          // neither OK nor Cancel has been pressed
   bool keepNumber_ = false;     // an output is set without a new part number
   ModelChoice beforeShowing_;
+  std::string loadedFor_;  // Hardware.ModelNumber at that time
 };
 
 // The rows of lstOption at run time.

@@ -7,6 +7,7 @@
 #include "core/ConfigFile.h"
 #include "core/Global.h"
 #include "core/Model.h"
+#include "dialogs/Report.h"
 #include "dialogs/RunHead.h"
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
@@ -18,7 +19,7 @@ constexpr double secondsOfDay = 86400;
 
 frmWrite::frmWrite() : Form("frmWrite", "Write to...") {
   cmdFile.onClick = [] { cmdFile_Click(); };
-  cmdPrint.setEnabled(false);
+  cmdPrint.onClick = printReport;
   cmdSerial.onClick = [this] { cmdSerial_Click(); };
   cmdNetwork.onClick = cmdSerial.onClick;  // the way is chosen on the communication tab
   chkReset.onClick = [this] { Global.ResetAfterWrite = asFlag(chkReset.value() != 0); };

@@ -86,7 +86,6 @@ void frmBigFolder::cboCommPort_Click() {
   if (port == 0) {
     cboCommPort.setText("unselect");
     cboCommPort.setToolTip(portListTip);
-    cboCommPort.setToolTip(portListTip);
     showPortState(white, "Port is unselected", "");
     return;
   }

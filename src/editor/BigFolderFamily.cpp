@@ -67,6 +67,7 @@ void frmBigFolder::fitToRkw77Line() {
   tabBig.setTabAvailable(analogTab, false);
   showColorsAndProtection(false);
   tabBig.setTabAvailable(out1Tab, true);
+  doInputImage();  // its terminals have other numbers than those of the family before it
 }
 
 void frmBigFolder::fitToOtherFamilies() {
@@ -78,14 +79,13 @@ void frmBigFolder::fitToOtherFamilies() {
   for (int tab : {lbAlarmTab, out1Tab, out2Tab, rampSoakTab}) tabBig.setTabAvailable(tab, false);
 }
 
-// Setting the input type anew redraws what depends on it. A process signal, which is neither of the two,
-// stays chosen.
+// Setting the input type anew redraws what depends on it. A process signal is redrawn where it stands: on the
+// way over the two others it would lose the decimals that only it may have.
 void frmBigFolder::redrawInputType() {
-  for (std::size_t chosen : {std::size_t{0}, std::size_t{1}}) {
-    if (!optInType(chosen).value()) continue;
-    optInType(0).setValue(true);
-    optInType(1).setValue(true);
-    optInType(chosen).setValue(true);
-    return;
-  }
+  if (optInType(2).value()) return optInType_Click(2);
+  const std::size_t chosen = optInType(0).value() ? 0 : 1;
+  if (!optInType(chosen).value()) return;
+  optInType(0).setValue(true);
+  optInType(1).setValue(true);
+  optInType(chosen).setValue(true);
 }

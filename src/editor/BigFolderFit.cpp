@@ -3,6 +3,7 @@
 #include "core/Memo.h"
 #include "core/Model.h"
 #include "dialogs/frmHardware.h"
+#include "editor/ControlGroups.h"
 #include "editor/frmBigFolder.h"
 
 namespace {
@@ -34,6 +35,7 @@ void forceOnOff(ComboBox& control) {
 
 void frmBigFolder::cmdCnfg_Click() {
   writeMemo(tabBig.tab());
+  if (isLoaded<frmHardware>() && !form<frmHardware>().isOfThisUnit()) ::unload<frmHardware>();
   if (SilentSetup != False) {
     form<frmHardware>().cmdOk_Click();
   } else {
@@ -101,6 +103,8 @@ void frmBigFolder::fitToAlarmsOnly() {
 void frmBigFolder::fitToSimpleMenu() {
   tabBig.setTabAvailable(analogTab, false);
   forceOnOff(cboOut1Ctrl);
+  // The hardware dialog gives every output that switches a cycle time, whatever its control.
+  if (cboOut1Ctrl.listIndex() == 0) enableAll({&HSOut1CycleT, &lblOut1CycleTDisplay}, false);
   chkRampEn.setValue(0);
   for (Control* control :
        std::initializer_list<Control*>{&chkRampEn, &fraRamp, &fraLBAlarm, &chkLBAEnabled}) {

@@ -44,11 +44,7 @@ void withdrawHiLo(ComboBox& setup) {
 
 void frmBigFolder::wireDependentControls() {
   for (std::size_t index = 0; index < optInType.count(); ++index) {
-    optInType(index).onClick = [this, index] {
-      for (std::size_t page = 0; page < fraInType.count(); ++page) fraInType(page).setVisible(page == index);
-      rdSOffsetDisable(optInType(2).value());
-      doInputImage();
-    };
+    optInType(index).onClick = [this, index] { optInType_Click(index); };
   }
   lstProc.onClick = cboRTDValue.onClick = cboRTDWires.onClick = [this] { doInputImage(); };
   chkAl1Enabled.onClick = [this] { Al1Disabled(chkAl1Enabled.value() != 0); };
@@ -84,6 +80,12 @@ void frmBigFolder::firstLooks() {
   txtLBATime.setEnabled(false);
   chkOut1Start.setEnabled(false);
   cboCommPort_Click();
+  doInputImage();
+}
+
+void frmBigFolder::optInType_Click(std::size_t index) {
+  for (std::size_t page = 0; page < fraInType.count(); ++page) fraInType(page).setVisible(page == index);
+  rdSOffsetDisable(optInType(2).value());
   doInputImage();
 }
 

@@ -3,6 +3,7 @@
 #include "core/Global.h"
 #include "core/Memo.h"
 #include "core/Model.h"
+#include "dialogs/ShowHelp.h"
 #include "dialogs/frmHardware.h"
 #include "dialogs/frmPreferences.h"
 #include "dialogs/frmRead.h"
@@ -26,6 +27,7 @@ void offerChosenChannel(Chooser& chooser) {
 
 void frmBigFolder::wireTabs() {
   tabBig.onClick = [this](std::int16_t previousTab) { tabBig_Click(previousTab); };
+  cmdHelp.onClick = [this] { cmdHelp_Click(); };
   cmdCnfg.onClick = [this] { cmdCnfg_Click(); };
   cmdOpen.onClick = [this] { cmdOpen_Click(); };
   cmdPref.onClick = [] { cmdPref_Click(); };
@@ -62,6 +64,8 @@ void frmBigFolder::stepTab(int by) {
   } while (!tabBig.page(static_cast<std::size_t>(tab)).present);
   tabBig.setTab(tab);
 }
+
+void frmBigFolder::cmdHelp_Click() { ShowHelp(1, ""); }
 
 void frmBigFolder::cmdQuit_Click() {
   writeMemo(tabBig.tab());

@@ -56,6 +56,7 @@ class frmBigFolder : public BigFolderControls {
   void cmdReset_Click();
   void cmdNext_Click();
   void cmdPrev_Click();
+  void cmdHelp_Click();
   void cmdQuit_Click();
   void cmdWrite_Click();
   void cmdOpen_Click();
@@ -134,6 +135,7 @@ class frmBigFolder : public BigFolderControls {
   void fitToAlarmsOnly();
   void fitToSimpleMenu();
   void fitAnalogOutput();
+  void optInType_Click(std::size_t index);
   void chkOut1Self_Click();
   void cboOut1Ctrl_Click();
   void cboOut2Ctrl_Click();

@@ -66,8 +66,9 @@ class Host {
   virtual bool fileExists(const std::string& path) = 0;
   virtual std::string programFolder() = 0;
 
-  // The printer chooser, set to the default printer; a cancel is a RuntimeError.
-  virtual std::unique_ptr<Printer> choosePrinter() = 0;
+  // The printer chooser, set to the default printer; a cancel is a RuntimeError. The document's name, which
+  // may be a file's path, is what the queue shows.
+  virtual std::unique_ptr<Printer> choosePrinter(const std::string& document) = 0;
   // "2026-03-01" in the form of the user's locale.
   virtual std::string today() = 0;
 

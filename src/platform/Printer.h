@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// What the program asks of a printer: one document, text at a position, pages. Lengths in twips, 1440 to the
-// inch, from the upper left corner of the printable page. Every fault is a RuntimeError in the system's
-// words.
+// What the program asks of a printer: one document, text at a position, pages.
+//
+// Lengths in twips, 1440 to the inch, from the upper left corner of the printable page. Every fault is a
+// RuntimeError in the system's words. A document that ends by an error, or isn't ended, prints nothing.
 #pragma once
 
 #include <string>
@@ -15,6 +16,7 @@ class Printer {
   virtual int pageHeight() = 0;
   virtual int page() = 0;  // number of the present page, from 1
 
+  // A fixed-width font takes the place of one that isn't there.
   virtual void setFont(const std::string& name, int points) = 0;
   virtual void setBold(bool on) = 0;
   virtual void setUnderline(bool on) = 0;
@@ -27,5 +29,5 @@ class Printer {
   virtual void print(std::string_view text) = 0;  // moves currentX behind the text
   virtual void endLine() = 0;                     // currentX to 0, currentY down by the height of a line
   virtual void newPage() = 0;                     // position 0, 0 of the next page
-  virtual void endDocument() = 0;                 // sends it off; without it nothing is printed
+  virtual void endDocument() = 0;                 // sends it off
 };

@@ -13,6 +13,7 @@ enum class Fault {
   fileNotFound = 53,
   fileFault = 57,
   invalidPropertyValue = 380,
+  printerFault = 482,
   portNotOpen = 8018,
   portFault = 8020,
   cancelled = 32755,

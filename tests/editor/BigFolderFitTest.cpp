@@ -205,6 +205,17 @@ TEST_F(SimpleMenu, HasOutputsThatOnlySwitch) {
   }
 }
 
+TEST_F(SimpleMenu, HasNoCycleTimeHoweverOftenTheDialogIsOpened) {
+  DeviceState.ModelIndex = 2;
+  Hardware.ModelNumber = "Tv[8,16,32]22-C24";
+  editor.cboOut1Ctrl.setListIndex(1);
+  for (int time : {1, 2}) {
+    fit();
+    EXPECT_FALSE(editor.HSOut1CycleT.enabled()) << time;
+    EXPECT_FALSE(editor.lblOut1CycleTDisplay.enabled()) << time;
+  }
+}
+
 TEST_F(SimpleMenu, HasNeitherRampNorLoopBreakAlarm) {
   editor.chkRampEn.setValue(1);
   fit();

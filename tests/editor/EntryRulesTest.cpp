@@ -327,54 +327,6 @@ TEST_F(EntryRules, ThePictureIsTheFormsAndTheRangeThatOfTheRecords) {
   EXPECT_EQ(repaired("txtSp1", "1000.", "0000.").text, "1000.");
 }
 
-std::string anyText(std::mt19937& random) {
-  static const std::string pieces[] = {"0",
-                                       "1",
-                                       "9",
-                                       "5",
-                                       "99",
-                                       "123",
-                                       "4567",
-                                       "12345678901234567890",
-                                       ".",
-                                       "-",
-                                       "+",
-                                       " ",
-                                       "\t",
-                                       ":",
-                                       ",",
-                                       "E",
-                                       "e",
-                                       "E9",
-                                       "E-9",
-                                       "E308",
-                                       "E999",
-                                       "&H",
-                                       "F",
-                                       "abc",
-                                       "\xC3\xA4",
-                                       "\xE2\x82\xAC",
-                                       "\xF0\x9F\x98\x80",
-                                       "\xD9\xA3",
-                                       "\xEF\xBC\x91",
-                                       "\xC2\xA0",
-                                       "\xFF",
-                                       "\x80",
-                                       "\xC3",
-                                       "\n",
-                                       "\r\n",
-                                       "0.05",
-                                       "00000",
-                                       "%",
-                                       "\""};
-  std::string text;
-  for (int count = between(random, 0, 6); count > 0; --count) {
-    text += pieces[between(random, 0, static_cast<int>(std::size(pieces)) - 1)];
-  }
-  if (between(random, 0, 20) == 0) text += '\0';
-  return text;
-}
-
 TEST_F(EntryRules, WhateverIsTypedIsLegalAfterOneRepair) {
   std::mt19937 random(4);
   for (int round = 0; round < 4000; ++round) {

@@ -119,7 +119,7 @@ TEST_F(FamilyFit, OfAnyOtherHasFiveOptionsAndKeepsTheRow) {
 TEST_F(FamilyFit, OfAnyOtherRedrawsTheInputType) {
   for (std::size_t type : {0U, 1U, 2U}) {
     editor.optInType(type).setValue(true);
-    editor.fraInType(type).setVisible(type == 2);
+    editor.fraInType(type).setVisible(false);
     apply(false);
     EXPECT_TRUE(editor.optInType(type).value()) << type;
     EXPECT_TRUE(editor.fraInType(type).visible()) << type;
@@ -133,6 +133,25 @@ TEST_F(FamilyFit, OfAnyOtherKeepsTheReadingFormatOfAProcessSignal) {
   apply(false);
   EXPECT_EQ(Memo[rec::optDpoint + 3].flag, True);
   EXPECT_TRUE(editor.fraSOffset.visible());
+}
+
+TEST_F(FamilyFit, OfAnyOtherTakesTheDrawingsOfTheRkw77LineAway) {
+  showTab(2);
+  for (std::size_t type : {0U, 1U, 2U}) {
+    DeviceState.IsRkw77 = True;
+    editor.optInType(type).setValue(true);
+    editor.doInputImage();
+    apply(false);
+    for (const Control* drawing : {&editor.imgLK_TC, &editor.imgLK_RTD2Wire, &editor.imgLK_Proc100m}) {
+      EXPECT_FALSE(drawing->visible()) << type << " " << drawing->name();
+    }
+  }
+}
+
+TEST_F(FamilyFit, OfTheRkw77LineShowsItsDrawingsWhereTheInputIsOnShow) {
+  showTab(2);
+  apply(true);
+  EXPECT_TRUE(editor.imgLK_TC.visible() && editor.imgLK_switchTC.visible());
 }
 
 TEST_F(FamilyFit, OfAUnitWithAlarmsAloneHasNoOutputTabs) {
@@ -208,6 +227,35 @@ TEST_F(HardwareButton, MakesEachKindOfUnit) {
     EXPECT_EQ(meterKind(), kind);
     EXPECT_TRUE(editor.tabBig.tabAvailable(editor.tabBig.tab()));
   }
+}
+
+TEST_F(HardwareButton, ShowsTheUnitOfAFileAlsoWhereFactoryDefaultsHaveLeftADialog) {
+  editor.cmdFactoryDefaults.userClicked();
+  Hardware.ModelNumber = "Rkw77[case]33-C4";
+  Hardware.Out1 = Hardware.Out2 = {False, True, False, False, False};
+  Hardware.BusMode = 1;
+  DeviceState.DeviceClass = 0;
+  DeviceState.IsRkw77 = True;
+  host.whenShown("frmHardware", [] {
+    EXPECT_EQ(form<frmHardware>().cboModel.text(), "Rkw77[case]33-C4");
+    EXPECT_FALSE(form<frmHardware>().chkMonitor.enabled());
+    form<frmHardware>().cmdOk.userClicked();
+  });
+  editor.cmdCnfg.userClicked();
+  EXPECT_EQ(Hardware.ModelNumber, "Rkw77[case]33-C4");
+  EXPECT_EQ(DeviceState.DeviceClass, 0);
+}
+
+TEST_F(HardwareButton, ShowsTheDialogThatFactoryDefaultsHaveLeft) {
+  Hardware.Out1 = {False, False, True, False, False};
+  editor.cmdFactoryDefaults.userClicked();
+  host.whenShown("frmHardware", [] {
+    EXPECT_TRUE(form<frmHardware>().optOut[0].value());
+    form<frmHardware>().cmdOk.userClicked();
+  });
+  editor.cmdCnfg.userClicked();
+  EXPECT_EQ(Hardware.Out1.SSR, True);
+  EXPECT_EQ(Hardware.Out1.Pulse, False);
 }
 
 TEST_F(HardwareButton, BehindFactoryDefaultsShowsTheirFitAndNoTabHasChanged) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Any bytes as a configuration file: nothing breaks, nothing grows, and what was understood is written and read
-// back the same. The first byte tells how long the BaseModel in memory is.
+// Any bytes as a configuration file: nothing breaks, nothing grows, and what was understood is written and
+// read back the same. The first byte tells how long the BaseModel in memory is.
 #include <cstdint>
 #include <cstdlib>
 

@@ -29,7 +29,8 @@ void chooseUnit(unsigned choice) {
 }
 
 bool isPayload(const std::string& text) {
-  return std::ranges::all_of(text, [](unsigned char c) { return std::isdigit(c) != 0 || (c >= 'A' && c <= 'F'); });
+  return std::ranges::all_of(text,
+                             [](unsigned char c) { return std::isdigit(c) != 0 || (c >= 'A' && c <= 'F'); });
 }
 
 }  // namespace

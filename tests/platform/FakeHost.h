@@ -60,7 +60,7 @@ class FakeHost : public Host {
   void exchangeFile(const std::string&, std::string_view) override {}
   bool fileExists(const std::string& path) override { return files.contains(path); }
   std::string programFolder() override { return "/program"; }
-  std::unique_ptr<Printer> choosePrinter() override { return nullptr; }
+  std::unique_ptr<Printer> choosePrinter(const std::string&) override { return nullptr; }
   std::string today() override { return ""; }
   void showHelp(const std::string& path) override { note("help " + path); }
 

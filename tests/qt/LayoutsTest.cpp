@@ -4,13 +4,17 @@
 #include "platform/qt/Layouts.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QComboBox>
 #include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QSet>
+#include <QStackedWidget>
+#include <QTabBar>
 #include <QWheelEvent>
 
 #include "dialogs/frmCommModeWarning.h"
@@ -80,18 +84,60 @@ bool isAny(const QWidget& widget) {
   return (... || (qobject_cast<const Kinds*>(&widget) != nullptr));
 }
 
+bool isInput(const QWidget& widget) {
+  return isAny<QAbstractButton, QComboBox, QLineEdit, QListWidget, QPlainTextEdit, QScrollBar, QTabBar>(
+      widget);
+}
+
 TYPED_TEST(LayoutsTest, EveryInputIsReachedByKeyboardAndHasANameToSay) {
   this->window();
   for (const Control* control : this->form_->controls) {
     SCOPED_TRACE(control->name());
     const QWidget& widget = this->widget(*control);
-    if (!isAny<QAbstractButton, QComboBox, QLineEdit, QListWidget, QScrollBar>(widget)) continue;
+    if (!isInput(widget) || isAny<QTabBar>(widget)) continue;
     EXPECT_TRUE(widget.focusPolicy() & Qt::TabFocus);
     const auto* button = qobject_cast<const QAbstractButton*>(&widget);
     const bool saysItself = button != nullptr && !button->text().isEmpty();
     EXPECT_TRUE(saysItself || !widget.accessibleName().isEmpty());
     EXPECT_NE(widget.accessibleName(), widget.objectName());
   }
+}
+
+// Where Tab alone leads, from the window back to where it has been.
+QSet<const QWidget*> visitedByTab(QWidget& window) {
+  QSet<const QWidget*> visited;
+  window.setFocus();
+  QTest::keyClick(&window, Qt::Key_Tab);
+  for (QWidget* at = QApplication::focusWidget(); at != nullptr && !visited.contains(at);
+       at = QApplication::focusWidget()) {
+    visited.insert(at);
+    QTest::keyClick(at, Qt::Key_Tab);
+  }
+  return visited;
+}
+
+// With everything in use, page by page.
+TYPED_TEST(LayoutsTest, TabComesToEveryInputThatTheMouseReaches) {
+  this->host_.show(*this->form_, false);
+  QApplication::setActiveWindow(&this->window());  // no window manager does it here
+  for (Control* control : this->form_->controls) {
+    control->setEnabled(true);
+    control->setVisible(true);
+  }
+  auto* pages = this->window().template findChild<QStackedWidget*>();
+  const int count = pages == nullptr ? 1 : pages->count();
+  int inputs = 0;
+  for (int page = 0; page < count; ++page) {
+    if (pages != nullptr) pages->setCurrentIndex(page);
+    const auto visited = visitedByTab(this->window());
+    for (const Control* control : this->form_->controls) {
+      const QWidget& widget = this->widget(*control);
+      if (!isInput(widget) || !widget.isVisible()) continue;
+      EXPECT_TRUE(visited.contains(&widget)) << control->name();
+      ++inputs;
+    }
+  }
+  EXPECT_EQ(inputs == 0, (std::is_same_v<TypeParam, frmSplash>));
 }
 
 TYPED_TEST(LayoutsTest, TheWheelOverAnInputWithoutTheKeyboardChangesNothing) {

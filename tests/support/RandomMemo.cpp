@@ -8,6 +8,7 @@
 #include "core/Memo.h"
 #include "core/Model.h"
 #include "core/NumberText.h"
+#include "platform/RuntimeError.h"
 #include "protocol/Scale.h"
 #include "reading/Decoders.h"
 
@@ -210,6 +211,23 @@ void fillWildMemo(std::mt19937& random) {
   DeviceState.IsRkw77 = asFlag(between(random, 0, 4) == 0);
 }
 
+std::string anyText(std::mt19937& random) {
+  // clang-format off
+  static const std::string pieces[] = {
+      "0", "1", "9", "5", "12", "99", "345", "4567", "0.05", "00000", "12345678901234567890",
+      ".", "-", "+", " ", "\t", "\n", "\r\n", ":", ",", "99:99", "%", "\"",
+      "E", "e", "E9", "E-9", "E308", "E999", "&H", "F", "abc",
+      "\xC3\xA4", "\xE2\x82\xAC", "\xF0\x9F\x98\x80", "\xD9\xA3", "\xEF\xBC\x91", "\xC2\xA0",
+      "\xFF", "\x80", "\xC3"};
+  // clang-format on
+  std::string text;
+  for (int count = between(random, 0, 6); count > 0; --count) {
+    text += pieces[between(random, 0, static_cast<int>(std::size(pieces)) - 1)];
+  }
+  if (between(random, 0, 20) == 0) text += '\0';
+  return text;
+}
+
 std::string wildReply(std::mt19937& random) {
   static constexpr std::string_view hexadecimal = "0123456789ABCDEF";
   const bool tidy = between(random, 0, 3) != 0;
@@ -223,3 +241,13 @@ std::string wildReply(std::mt19937& random) {
 }
 
 std::span<const RegisterUnderTest> allRegisters() { return registers; }
+
+std::string registerWithoutAnswer() {
+  for (const RegisterUnderTest& reg : allRegisters()) {
+    std::string payload;
+    const bool made = attempt([&] { payload = reg.make().payload; });
+    const bool digits = payload.find_first_not_of("0123456789ABCDEF") == payload.npos;
+    if (!made || !(digits || payload.starts_with('!'))) return reg.index;
+  }
+  return "";
+}

@@ -21,6 +21,8 @@ void chooseOption(int firstRecord, int count, int chosen);
 void fillRandomMemo(std::mt19937& random);
 // Any texts and numbers in any record, any model.
 void fillWildMemo(std::mt19937& random);
+// What a hand or a clipboard may put into a box.
+std::string anyText(std::mt19937& random);
 // Any bytes, often with an "R", hexadecimal digits behind it more often than not.
 std::string wildReply(std::mt19937& random);
 
@@ -36,3 +38,5 @@ struct RegisterUnderTest {
 
 // All 33, in the order of a write.
 std::span<const RegisterUnderTest> allRegisters();
+// The index of the first register that gives neither digits nor a refusal for the setup; empty if all do.
+std::string registerWithoutAnswer();

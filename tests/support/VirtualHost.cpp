@@ -135,8 +135,10 @@ std::unique_ptr<SerialPort> VirtualHost::makeSerialPort() { return std::make_uni
 
 std::unique_ptr<Socket> VirtualHost::makeSocket() { return std::make_unique<VirtualSocket>(*this); }
 
-std::unique_ptr<Printer> VirtualHost::choosePrinter() {
-  throw RuntimeError(Fault::cancelled, "Cancel was selected.");
+std::unique_ptr<Printer> VirtualHost::choosePrinter(const std::string& document) {
+  events.push_back("choose printer for " + document);
+  if (!paper) throw RuntimeError(Fault::cancelled, "Cancel was selected.");
+  return std::make_unique<VirtualPrinter>(paper);
 }
 
 std::string VirtualHost::chooseFileToOpen(const std::string& filter) {

@@ -15,6 +15,7 @@
 #include "platform/Host.h"
 #include "sim/Bridge.h"
 #include "sim/Unit.h"
+#include "tests/support/VirtualPrinter.h"
 
 class VirtualSocket;
 
@@ -50,6 +51,7 @@ class VirtualHost : public Host {
   std::string diskFault;                     // the system's words; empty: files can be written
   std::deque<std::string> chosenFiles;       // what the user answers in the file choosers; none left: cancel
   std::vector<std::string> filters;          // what the choosers offered
+  std::shared_ptr<Paper> paper;              // in the printer that the user chooses; none: cancel
   std::vector<std::string> events;           // "show frmSplash", "hide frmSplash", "repaint ..." and so on
   std::vector<std::string> failures;
   int beeps = 0;
@@ -90,7 +92,7 @@ class VirtualHost : public Host {
   void exchangeFile(const std::string& path, std::string_view bytes) override;
   bool fileExists(const std::string& path) override { return !missingFiles.contains(path); }
   std::string programFolder() override { return "/program"; }
-  std::unique_ptr<Printer> choosePrinter() override;
+  std::unique_ptr<Printer> choosePrinter(const std::string& document) override;
   std::string today() override { return "2026-03-01"; }
   void showHelp(const std::string& path) override { events.push_back("help " + path); }
   void fail(const std::string& description) override { failures.push_back(description); }

@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "platform/Form.h"
+#include "platform/qt/QtPrinterDevice.h"
 
 namespace {
 constexpr double glance = 0.02;  // seconds between two looks of the user
@@ -56,6 +57,10 @@ std::string ScriptedHost::chooseFileToSave(const std::string& filter) { return c
 Answer ScriptedHost::messageBox(std::string_view text, std::string_view, Icon, Buttons buttons) {
   boxes.emplace_back(text);
   return buttons == Buttons::yesNo ? answer : Answer::ok;
+}
+
+std::unique_ptr<Printer> ScriptedHost::choosePrinter(const std::string& document) {
+  return pdf.isEmpty() ? QtHost::choosePrinter(document) : pdfPrinter(pdf);
 }
 
 // A check box or an option is hit at its mark, which lies at the left of a wide widget.

@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 
+#include <QString>
 #include <QWidget>
 
 #include "platform/qt/QtHost.h"
@@ -25,12 +26,15 @@ class ScriptedHost : public QtHost {
   Answer answer = Answer::ok;
   // What the user names in the file choosers; none left: cancel.
   std::deque<std::string> chosenFiles;
+  // The file that the user prints into; empty: the printer chooser comes up.
+  QString pdf;
 
   void yield() override;
   void idle(double seconds) override;
   Answer messageBox(std::string_view text, std::string_view title, Icon icon, Buttons buttons) override;
   std::string chooseFileToOpen(const std::string& filter) override;
   std::string chooseFileToSave(const std::string& filter) override;
+  std::unique_ptr<Printer> choosePrinter(const std::string& document) override;
 
  private:
   struct Step {

@@ -1,14 +1,20 @@
 // SPDX-License-Identifier: MIT
 // A walk through a session with the simulated unit, for a machine without a display: edits a setup, writes
-// it, reads it back, and leaves pictures of the windows in the folder that is named on the command line.
+// it, prints it, reads it back, and leaves the report and pictures of the windows in the folder that is named
+// on the command line.
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <cstdio>
 
 #include "core/Program.h"
+#include "dialogs/frmCommModeWarning.h"
 #include "dialogs/frmHardware.h"
+#include "dialogs/frmPreferences.h"
 #include "dialogs/frmRead.h"
 #include "dialogs/frmSplash.h"
+#include "dialogs/frmTimedMessage.h"
+#include "dialogs/frmWarning.h"
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
 #include "protocol/frmSerial.h"
@@ -16,6 +22,9 @@
 #include "wizard/frmWizard.h"
 
 namespace {
+
+constexpr int setpointsTab = 1;
+constexpr int commTab = 11;
 
 QDir folder;
 
@@ -35,13 +44,73 @@ void pictureEveryTab(const std::string& kind = "") {
     editor().tabBig.setTab(tab);
     picture(editor(), kind + "tab" + std::to_string(tab));
   }
-  editor().tabBig.setTab(1);
+  editor().tabBig.setTab(setpointsTab);
 }
 
 void editSetup(ScriptedHost& user) {
   type(user, editor(), "txtSp1", "123.4");
   type(user, editor(), "txtSp2", "150.0");
   choose(user, editor(), "cboNormalColor", 2);
+}
+
+// A set point out of range, and a change of the unit's bus that is taken back again.
+void pictureWarnings(ScriptedHost& user) {
+  user.whenShown("frmBigFolder", [&user] {
+    type(user, editor(), "txtSp1", "5000");
+    click(user, editor(), "cmdReset");
+  });
+  user.whenShown("frmWarning", [&user] {
+    picture(form<frmWarning>(), "warning");
+    click(user, form<frmWarning>(), "cmdOk");
+  });
+  user.whenShown("frmBigFolder", [&user] {
+    editor().tabBig.setTab(commTab);
+    click(user, editor(), "optRS485");
+  });
+  user.whenShown("frmCommModeWarning", [&user] {
+    picture(form<frmCommModeWarning>(), "comm-mode-warning");
+    click(user, form<frmCommModeWarning>(), "cmdCommWarning");
+    click(user, editor(), "optNoChange");
+    editor().tabBig.setTab(setpointsTab);
+  });
+}
+
+void printReport(ScriptedHost& user) {
+  user.pdf = folder.filePath("report.pdf");
+  click(user, form<frmWrite>(), "cmdPrint");
+  std::printf("%s %s\n", QFileInfo::exists(user.pdf) ? "wrote" : "could not write", qPrintable(user.pdf));
+}
+
+void saveFile(ScriptedHost& user) {
+  user.chosenFiles = {folder.filePath("setup.cfg").toStdString()};
+  click(user, form<frmWrite>(), "cmdFile");
+}
+
+// The model is asked for again.
+void openFile(ScriptedHost& user) {
+  user.whenShown("frmBigFolder", [&user] { click(user, editor(), "cmdOpen"); });
+  user.whenShown("frmRead", [&user] {
+    user.chosenFiles = {folder.filePath("setup.cfg").toStdString()};
+    click(user, form<frmRead>(), "cmdFile");
+  });
+  user.whenShown("frmHardware", [&user] { click(user, form<frmHardware>(), "cmdOk"); });
+  user.whenShown("frmBigFolder", [] { picture(editor(), "opened"); });
+}
+
+void picturePreferences(ScriptedHost& user) {
+  user.whenShown("frmBigFolder", [&user] { click(user, editor(), "cmdPref"); });
+  user.whenShown("frmPreferences", [&user] {
+    picture(form<frmPreferences>(), "preferences");
+    click(user, form<frmPreferences>(), "cmdOk");
+  });
+  user.whenShown("frmBigFolder", [&user] {
+    user.whenShown("frmTimedMessage", [&user] {
+      picture(form<frmTimedMessage>(), "notification");
+      click(user, form<frmTimedMessage>(), "OKButton");
+    });
+    form<frmTimedMessage>().message = "Unable to establish network connection";
+    form<frmTimedMessage>().showModal();
+  });
 }
 
 // Every kind of model once, the last of them for good.
@@ -116,10 +185,9 @@ void planWizard(ScriptedHost& user) {
 
 void planSession(ScriptedHost& user) {
   user.whenShown("frmSplash", [] { picture(form<frmSplash>(), "splash"); });
-  user.whenShown("frmBigFolder", [&user] {
-    pictureEveryTab();
-    click(user, editor(), "cmdCnfg");
-  });
+  user.whenShown("frmBigFolder", [] { pictureEveryTab(); });
+  pictureWarnings(user);
+  user.whenShown("frmBigFolder", [&user] { click(user, editor(), "cmdCnfg"); });
   user.whenShown("frmHardware", [&user] { chooseHardware(user); });
   user.whenShown("frmBigFolder", [&user] {
     editSetup(user);
@@ -128,6 +196,8 @@ void planSession(ScriptedHost& user) {
   });
   user.whenShown("frmWrite", [&user] {
     picture(form<frmWrite>(), "write-to");
+    printReport(user);
+    saveFile(user);
     click(user, form<frmWrite>(), "cmdSerial");
   });
   user.then(halfWay, [] { picture(form<frmSerial>(), "status-write"); });
@@ -141,6 +211,8 @@ void planSession(ScriptedHost& user) {
   user.then(halfWay, [] { picture(form<frmSerial>(), "status-read"); });
   user.whenShown("frmBigFolder", [] { picture(editor(), "read-back"); });
   planWizard(user);
+  openFile(user);
+  picturePreferences(user);
   pictureEveryKind(user);
   user.whenShown("frmBigFolder", [&user] { click(user, editor(), "cmdQuit"); });
 }

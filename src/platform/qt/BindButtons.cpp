@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Buttons: push buttons, check boxes, option buttons.
 #include <QKeyEvent>
+#include <QShortcut>
 
 #include "platform/qt/Bindings.h"
 #include "platform/qt/QtText.h"
@@ -20,6 +21,13 @@ template <class Button>
 void connectClick(Binding* binding, Button& control, QAbstractButton& widget) {
   QObject::connect(&widget, &QAbstractButton::clicked, binding,
                    [binding, &control] { binding->userDid([&control] { control.userClicked(); }); });
+}
+
+// A key that presses the button from anywhere in its window, beside its mnemonic; an empty one is none.
+void pressByKey(QPushButton& button, const QString& key) {
+  if (key.isEmpty()) return;
+  const auto* shortcut = new QShortcut(QKeySequence(key), &button);
+  QObject::connect(shortcut, &QShortcut::activated, &button, &QPushButton::click);
 }
 
 // Whether an arrow key goes forward (1) or backward (-1) among option buttons; 0 for any other key.
@@ -77,6 +85,7 @@ class ArrowKeys : public QObject {
 Binding* bind(CommandButton& control, QPushButton& widget) {
   auto* binding = new Binding(control, widget, [&] { showCaption(control, widget); });
   if (!control.picture().empty()) new ButtonPicture(widget, shown(control.picture()));
+  pressByKey(widget, widget.property("key").toString());
   connectClick(binding, control, widget);
   return binding;
 }

@@ -34,6 +34,10 @@ QPixmap draw(const QByteArray& svg, QSize size, qreal ratio) {
   return pixmap;
 }
 
+QSize sizeFor(const QByteArray& svg, const QWidget& widget) {
+  return QSvgRenderer(svg).defaultSize() * widget.fontMetrics().height() / drawnForFont;
+}
+
 bool changesLook(const QEvent& event) {
   return event.type() == QEvent::PaletteChange || event.type() == QEvent::FontChange ||
          event.type() == QEvent::StyleChange || event.type() == QEvent::EnabledChange;
@@ -42,6 +46,12 @@ bool changesLook(const QEvent& event) {
 }  // namespace
 
 bool hasPicture(const QString& name) { return QFile::exists(fileOf(name)); }
+
+QPixmap drawnPicture(const QString& name, const QWidget& page, QPalette::ColorRole ink) {
+  const QByteArray svg = drawing(name, page.palette().color(ink), page.palette().color(QPalette::Base));
+  if (svg.isEmpty()) return {};
+  return draw(svg, sizeFor(svg, page), page.devicePixelRatioF());
+}
 
 PictureView::PictureView(QWidget* parent) : QWidget(parent) {}
 
@@ -56,7 +66,7 @@ void PictureView::setPicture(const QString& name) {
 QSize PictureView::sizeHint() const {
   const QByteArray svg = drawing(name_, Qt::black, Qt::white);
   if (svg.isEmpty()) return {};
-  return QSvgRenderer(svg).defaultSize() * fontMetrics().height() / drawnForFont;
+  return sizeFor(svg, *this);
 }
 
 void PictureView::paintEvent(QPaintEvent*) {

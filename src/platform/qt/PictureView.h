@@ -9,6 +9,9 @@
 
 // Whether the program holds a drawing of this name.
 bool hasPicture(const QString& name);
+// The drawing as it is shown on a page of the given widget, `ink` being the palette's role of its text; null
+// if there is none of that name.
+QPixmap drawnPicture(const QString& name, const QWidget& page, QPalette::ColorRole ink);
 
 class PictureView : public QWidget {
   Q_OBJECT

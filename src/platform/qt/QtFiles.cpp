@@ -66,9 +66,18 @@ std::string FileChooser::chooseToOpen(const std::string& filter) {
 }
 
 std::string FileChooser::chooseToSave(const std::string& filter) {
-  QFileDialog chooser(QApplication::activeWindow(), "Save As", folder_, toolkitFilter(filter));
+  return save(toolkitFilter(filter), "cfg", "");
+}
+
+std::string FileChooser::chooseToSavePdf(const QString& name) {
+  return save("PDF Files (*.pdf)", "pdf", name);
+}
+
+std::string FileChooser::save(const QString& filters, const QString& suffix, const QString& name) {
+  QFileDialog chooser(QApplication::activeWindow(), "Save As", folder_, filters);
   chooser.setAcceptMode(QFileDialog::AcceptSave);
-  chooser.setDefaultSuffix("cfg");
+  chooser.setDefaultSuffix(suffix);
+  chooser.selectFile(name);
   if (chooser.exec() == QDialog::Rejected) return "";
   return remember(chooser.selectedFiles().value(0));
 }

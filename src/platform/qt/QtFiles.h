@@ -13,8 +13,11 @@ class FileChooser {
   // Empty when the user has cancelled.
   std::string chooseToOpen(const std::string& filter);
   std::string chooseToSave(const std::string& filter);
+  // The same for a PDF, under a name to start with.
+  std::string chooseToSavePdf(const QString& name);
 
  private:
+  std::string save(const QString& filters, const QString& suffix, const QString& name);
   std::string remember(const QString& path);
 
   QString folder_;

@@ -12,7 +12,9 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "platform/qt/HelpWindow.h"
 #include "platform/qt/QtFiles.h"
+#include "platform/qt/QtPrinterDevice.h"
 #include "platform/qt/QtSerialPort.h"
 #include "platform/qt/QtSocket.h"
 #include "platform/qt/QtText.h"
@@ -60,7 +62,10 @@ QtHost::QtHost() : startOfRun_(QTime::currentTime().msecsSinceStartOfDay() / 100
   QApplication::setQuitOnLastWindowClosed(false);
 }
 
-QtHost::~QtHost() { deleteWhatIsDue(); }
+QtHost::~QtHost() {
+  delete help_.data();
+  deleteWhatIsDue();
+}
 
 double QtHost::now() { return startOfRun_ + static_cast<double>(sinceStart_.nsecsElapsed()) / 1e9; }
 
@@ -120,13 +125,20 @@ std::string QtHost::serialPortHint(int commPort) {
 
 std::unique_ptr<Socket> QtHost::makeSocket() { return std::make_unique<QtSocket>(); }
 
-std::unique_ptr<Printer> QtHost::choosePrinter() {
-  throw RuntimeError(Fault::cancelled, "No printer is installed");
+std::unique_ptr<Printer> QtHost::choosePrinter(const std::string& document) {
+  return ::choosePrinter(files_, document);
 }
 
 std::string QtHost::today() { return typed(QLocale().toString(QDate::currentDate(), QLocale::ShortFormat)); }
 
-void QtHost::showHelp(const std::string&) {}
+void QtHost::showHelp(const std::string& path) {
+  const auto guide = helpGuide(shown(path));
+  if (!guide) return;
+  if (!help_) help_ = new HelpWindow(*guide);
+  help_->show();
+  help_->raise();
+  help_->activateWindow();
+}
 
 std::string QtHost::chooseFileToOpen(const std::string& filter) { return files_.chooseToOpen(filter); }
 

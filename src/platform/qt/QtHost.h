@@ -3,8 +3,10 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QPointer>
 #include <QString>
 #include <QTimer>
+#include <QWidget>
 
 #include "platform/Host.h"
 #include "platform/qt/QtFiles.h"
@@ -45,7 +47,7 @@ class QtHost : public Host {
   bool fileExists(const std::string& path) override;
   std::string programFolder() override;
 
-  std::unique_ptr<Printer> choosePrinter() override;
+  std::unique_ptr<Printer> choosePrinter(const std::string& document) override;
   std::string today() override;
   void showHelp(const std::string& path) override;
 
@@ -64,6 +66,7 @@ class QtHost : public Host {
   QtSettings settings_;
   QtPorts ports_;
   FileChooser files_;
+  QPointer<QWidget> help_;
   bool failing_ = false;
 };
 

@@ -1,0 +1,216 @@
+// SPDX-License-Identifier: MIT
+// The sections of the report.
+#include "dialogs/ReportSections.h"
+
+#include <array>
+
+#include "core/Memo.h"
+#include "core/Model.h"
+#include "core/NumberText.h"
+#include "editor/frmBigFolder.h"
+
+namespace {
+
+using enum RowKind;
+using Editor = BigFolderControls;
+
+// ---- values
+
+std::string text(int record) { return Memo[record].text; }
+std::string number(int record) { return numberText(std::int32_t{Memo[record].value}); }
+std::string seconds(int record) { return number(record) + "s"; }
+std::string flag(int record) { return Memo[record].flag != False ? "True" : "False"; }
+std::string isOne(int record) { return Memo[record].value == 1 ? "True" : "False"; }
+std::string abled(int record) { return Memo[record].value == 1 ? "Enabled" : "Disabled"; }
+
+std::string color(int record) {
+  if (Memo[record].extra == 0) return "Red";
+  return Memo[record].extra == 1 ? "Green" : "Amber";
+}
+
+template <auto list>
+std::string item(int record) {
+  return (form<frmBigFolder>().*list).list(Memo[record].value);
+}
+
+std::string protection(int record) {
+  constexpr std::array names{"None", "Setpoints", "Full"};
+  return names.at(static_cast<std::size_t>(record - rec::optIDCode));
+}
+
+std::string inputType(int first) {
+  if (Memo[first].flag != False) return "TC " + item<&Editor::lstTCTypes>(rec::lstTCTypes) + "-type";
+  if (Memo[first + 1].flag == False) return "Process " + item<&Editor::lstProc>(rec::lstProc);
+  return "RTD " + item<&Editor::cboRTDValue>(rec::cboRTDValue) + " ohm  " +
+         item<&Editor::cboRTDWires>(rec::cboRTDWires) + " wires  " +
+         item<&Editor::cboRTDCurves>(rec::cboRTDCurves);
+}
+
+std::string decimalPoint(int first) {
+  if (Memo[first].flag != False) return "XXXX.";
+  if (Memo[first + 1].flag != False) return "XXX.X";
+  return Memo[first + 2].flag != False ? "XX.XX" : "X.XXX";
+}
+
+std::string voltOrCurrent(int record) { return Memo[record].flag != False ? "Volt" : "Current"; }
+
+// ---- conditions
+
+bool always() { return true; }
+bool never() { return false; }
+bool full() { return meterKind() == kind::fullController; }
+bool simple() { return meterKind() == kind::simpleMenu; }
+bool notSimple() { return !simple(); }
+bool readable() { return DeviceState.IsRkw77 == False; }
+bool notReadable() { return !readable(); }
+
+template <int record>
+bool isSet() {
+  return Memo[record].flag != False;
+}
+template <int record>
+bool isOnOff() {
+  return Memo[record].value == 0;
+}
+template <int record>
+bool isPid() {
+  return Memo[record].value != 0;
+}
+
+// ---- tables
+
+// clang-format off
+constexpr ReportRow protectionRows[] = {
+    {boldField, "ID Code:            ", text, rec::txtIDCode, always},
+    {labelOnly, "Protection:      ", nullptr, 0, always},
+    {valueOnly, nullptr, protection, rec::optIDCode,     isSet<rec::optIDCode>},
+    {valueOnly, nullptr, protection, rec::optIDCode + 1, isSet<rec::optIDCode + 1>},
+    {valueOnly, nullptr, protection, rec::optIDCode + 2, isSet<rec::optIDCode + 2>},
+};
+
+constexpr ReportRow setPointRows[] = {
+    {heading, "Set Points ", nullptr, 0, always},
+    {field, "Set-Point 1:        ", text, rec::txtSp1, always},
+    {field, "Set-Point 2:        ", text, rec::txtSp2, always},
+    {field, "Color when normal: ", color, rec::cboNormalColor, always},
+};
+
+constexpr ReportRow inputRows[] = {
+    {field, "Input Type:         ", inputType, rec::optInType, always},
+};
+
+constexpr ReportRow readingRows[] = {
+    {heading, "Reading Configuration", nullptr, 0, always},
+    {field, "Decimal Point:      ", decimalPoint, rec::optDpoint, always},
+    {field, "Temperature Unit:   ", item<&Editor::cboTUnit>, rec::cboTUnit, always},
+    {field, "Filter Constant:    ", item<&Editor::lstFiltConst>, rec::lstFiltConst, always},
+    {heading, "Reading Scale & Offset", nullptr, 0, always},
+    {field, "In 1:               ", text, rec::txtIn1, always},
+    {field, "Read 1:             ", text, rec::txtRd1, always},
+    {field, "In 2:               ", text, rec::txtIn2, always},
+    {field, "Read 2:             ", text, rec::txtRd2, always},
+};
+
+constexpr ReportRow alarm1Rows[] = {
+    {heading, "Alarm 1", nullptr, 0, always},
+    {field, "Enabled:            ", number, rec::chkAl1Enabled, always},
+    {field, "Color when active: ", color, rec::cboAl1WhenActiveColor, always},
+    {field, "Control:            ", item<&Editor::cboAl1Ctrl>, rec::cboAl1Ctrl, notSimple},
+    {field, "Latch:              ", item<&Editor::cboAl1Latch>, rec::cboAl1Latch, always},
+    {field, "Closure:            ", item<&Editor::cboAl1Closure>, rec::cboAl1Closure, notSimple},
+    {field, "Setup:              ", item<&Editor::cboAl1Setup>, rec::cboAl1Setup, always},
+    // The simple menu has one dead band for both alarms, and it is kept as output 1's proportional band.
+    {field, "Dead Band:          ", text, rec::txtOut1PB, simple},
+    {field, "Auto Power-On:      ", number, rec::chkAl1AutoPOn, notSimple},
+    {field, "High Set-Point:     ", text, rec::txtAl1HiSp, notSimple},
+    {field, "Low Set-Point:      ", text, rec::txtAl1LoSp, notSimple},
+};
+
+constexpr ReportRow alarm2Rows[] = {
+    {heading, "Alarm 2", nullptr, 0, always},
+    {field, "Enabled:            ", number, rec::chkAl2Enabled, always},
+    {field, "Color when active: ", color, rec::cboAl2WhenActiveColor, always},
+    {field, "Control:            ", item<&Editor::cboAl2Ctrl>, rec::cboAl2Ctrl, notSimple},
+    {field, "Latch:              ", item<&Editor::cboAl2Latch>, rec::cboAl2Latch, always},
+    {field, "Closure:            ", item<&Editor::cboAl2Closure>, rec::cboAl2Closure, notSimple},
+    {field, "Setup:              ", item<&Editor::cboAl2Setup>, rec::cboAl2Setup, always},
+    {field, "Dead Band:          ", text, rec::txtOut1PB, simple},
+    {field, "High Set-Point:     ", text, rec::txtAl2HiSp, notSimple},
+    {field, "Low Set-Point:      ", text, rec::txtAl2LoSp, notSimple},
+};
+
+constexpr ReportRow loopBreakRows[] = {
+    {heading, "Loop Break Alarm / Reading Adjust", nullptr, 0, always},
+    {field, "Enabled:            ", number, rec::chkLBAEnabled, full},
+    {field, "Loop Break Time:    ", text, rec::txtLBATime, full},
+    {field, "Temperature Adjust: ", text, rec::txtTAdjust, always},
+};
+
+constexpr ReportRow output1Rows[] = {
+    {heading, "Out 1", nullptr, 0, always},
+    {field, "Self Enabled:       ", isOne, rec::chkOut1Self, always},
+    {field, "4-20mA Enabled:     ", flag, rec::opt420mA, always},
+    {field, "Control Type:       ", item<&Editor::cboOut1Ctrl>, rec::cboOut1Ctrl, always},
+    {field, "Action Type:        ", item<&Editor::cboOut1Action>, rec::cboOut1Action, always},
+    {field, "Auto PID:           ", abled, rec::chkOut1AutoPID, always},
+    {field, "Anti-Integeral:     ", abled, rec::chkOut1Anti, always},
+    {field, "Prop. Band:         ", text, rec::txtOut1PB, isPid<rec::cboOut1Ctrl>},
+    {field, "Reset:              ", text, rec::txtOut1Reset, isPid<rec::cboOut1Ctrl>},
+    {field, "Rate:               ", text, rec::txtOut1Rate, isPid<rec::cboOut1Ctrl>},
+    {field, "Damping Factor:     ", item<&Editor::lstOut1DamFactor>, rec::lstOut1DamFactor, isPid<rec::cboOut1Ctrl>},
+    {field, "Cycle Time:        ", seconds, rec::HSOut1CycleT, isPid<rec::cboOut1Ctrl>},
+    {field, "Dead Band:          ", text, rec::txtOut1DeadBand, isOnOff<rec::cboOut1Ctrl>},
+    {field, "Manual % low:       ", text, rec::HSOut1Low, readable},
+    {field, "Manual % high:     ", text, rec::HSOut1High, readable},
+    {line, "** The Proportional Output values are not readable from the meter. **", nullptr, 0, notReadable},
+};
+
+constexpr ReportRow output2Rows[] = {
+    {heading, "Out 2", nullptr, 0, always},
+    {field, "Control Type:       ", item<&Editor::cboOut2Ctrl>, rec::cboOut2Ctrl, always},
+    {field, "Action Type:        ", item<&Editor::cboOut2Action>, rec::cboOut2Action, always},
+    {field, "Auto PID            ", abled, rec::chkOut2AutoPID, always},
+    {field, "Prop. Band:         ", text, rec::txtOut2PB, isPid<rec::cboOut2Ctrl>},
+    {field, "Cycle Time:        ", seconds, rec::HSOut2CycleT, isPid<rec::cboOut2Ctrl>},
+    {field, "Dead Band:          ", text, rec::txtOut2DeadBand, isOnOff<rec::cboOut2Ctrl>},
+};
+
+constexpr ReportRow rampAndSoakRows[] = {
+    {heading, "Ramp & Soak", nullptr, 0, always},
+    {field, "Ramp Enabled:       ", isOne, rec::chkRampEn, always},
+    {field, "Soak Enabled:       ", isOne, rec::chkSoakEn, always},
+    {field, "Ramp Value:         ", text, rec::txtRampT, always},
+    {field, "Soak Value:         ", text, rec::txtSoakT, always},
+};
+
+constexpr ReportRow analogRows[] = {
+    {heading, "Analog Output", nullptr, 0, always},
+    {field, "Enabled:       ", number, rec::chkAnalogOutputEnabled, always},
+    {field, "Mode              ", voltOrCurrent, rec::optAOutV, always},
+    {field, "Read 1          ", text, rec::txtAOutRd1, always},
+    {field, "Read 2          ", text, rec::txtAOutRd2, always},
+    {field, "Output 1         ", text, rec::txtAOutOut1, always},
+    {field, "Output 2         ", text, rec::txtAOutOut2, always},
+};
+
+constexpr ReportSection sections[] = {
+    // printed, space behind, rows
+    {always, false, protectionRows},
+    {always, true, setPointRows},
+    {always, true, inputRows},
+    {always, true, readingRows},
+    {always, true, alarm1Rows},
+    {always, true, alarm2Rows},
+    {always, true, loopBreakRows},
+    {full, true, output1Rows},
+    {full, true, output2Rows},
+    {full, true, rampAndSoakRows},
+    {always, true, analogRows},
+    {never, false, {}},
+    {never, false, {}},
+};
+// clang-format on
+
+}  // namespace
+
+std::span<const ReportSection> reportSections() { return sections; }

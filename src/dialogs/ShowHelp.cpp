@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+// The help call.
+#include "dialogs/ShowHelp.h"
+
+#include <string>
+
+#include "platform/Host.h"
+
+namespace {
+
+// No folder: where guides lie is the machine's knowledge.
+std::string guideFile(std::int16_t which) {
+  switch (which) {
+    case 1:
+      return "\\TorvaneConfiguration.chm";
+    case 2:
+      return "\\MPL configuration.chm";
+    default:
+      return {};
+  }
+}
+
+}  // namespace
+
+void ShowHelp(std::int16_t which, std::string_view windowName) {
+  host().showHelp(guideFile(which).append(">").append(windowName));
+}
