@@ -463,7 +463,7 @@ TEST_F(NetworkTest, EndsWhereverTheBridgeDies) {
 TEST_F(NetworkTest, EndsWithAVerdictWhateverIsAnswered) {
   host.toleratesBoxes = true;
   std::minstd_rand random(1);
-  const std::string alphabet = std::string("U0134?*R2AS\x80\xff\x01 \n", 18) + '\0';
+  const std::string alphabet = std::string("U0134?*R2AS\x80\xff\x01 \n") + '\0';
   for (int round = 0; round < 200; ++round) {
     for (const char* command : {"U01", "U03", "U04", "R11", "^AE"}) {
       std::string noise = random() % 2 == 0 ? std::string(command) : std::string();
