@@ -103,13 +103,13 @@ void picturePreferences(ScriptedHost& user) {
     picture(form<frmPreferences>(), "preferences");
     click(user, form<frmPreferences>(), "cmdOk");
   });
-  user.whenShown("frmBigFolder", [&user] {
-    user.whenShown("frmTimedMessage", [&user] {
-      picture(form<frmTimedMessage>(), "notification");
-      click(user, form<frmTimedMessage>(), "OKButton");
-    });
+  user.whenShown("frmBigFolder", [] {
     form<frmTimedMessage>().message = "Unable to establish network connection";
     form<frmTimedMessage>().showModal();
+  });
+  user.whenShown("frmTimedMessage", [&user] {
+    picture(form<frmTimedMessage>(), "notification");
+    click(user, form<frmTimedMessage>(), "OKButton");
   });
 }
 
