@@ -37,6 +37,8 @@ class HostTest : public QtTest {
     file.write(bytes);
   }
   ~HostTest() override { QFile::remove(QString::fromStdString(QtSettings().fileName())); }
+
+  QtSettings settings_;
 };
 
 TEST_F(HostTest, TheClockStartsWithTheTimeOfDayAndRunsForward) {
@@ -164,6 +166,48 @@ TEST_F(HostTest, TellsWhichDeviceAPortNameMeans) {
   EXPECT_THAT(host_.serialPortHint(99), AllOf(HasSubstr("COM 99: no such serial device"),
                                               HasSubstr("section [Ports] of " + QtSettings().fileName())));
   host_.deleteSetting("Torvane Configuration/Ports/COM 3");
+}
+
+TEST_F(HostTest, NamesTheAdapterBesideItsPort) {
+  const Pseudo first;
+  const Pseudo second;
+  const std::vector<SerialDevice> present{{QString::fromStdString(first.path()), "FT232R USB UART"},
+                                          {QString::fromStdString(second.path()), ""},
+                                          {"COM7", "USB Serial Port"}};
+  QtPorts ports(settings_, [&] { return present; });
+  EXPECT_EQ(ports.hint(1), "COM 1 is " + first.path() + " (FT232R USB UART).");
+  EXPECT_EQ(ports.hint(2), "COM 2 is " + second.path() + ".");
+  EXPECT_EQ(ports.hint(3), "COM 3 is COM7 (USB Serial Port).");
+}
+
+TEST_F(HostTest, NamesTheAdapterBehindALinkAndWhatIsWrongWithIt) {
+  const Pseudo line;
+  const QTemporaryDir folder;
+  const QString link = folder.filePath("adapter");
+  ASSERT_TRUE(QFile::link(QString::fromStdString(line.path()), link));
+  settings_.save("Torvane Configuration/Ports/COM 1", link.toStdString());
+  QString name = "Old adapter";
+  QtPorts ports(settings_, [&] {
+    return std::vector<SerialDevice>{{QString::fromStdString(line.path()), name}, {"/dev/gone", "Other"}};
+  });
+  EXPECT_EQ(ports.hint(1), "COM 1 is " + link.toStdString() + " (Old adapter).");
+  name = "New adapter";
+  EXPECT_EQ(ports.hint(1), "COM 1 is " + link.toStdString() + " (New adapter).");
+  EXPECT_EQ(ports.hint(2), "COM 2 is /dev/gone (Other), which is not there.");
+  EXPECT_THAT(ports.hint(3), HasSubstr("COM 3: no such serial device"));
+}
+
+TEST_F(HostTest, ReadsTheListOfDevicesRarely) {
+  const Pseudo line;
+  int readings = 0;
+  QtPorts ports(settings_, [&] {
+    ++readings;
+    return std::vector<SerialDevice>{{QString::fromStdString(line.path()), ""}};
+  });
+  for (int opening = 0; opening < 33; ++opening) EXPECT_EQ(ports.device(1), line.path());
+  EXPECT_EQ(ports.device(0), "");
+  EXPECT_EQ(ports.device(2), "");
+  EXPECT_EQ(readings, 1);
 }
 
 TEST_F(HostTest, OpensThePortThatTheSettingsName) {

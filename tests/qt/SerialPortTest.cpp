@@ -15,7 +15,7 @@
 #include <thread>
 
 #include "platform/RuntimeError.h"
-#include "platform/qt/QtPorts.h"
+#include "platform/qt/DeviceFile.h"
 #include "qt/Pseudo.h"
 
 namespace {
@@ -173,8 +173,11 @@ TEST_F(SerialPortTest, MissingDevice) {
 // Rights that even root has to respect, while one of these lives.
 class AsNobody {
  public:
-  AsNobody() { EXPECT_TRUE(geteuid() != 0 || seteuid(65534) == 0); }
-  ~AsNobody() { EXPECT_EQ(seteuid(getuid()), 0); }
+  AsNobody() { EXPECT_TRUE(user_ != 0 || setresuid(65534, 65534, user_) == 0); }
+  ~AsNobody() { EXPECT_EQ(setresuid(user_, user_, user_), 0); }
+
+ private:
+  uid_t user_ = getuid();
 };
 
 TEST_F(SerialPortTest, NoRight) {
@@ -182,6 +185,19 @@ TEST_F(SerialPortTest, NoRight) {
   const AsNobody nobody;
   EXPECT_EQ(wordsOf([&] { port_.open(); }), "Permission denied");
   EXPECT_THAT(obstacle(device_), HasSubstr("only after joining the group"));
+}
+
+// Names such as COM3 lead to no file: whether the port is there, only opening tells.
+TEST_F(SerialPortTest, ANameThatIsNoPathIsLeftToTheSystem) {
+  EXPECT_EQ(obstacle("COM3"), "");
+  device_ = "no-such-port";
+  EXPECT_NE(wordsOf([&] { port_.open(); }), "");
+  device_ = line_.path().substr(5);  // below /dev
+  port_.open();
+  port_.output("x");
+  EXPECT_EQ(line_.receive(1), "x");
+  port_.waitForInput(0.01);
+  EXPECT_TRUE(port_.isOpen());
 }
 
 TEST_F(SerialPortTest, NotATerminal) {
@@ -212,6 +228,17 @@ TEST_F(SerialPortTest, TakenByAnotherProgram) {
   EXPECT_THAT(obstacle(device_), HasSubstr("(process " + std::to_string(getppid()) + ") has open"));
   ASSERT_TRUE(file.remove());
   EXPECT_EQ(obstacle(device_), "");
+}
+
+TEST_F(SerialPortTest, ALockThatADeadProgramHasLeftIsNone) {
+  QString lock = QString::fromStdString(device_).mid(5);
+  QFile file("/var/lock/LCK.." + lock.replace('/', '_'));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("2147483646\n");  // beyond the numbers that the system gives
+  file.close();
+  EXPECT_FALSE(isTaken(device_));
+  EXPECT_EQ(obstacle(device_), "");
+  ASSERT_TRUE(file.remove());
 }
 
 TEST_F(SerialPortTest, AClosedPortSaysSo) {

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // A walk through a session with the simulated unit, for a machine without a display: edits a setup, writes
 // it, prints it, reads it back, and leaves the report and pictures of the windows in the folder that is named
-// on the command line.
+// on the command line. DEMO_LOOK=dark or =contrast in the environment shows them as people see them who have
+// set their desktop so, QT_SCALE_FACTOR=2 twice as large.
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -17,7 +18,9 @@
 #include "dialogs/frmWarning.h"
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
+#include "platform/qt/HelpWindow.h"
 #include "protocol/frmSerial.h"
+#include "session/Look.h"
 #include "session/ScriptedHost.h"
 #include "wizard/frmWizard.h"
 
@@ -28,10 +31,13 @@ constexpr int commTab = 11;
 
 QDir folder;
 
-void picture(Form& of, const std::string& name) {
-  const QString file = folder.filePath(QString::fromStdString(name + ".png"));
-  std::printf("%s %s\n", screenshot(of, file) ? "wrote" : "could not write", qPrintable(file));
+QString fileFor(const std::string& name) { return folder.filePath(QString::fromStdString(name + ".png")); }
+
+void tell(bool written, const QString& file) {
+  std::printf("%s %s\n", written ? "wrote" : "could not write", qPrintable(file));
 }
+
+void picture(Form& of, const std::string& name) { tell(screenshot(of, fileFor(name)), fileFor(name)); }
 
 frmBigFolder& editor() { return form<frmBigFolder>(); }
 
@@ -78,7 +84,7 @@ void pictureWarnings(ScriptedHost& user) {
 void printReport(ScriptedHost& user) {
   user.pdf = folder.filePath("report.pdf");
   click(user, form<frmWrite>(), "cmdPrint");
-  std::printf("%s %s\n", QFileInfo::exists(user.pdf) ? "wrote" : "could not write", qPrintable(user.pdf));
+  tell(QFileInfo::exists(user.pdf), user.pdf);
 }
 
 void saveFile(ScriptedHost& user) {
@@ -110,6 +116,18 @@ void picturePreferences(ScriptedHost& user) {
   user.whenShown("frmTimedMessage", [&user] {
     picture(form<frmTimedMessage>(), "notification");
     click(user, form<frmTimedMessage>(), "OKButton");
+  });
+}
+
+void pictureHelp(ScriptedHost& user) {
+  user.whenShown("frmBigFolder", [&user] { click(user, editor(), "cmdHelp"); });
+  user.whenShown("frmBigFolder", [] {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      auto* help = dynamic_cast<HelpWindow*>(window);
+      if (help == nullptr) continue;
+      tell(help->grab().save(fileFor("help")), fileFor("help"));
+      help->hide();
+    }
   });
 }
 
@@ -213,6 +231,7 @@ void planSession(ScriptedHost& user) {
   planWizard(user);
   openFile(user);
   picturePreferences(user);
+  pictureHelp(user);
   pictureEveryKind(user);
   user.whenShown("frmBigFolder", [&user] { click(user, editor(), "cmdQuit"); });
 }
@@ -228,6 +247,7 @@ int main(int argc, char** argv) {
     return 2;
   }
   folder = QDir(QString::fromLocal8Bit(argv[1]));
+  takeLook(qEnvironmentVariable("DEMO_LOOK"));
   ScriptedHost user;
   setHost(&user);
   planSession(user);

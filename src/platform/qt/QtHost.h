@@ -62,8 +62,8 @@ class QtHost : public Host {
   double startOfRun_;  // seconds since midnight
   QElapsedTimer sinceStart_;
   QTimer alarm_;  // ends an idle wait
-  Windows windows_;
   QtSettings settings_;
+  Windows windows_{settings_};
   QtPorts ports_;
   FileChooser files_;
   QPointer<QWidget> help_;

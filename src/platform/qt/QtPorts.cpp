@@ -1,18 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Which device each port name means, and what keeps it from being opened.
+// Which device each port name means, in the program's words and the system's.
 #include "platform/qt/QtPorts.h"
 
-#include <fcntl.h>
-#include <grp.h>
-#include <signal.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <QFile>
+#include <QFileInfo>
 #include <QSerialPortInfo>
-#include <cerrno>
-#include <optional>
+#include <algorithm>
 
+#include "platform/qt/DeviceFile.h"
 #include "platform/qt/QtText.h"
 
 namespace {
@@ -23,87 +17,70 @@ constexpr qint64 retryAfter = 2'000;  // where the list does not hold what is as
 
 std::string portName(int commPort) { return std::string("COM ").append(std::to_string(commPort)); }
 
-QStringList devicesPresent() {
-  QStringList paths;
-  for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts()) paths << info.systemLocation();
-  return paths;
+// A device without a file is known by its name; its place would read "\\.\COM3".
+QString pathOf(const QSerialPortInfo& info) {
+  return info.systemLocation().startsWith('/') ? info.systemLocation() : info.portName();
 }
 
-// The first line of the lock file is the holder's process, in digits with blanks in front.
-std::optional<pid_t> lockHolder(const std::string& device) {
-  QString name = shown(device);
-  if (name.startsWith("/dev/")) name = name.mid(5);
-  name.replace('/', '_');
-  for (const char* folder : {"/var/lock/LCK..", "/run/lock/LCK.."}) {
-    QFile file(folder + name);
-    if (!file.open(QIODevice::ReadOnly)) continue;
-    bool isNumber = false;
-    const int holder = file.readLine(100).trimmed().toInt(&isNumber);
-    if (isNumber && holder > 0 && (kill(holder, 0) == 0 || errno == EPERM)) return holder;
-  }
-  return std::nullopt;
-}
-
-std::string processName(pid_t process) {
-  QFile file(QStringLiteral("/proc/%1/comm").arg(process));
-  if (!file.open(QIODevice::ReadOnly)) return "another program";
-  return typed(QString::fromUtf8(file.readLine(100).trimmed()));
-}
-
-std::string heldBy(pid_t process) {
-  if (process == getpid()) return "which this program itself has open";
-  return std::string("which ") + processName(process) + " (process " + std::to_string(process) + ") has open";
-}
-
-std::string groupOf(const std::string& device) {
-  struct stat facts {};
-  if (stat(device.c_str(), &facts) != 0) return {};
-  const group* found = getgrgid(facts.st_gid);
-  return found == nullptr ? std::to_string(facts.st_gid) : found->gr_name;
-}
-
-std::string noRight(const std::string& device) {
-  const std::string group = groupOf(device);
-  return "which is yours only after joining the group " + group + ": \"sudo usermod -a -G " + group +
-         " $USER\", then log out and in again";
+// Links of one's own lead to a device under its own name.
+QString canonical(const QString& path) {
+  const QString target = QFileInfo(path).canonicalFilePath();
+  return target.isEmpty() ? path : target;
 }
 
 }  // namespace
 
-bool isTaken(const std::string& device) { return lockHolder(device).has_value(); }
+std::vector<SerialDevice> serialDevicesPresent() {
+  std::vector<SerialDevice> devices;
+  for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts()) {
+    const QString name = info.description().isEmpty() ? info.manufacturer() : info.description();
+    devices.push_back({pathOf(info), name.simplified()});
+  }
+  return devices;
+}
 
-std::string obstacle(const std::string& device) {
-  if (access(device.c_str(), F_OK) != 0) return "which is not there";
-  if (faccessat(AT_FDCWD, device.c_str(), R_OK | W_OK, AT_EACCESS) != 0) return noRight(device);
-  const auto holder = lockHolder(device);
-  return holder ? heldBy(*holder) : std::string();
+std::string QtPorts::chosen(int commPort) const {
+  return settings_.value(std::string(programTitle) + "/Ports/" + portName(commPort));
 }
 
 std::string QtPorts::device(int commPort) {
   if (commPort < 1) return {};
-  std::string chosen = settings_.value(std::string(programTitle) + "/Ports/" + portName(commPort));
-  if (!chosen.empty()) return chosen;
-  if (isStale(commPort)) {
-    present_ = devicesPresent();
-    age_.start();
-  }
-  return commPort <= present_.size() ? typed(present_[commPort - 1]) : std::string();
+  std::string path = chosen(commPort);
+  if (!path.empty()) return path;
+  if (isStale(commPort)) readList();
+  const auto index = static_cast<std::size_t>(commPort - 1);
+  return index < present_.size() ? typed(present_[index].path) : std::string();
+}
+
+void QtPorts::readList() {
+  present_ = list_();
+  age_.start();
 }
 
 bool QtPorts::isStale(int commPort) const {
   if (!age_.isValid() || age_.hasExpired(listLifetime)) return true;
-  const bool isThere = commPort <= present_.size() && QFile::exists(present_[commPort - 1]);
+  const auto index = static_cast<std::size_t>(commPort - 1);
+  const bool isThere = index < present_.size() && !isMissing(typed(present_[index].path));
   return !isThere && age_.hasExpired(retryAfter);
 }
 
+std::string QtPorts::adapterAt(const std::string& path) const {
+  const QString file = canonical(shown(path));
+  const auto found = std::ranges::find_if(
+      present_, [&](const SerialDevice& device) { return canonical(device.path) == file; });
+  return found == present_.end() ? std::string() : typed(found->adapter);
+}
+
 std::string QtPorts::hint(int commPort) {
-  age_.invalidate();
+  readList();
   const std::string path = device(commPort);
   const std::string name = portName(commPort);
   if (path.empty()) {
     return name + ": no such serial device is present. A line \"" + name +
            "=<device file>\" in section [Ports] of " + settings_.fileName() + " can name one.";
   }
+  const std::string adapter = adapterAt(path);
   const std::string reason = obstacle(path);
-  return name + " is " + path + (reason.empty() ? "." : ", " + reason + ".");
+  return name + " is " + path + (adapter.empty() ? "" : " (" + adapter + ")") +
+         (reason.empty() ? "." : ", " + reason + ".");
 }

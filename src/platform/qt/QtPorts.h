@@ -1,35 +1,48 @@
 // SPDX-License-Identifier: MIT
-// Which device each port name means, and what keeps it from being opened.
+// Which device each port name means, in the program's words and the system's.
 #pragma once
 
 #include <QElapsedTimer>
-#include <QStringList>
+#include <QString>
+#include <functional>
 #include <string>
+#include <vector>
 
 #include "platform/qt/QtSettings.h"
 
+// A serial device of the system: what opens it, and what its adapter calls itself (or its maker; may be
+// empty).
+struct SerialDevice {
+  QString path;
+  QString adapter;
+};
+
+// All that are present, in the system's order.
+std::vector<SerialDevice> serialDevicesPresent();
+
 class QtPorts {
  public:
-  explicit QtPorts(const QtSettings& settings) : settings_(settings) {}
+  using List = std::function<std::vector<SerialDevice>()>;
+
+  explicit QtPorts(const QtSettings& settings, List list = serialDevicesPresent)
+      : settings_(settings), list_(std::move(list)) {}
 
   // The path of "COM n", n from 1: that of the setting "COM n" in section "Ports", else that of the n-th
   // serial device present, in the system's order; empty if there is none. The system's list is read at most
   // once in two seconds, since every register opens the port afresh.
   std::string device(int commPort);
-  // The same in words, with the reason if it can't be opened. Reads the system's list anew: who asks for it
-  // looks at the ports, and one may have come or gone.
+  // The same in words, with the adapter's name, and the reason if it can't be opened. Reads the system's list
+  // anew: who asks for it looks at the ports, and one may have come or gone.
   std::string hint(int commPort);
 
  private:
+  std::string chosen(int commPort) const;
   bool isStale(int commPort) const;
+  void readList();
+  std::string adapterAt(const std::string& path) const;
 
   const QtSettings& settings_;
-  QStringList present_;
+  List list_;
+  std::vector<SerialDevice> present_;
   QElapsedTimer age_;
 };
-
-// What keeps this device from being opened, in words that help: missing, no right, taken; empty if nothing
-// does.
-std::string obstacle(const std::string& device);
-// Whether another program, or another port of this one, holds the device's lock file.
-bool isTaken(const std::string& device);

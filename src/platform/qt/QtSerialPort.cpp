@@ -2,21 +2,16 @@
 // A serial port on a device file: opened exclusively, without handshake.
 #include "platform/qt/QtSerialPort.h"
 
-#include <fcntl.h>
-#include <poll.h>
-#include <unistd.h>
-
 #include <QCoreApplication>
 #include <QEvent>
 #include <QStringList>
 #include <algorithm>
-#include <cerrno>
 #include <cmath>
-#include <cstring>
+#include <system_error>
 #include <vector>
 
 #include "platform/RuntimeError.h"
-#include "platform/qt/QtPorts.h"
+#include "platform/qt/DeviceFile.h"
 #include "platform/qt/QtText.h"
 
 namespace {
@@ -24,7 +19,9 @@ namespace {
 constinit std::vector<QtSerialPort*> ports;  // all there are, written by constructor and destructor
 constexpr int writeLimit = 1000;             // milliseconds in which a command must have gone out
 
-[[noreturn]] void fail(int error) { throw RuntimeError(Fault::portFault, std::strerror(error)); }
+std::string wordsOf(std::errc error) { return std::make_error_code(error).message(); }
+
+[[noreturn]] void fail(std::errc error) { throw RuntimeError(Fault::portFault, wordsOf(error)); }
 
 // Faults that leave the port as good as it was: a wait that ran out, or something this device can't do.
 bool isHarmless(QSerialPort::SerialPortError error) {
@@ -32,10 +29,10 @@ bool isHarmless(QSerialPort::SerialPortError error) {
          error == QSerialPort::UnsupportedOperationError || error == QSerialPort::NotOpenError;
 }
 
-// Whether one of these events is there now; a hang-up is told in any case.
-bool isThere(int handle, short events) {
-  pollfd line{handle, events, 0};
-  return poll(&line, 1, 0) > 0;
+// A read at a line that has hung up gives nothing rather than an error, and the toolkit then quotes an older
+// one.
+bool isHangUp(QSerialPort::SerialPortError error) {
+  return error == QSerialPort::ResourceError || error == QSerialPort::ReadError;
 }
 
 // The line is slower than the screen: what has changed on the windows is painted while bytes are under way.
@@ -44,8 +41,6 @@ void paintWhatIsDue() {
   QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
   QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateRequest);
 }
-
-bool hasHungUp(int handle) { return isThere(handle, 0); }
 
 QSerialPort::Parity parityOf(const QString& letter) {
   if (letter.startsWith('o', Qt::CaseInsensitive)) return QSerialPort::OddParity;
@@ -71,8 +66,8 @@ void QtSerialPort::open() {
   close();
   if (commPort == 0) throw RuntimeError(Fault::portFault, "No port is chosen");
   device_ = deviceOf_(commPort);
-  if (device_.empty()) fail(ENOENT);
-  if (faccessat(AT_FDCWD, device_.c_str(), R_OK | W_OK, AT_EACCESS) != 0) fail(errno);
+  if (device_.empty() || isMissing(device_)) fail(std::errc::no_such_file_or_directory);
+  if (isForbidden(device_)) fail(std::errc::permission_denied);
   port_.setPortName(shown(device_));
   applySettings();
   opening_ = true;
@@ -81,7 +76,7 @@ void QtSerialPort::open() {
   fault_.clear();
   if (opened) return;
   // The toolkit's words for another program's lock speak of a missing right.
-  if (isTaken(device_)) fail(EBUSY);
+  if (isTaken(device_)) fail(std::errc::device_or_resource_busy);
   throw RuntimeError(Fault::portFault, typed(port_.errorString()));
 }
 
@@ -106,9 +101,7 @@ bool QtSerialPort::isOpen() const { return port_.isOpen() && fault_.empty(); }
 // toolkit's own code, which raised this one, has returned.
 void QtSerialPort::noteFault(QSerialPort::SerialPortError error) {
   if (opening_ || isHarmless(error) || !fault_.empty()) return;
-  // A read at a line that has hung up gives nothing rather than an error, and the toolkit then quotes an
-  // older one.
-  fault_ = hasHungUp(port_.handle()) ? std::strerror(EIO) : typed(port_.errorString());
+  fault_ = isHangUp(error) ? wordsOf(std::errc::io_error) : typed(port_.errorString());
   QMetaObject::invokeMethod(
       &port_,
       [this] {
@@ -131,15 +124,14 @@ void QtSerialPort::mustBeOpen() {
 
 // Some drivers say nothing when their adapter is pulled out.
 void QtSerialPort::checkDevice() {
-  if (access(device_.c_str(), F_OK) == 0) return;
+  if (!isMissing(device_)) return;
   close();
-  fail(ENODEV);
+  fail(std::errc::no_such_device);
 }
 
 std::size_t QtSerialPort::inBufferCount() {
   mustBeOpen();
-  // Asking first is cheap; the toolkit makes an error of a wait that brings nothing.
-  if (port_.bytesAvailable() == 0 && isThere(port_.handle(), POLLIN)) port_.waitForReadyRead(0);
+  if (port_.bytesAvailable() == 0) port_.waitForReadyRead(0);
   throwFault();
   return static_cast<std::size_t>(port_.bytesAvailable());
 }

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScreen>
+#include <QStyle>
 #include <QWindow>
 #include <algorithm>
 #include <stdexcept>
@@ -16,6 +17,7 @@
 #include "platform/qt/Guard.h"
 #include "platform/qt/Layouts.h"
 #include "platform/qt/QtText.h"
+#include "platform/qt/WindowPlace.h"
 
 namespace {
 
@@ -27,9 +29,17 @@ const Layout& layoutOf(const Form& form) {
   return *found;
 }
 
+QList<QRect> roomsForWindows() {
+  QList<QRect> rooms;
+  for (const QScreen* screen : QGuiApplication::screens()) rooms << screen->availableGeometry();
+  return rooms;
+}
+
+bool isRemembered(const QWidget& window) { return window.property("remembered").toBool(); }
+
 }  // namespace
 
-FormWindow::FormWindow(Form& form) : form_(&form) {
+FormWindow::FormWindow(Form& form, QtSettings& settings) : form_(&form), settings_(settings) {
   layoutOf(form).build(*this);
   bindForm(form, *this);
   setWindowTitle(shown(form.caption()));
@@ -64,16 +74,32 @@ void FormWindow::showOver(QWidget* below, bool modal, bool takesKeyboard) {
 void FormWindow::setFirstSize() {
   if (sized_) return;
   sized_ = true;
+  if (takeFormerPlace()) return;
   resize(sizeHint().expandedTo(minimumSizeHint()).boundedTo(screen()->availableSize()));
 }
 
+// The frame is not known before the window is shown; but for a title it is thin.
+bool FormWindow::takeFormerPlace() {
+  const auto former = isRemembered(*this) ? savedPlace(settings_) : std::nullopt;
+  if (!former) return false;
+  const QRect wanted(former->normal.topLeft(), former->normal.size().expandedTo(minimumSizeHint()));
+  const QSize frame(0, style()->pixelMetric(QStyle::PM_TitleBarHeight));
+  const QRect place = placeWithin(roomsForWindows(), wanted, frame);
+  resize(place.size());
+  move(place.topLeft());
+  if (former->maximized) setWindowState(Qt::WindowMaximized);
+  former_ = true;
+  return true;
+}
+
 void FormWindow::placeOver(QWidget* below) {
-  if (centred_ || below == nullptr) return;
+  if (centred_ || former_ || below == nullptr) return;
   move(below->frameGeometry().center() - rect().center());
 }
 
 void FormWindow::centre() {
   setFirstSize();
+  if (former_) return;
   centred_ = true;
   move(screen()->availableGeometry().center() - rect().center());
 }
@@ -110,6 +136,13 @@ void FormWindow::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
 }
 
+void FormWindow::hideEvent(QHideEvent* event) {
+  QWidget::hideEvent(event);
+  if (event->spontaneous() || !isRemembered(*this)) return;
+  const QRect normal = isMaximized() ? normalGeometry() : QRect(pos(), size());
+  savePlace(settings_, {normal, isMaximized()});
+}
+
 void FormWindow::tell(void (Form::*what)()) {
   if (form_ == nullptr) return;
   const auto alive = form_->shared_from_this();
@@ -125,7 +158,7 @@ Windows::~Windows() {
 
 FormWindow& Windows::of(Form& form) {
   QPointer<FormWindow>& window = windows_[&form];
-  if (!window) window = new FormWindow(form);
+  if (!window) window = new FormWindow(form, settings_);
   return *window;
 }
 

@@ -9,39 +9,48 @@
 #include <vector>
 
 #include "platform/Form.h"
+#include "platform/qt/QtSettings.h"
 
 class QPushButton;
 
 // A top level widget that tells its form what happens to it. The layout may ask for a splash window, without
-// a frame, by the dynamic property "splash", and for one that leaves the keyboard where it is, by "beside".
+// a frame, by the dynamic property "splash"; for one that leaves the keyboard where it is, by "beside"; and
+// for one that comes back where and as large as it was in the run before, by "remembered".
 class FormWindow : public QWidget {
  public:
   // Lays the form out and binds it; std::logic_error if it has no layout or doesn't fit it.
-  explicit FormWindow(Form& form);
+  FormWindow(Form& form, QtSettings& settings);
 
   // `below` may be null. Without the keyboard, the user goes on typing where he is.
   void showOver(QWidget* below, bool modal, bool takesKeyboard);
-  void centre();   // on the screen; also when it is shown next
+  void centre();   // on the screen, or where it was in the run before; also when it is shown next
   void release();  // the form is about to end
 
  protected:
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
 
  private:
   void setFirstSize();
+  bool takeFormerPlace();
   void placeOver(QWidget* below);
   QPushButton* buttonForEnter() const;
   void tell(void (Form::*what)());
 
   Form* form_;
+  QtSettings& settings_;
   bool sized_ = false;
   bool centred_ = false;
+  bool former_ = false;  // stands where it stood in the run before
 };
 
 class Windows {
  public:
+  explicit Windows(QtSettings& settings) : settings_(settings) {}
+  Windows(const Windows&) = delete;
+  Windows& operator=(const Windows&) = delete;
   ~Windows();
 
   FormWindow& of(Form& form);
@@ -53,6 +62,7 @@ class Windows {
   QWidget* front() const;
 
  private:
+  QtSettings& settings_;
   std::map<const Form*, QPointer<FormWindow>> windows_;
   // The one in front last. One that is shown while modal ones wait for an answer lies beneath these.
   std::vector<QPointer<FormWindow>> shown_;

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+// What the system's file of a serial device tells: whether it is there, ours to use, or taken.
+#include "platform/qt/DeviceFile.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <optional>
+
+#include "platform/qt/QtText.h"
+
+namespace {
+
+bool hasFile(const std::string& device) { return device.starts_with('/'); }
+
+bool isAlive(qint64 process) { return QFileInfo::exists(QStringLiteral("/proc/%1").arg(process)); }
+
+// The first line of the lock file is the holder's process, in digits with blanks in front.
+std::optional<qint64> lockHolder(const std::string& device) {
+  QString name = shown(device);
+  if (name.startsWith("/dev/")) name = name.mid(5);
+  name.replace('/', '_');
+  for (const char* folder : {"/var/lock/LCK..", "/run/lock/LCK.."}) {
+    QFile file(folder + name);
+    if (!file.open(QIODevice::ReadOnly)) continue;
+    const qint64 holder = file.readLine(100).trimmed().toLongLong();
+    if (holder > 0 && isAlive(holder)) return holder;
+  }
+  return std::nullopt;
+}
+
+std::string processName(qint64 process) {
+  QFile file(QStringLiteral("/proc/%1/comm").arg(process));
+  if (!file.open(QIODevice::ReadOnly)) return "another program";
+  return typed(QString::fromUtf8(file.readLine(100).trimmed()));
+}
+
+std::string heldBy(qint64 process) {
+  if (process == QCoreApplication::applicationPid()) return "which this program itself has open";
+  return std::string("which ") + processName(process) + " (process " + std::to_string(process) + ") has open";
+}
+
+std::string groupOf(const std::string& device) {
+  const QFileInfo file(shown(device));
+  return file.group().isEmpty() ? std::to_string(file.groupId()) : typed(file.group());
+}
+
+std::string noRight(const std::string& device) {
+  const std::string group = groupOf(device);
+  return "which is yours only after joining the group " + group + ": \"sudo usermod -a -G " + group +
+         " $USER\", then log out and in again";
+}
+
+}  // namespace
+
+bool isMissing(const std::string& device) { return hasFile(device) && !QFileInfo::exists(shown(device)); }
+
+bool isForbidden(const std::string& device) {
+  const QFileInfo file(shown(device));
+  return hasFile(device) && file.exists() && !(file.isReadable() && file.isWritable());
+}
+
+bool isTaken(const std::string& device) { return lockHolder(device).has_value(); }
+
+std::string obstacle(const std::string& device) {
+  if (isMissing(device)) return "which is not there";
+  if (isForbidden(device)) return noRight(device);
+  const auto holder = lockHolder(device);
+  return holder ? heldBy(*holder) : std::string();
+}

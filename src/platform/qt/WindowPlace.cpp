@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+// Where a window stood when it was last closed, kept in the settings' section "Window".
+#include "platform/qt/WindowPlace.h"
+
+#include <algorithm>
+#include <string>
+
+#include "platform/qt/QtText.h"
+
+namespace {
+
+constexpr int farthest = 100'000;  // no desktop is wider; more than that is a fault of the file
+
+std::string pathOf(const char* key) { return std::string(programTitle) + "/Window/" + key; }
+
+std::optional<int> number(const QtSettings& settings, const char* key) {
+  bool isNumber = false;
+  const int value = shown(settings.value(pathOf(key))).toInt(&isNumber);
+  if (!isNumber || value < -farthest || value > farthest) return std::nullopt;
+  return value;
+}
+
+int shownPart(const QRect& screen, const QRect& window) {
+  const QRect part = screen.intersected(window);
+  return part.isEmpty() ? 0 : part.width() * part.height();
+}
+
+// Where a length has to begin so that it ends within the room; its beginning goes before its end.
+int beginWithin(int wanted, int length, int roomBegin, int room) {
+  return std::max(roomBegin, std::min(wanted, roomBegin + room - length));
+}
+
+}  // namespace
+
+void savePlace(QtSettings& settings, const WindowPlace& place) {
+  const auto save = [&](const char* key, int value) { settings.save(pathOf(key), std::to_string(value)); };
+  save("Left", place.normal.x());
+  save("Top", place.normal.y());
+  save("Width", place.normal.width());
+  save("Height", place.normal.height());
+  save("Maximized", place.maximized ? 1 : 0);
+}
+
+std::optional<WindowPlace> savedPlace(const QtSettings& settings) {
+  const auto left = number(settings, "Left");
+  const auto top = number(settings, "Top");
+  const auto width = number(settings, "Width");
+  const auto height = number(settings, "Height");
+  if (!left || !top || width.value_or(0) < 1 || height.value_or(0) < 1) return std::nullopt;
+  return WindowPlace{QRect(*left, *top, *width, *height), number(settings, "Maximized") == 1};
+}
+
+QRect placeWithin(const QList<QRect>& screens, const QRect& wanted, QSize frame) {
+  const QRect& screen = *std::ranges::max_element(
+      screens, {}, [&](const QRect& candidate) { return shownPart(candidate, wanted); });
+  const QSize size = wanted.size().boundedTo(screen.size() - frame);
+  const QSize outer = size + frame;
+  return {QPoint(beginWithin(wanted.x(), outer.width(), screen.x(), screen.width()),
+                 beginWithin(wanted.y(), outer.height(), screen.y(), screen.height())),
+          size};
+}

@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: MIT
+// The place of a window from one run to the next.
+#include "platform/qt/WindowPlace.h"
+
+#include <QFile>
+#include <QScreen>
+
+#include "platform/qt/Layouts.h"
+#include "qt/TestForm.h"
+
+namespace {
+
+const QRect laptop(0, 28, 1280, 772);  // beneath a panel
+const QRect beside(1280, 0, 1920, 1080);
+const QSize title(0, 24);
+
+// All of a window with its frame is on one of the screens.
+bool isReachable(const QList<QRect>& screens, const QRect& window) {
+  const QRect outer(window.topLeft(), window.size() + title);
+  return std::ranges::any_of(screens, [&](const QRect& screen) { return screen.contains(outer); });
+}
+
+TEST(WindowPlace, AWindowThatIsAllThereStaysWhereItWas) {
+  const QRect window(100, 60, 960, 528);
+  EXPECT_EQ(placeWithin({laptop}, window, title), window);
+  EXPECT_EQ(placeWithin({laptop, beside}, window.translated(1400, 0), title), window.translated(1400, 0));
+}
+
+TEST(WindowPlace, AWindowOnAScreenThatIsGoneComesToTheFirst) {
+  EXPECT_EQ(placeWithin({laptop}, QRect(1800, 300, 960, 528), title), QRect(320, 248, 960, 528));
+}
+
+TEST(WindowPlace, AWindowBetweenTwoScreensGoesToTheOneThatShowsMostOfIt) {
+  EXPECT_EQ(placeWithin({laptop, beside}, QRect(700, 100, 960, 528), title), QRect(320, 100, 960, 528));
+  EXPECT_EQ(placeWithin({laptop, beside}, QRect(1000, 100, 960, 528), title), QRect(1280, 100, 960, 528));
+}
+
+TEST(WindowPlace, AWindowLargerThanTheScreenTakesAllOfIt) {
+  EXPECT_EQ(placeWithin({laptop}, QRect(-50, -50, 4000, 3000), title), QRect(0, 28, 1280, 748));
+}
+
+TEST(WindowPlace, WhereverItWasItIsReachable) {
+  for (const int x : {-100'000, -961, -1, 0, 700, 1279, 3199, 5000, 100'000}) {
+    for (const int y : {-100'000, -530, 0, 27, 799, 1079, 100'000}) {
+      for (const QSize size : {QSize(1, 1), QSize(960, 528), QSize(100'000, 100'000)}) {
+        for (const QList<QRect>& screens : {QList{laptop}, QList{laptop, beside}}) {
+          EXPECT_TRUE(isReachable(screens, placeWithin(screens, QRect(QPoint(x, y), size), title)))
+              << x << ',' << y << ' ' << size.width() << 'x' << size.height();
+        }
+      }
+    }
+  }
+}
+
+class WindowPlaceTest : public QtTest {
+ protected:
+  WindowPlaceTest() {
+    host_.deleteSetting("Torvane Configuration/Window");
+    plain_ = layouts().back().build;
+    layouts().back().build = [](QWidget& window) {
+      plain_(window);
+      window.setProperty("remembered", true);
+    };
+  }
+  ~WindowPlaceTest() override {
+    unloadAllForms();
+    QFile::remove(QString::fromStdString(QtSettings().fileName()));
+  }
+
+  void save(const std::string& key, const std::string& value) {
+    host_.saveSetting("Torvane Configuration/Window/" + key, value);
+  }
+  std::string saved(const std::string& key) { return host_.setting("Torvane Configuration/Window/" + key); }
+  QWidget& shownAnew() {
+    unload<TestForm>();
+    auto& test = form<TestForm>();
+    test.centre();
+    test.show();
+    return host_.window(test);
+  }
+  // The size and the place that the window takes by itself.
+  QRect first() {
+    const QRect place = shownAnew().geometry();
+    unload<TestForm>();
+    host_.deleteSetting("Torvane Configuration/Window");
+    return place;
+  }
+
+  static inline void (*plain_)(QWidget&) = nullptr;
+};
+
+TEST_F(WindowPlaceTest, ComesBackWhereItWas) {
+  QWidget& window = shownAnew();
+  const QSize size = window.minimumSizeHint() + QSize(40, 30);
+  window.resize(size);
+  window.move(70, 50);
+  host_.yield();
+  QWidget& again = shownAnew();
+  EXPECT_EQ(again.pos(), QPoint(70, 50));
+  EXPECT_EQ(again.size(), size);
+  EXPECT_EQ(saved("Left"), "70");
+  EXPECT_EQ(saved("Top"), "50");
+}
+
+TEST_F(WindowPlaceTest, ComesBackMaximizedAndKnowsItsOtherSize) {
+  QWidget& window = shownAnew();
+  const QSize size = window.minimumSizeHint() + QSize(40, 30);
+  window.resize(size);
+  host_.yield();
+  window.showMaximized();
+  host_.yield();
+  QWidget& again = shownAnew();
+  EXPECT_TRUE(again.isMaximized());
+  EXPECT_EQ(saved("Maximized"), "1");
+  EXPECT_EQ(saved("Width"), std::to_string(size.width()));
+  again.showNormal();
+  host_.yield();
+  EXPECT_EQ(again.size(), size);
+}
+
+TEST_F(WindowPlaceTest, IsSeenOnTheScreenThatIsThere) {
+  save("Left", "9000");
+  save("Top", "-9000");
+  save("Width", "50");
+  save("Height", "50");
+  QWidget& window = shownAnew();
+  EXPECT_TRUE(window.screen()->geometry().contains(window.geometry()));
+  EXPECT_GE(window.width(), window.minimumSizeHint().width());
+}
+
+TEST_F(WindowPlaceTest, GarbageIsNoPlace) {
+  const QRect place = first();
+  for (const char* garbage : {"", "wide", "12.5", "-3", "0", "99999999999", "100001", "@Variant(x)"}) {
+    save("Left", "10");
+    save("Top", "10");
+    save("Width", garbage);
+    save("Height", "400");
+    EXPECT_FALSE(savedPlace(QtSettings()).has_value()) << garbage;
+    EXPECT_EQ(shownAnew().geometry(), place) << garbage;
+    unload<TestForm>();
+  }
+}
+
+TEST_F(WindowPlaceTest, OtherWindowsAreNotRemembered) {
+  layouts().back().build = plain_;
+  shownAnew();
+  unload<TestForm>();
+  EXPECT_EQ(saved("Left"), "");
+}
+
+}  // namespace

@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+// The looks that people give their desktops.
+#pragma once
+
+#include <QString>
+
+// "dark", "contrast", or the system's own for anything else. Before the first window.
+void takeLook(const QString& name);
