@@ -1,0 +1,210 @@
+// SPDX-License-Identifier: MIT
+// One cell of the matrix.
+#include "tests/runs/FaultCell.h"
+
+#include <algorithm>
+
+#include "core/Global.h"
+#include "core/Model.h"
+#include "tests/support/NetworkBench.h"
+
+namespace {
+
+// All registers with all their tries: a serial try is over in two and a half seconds, one over the network in
+// six.
+constexpr double longestSerial = 33 * (2 + 10) * 2.5 + 20;
+constexpr double longestNetwork = 33 * (4 + 10) * 6.0 + 20;
+
+std::vector<MemoField> allRecords() {
+  std::vector<MemoField> all;
+  for (int record = 0; record < MemoArray::count; ++record) all.push_back(Memo[record]);
+  return all;
+}
+
+class CellBench : public NetworkBench {
+ public:
+  CellBench(Body body, Direction direction) : body_(body), direction_(direction) {
+    host.toleratesBoxes = true;
+    if (isWrite()) chooseSetup();
+    if (!isWrite()) holdSetup();
+    chooseWay(body == Body::serial);
+  }
+
+  RunOutcome run(const ListedFault* fault, int step) {
+    fault_ = fault;
+    step_ = step;
+    listenForSteps();
+    outcome_.before = registersOf(talkedTo());
+    outcome_.recordsBefore = allRecords();
+    const double start = host.clock;
+    if (isWrite()) runWrite();
+    if (!isWrite()) runRead();
+    outcome_.seconds = host.clock - start;
+    outcome_.limit = body_ == Body::serial ? longestSerial : longestNetwork;
+    outcome_.ended = cameToItsEnd();
+    outcome_.after = registersOf(talkedTo());
+    outcome_.records = allRecords();
+    outcome_.writes = talkedTo().count("W");
+    outcome_.boxes = boxTexts();
+    return outcome_;
+  }
+
+ private:
+  void TestBody() override {}
+
+  bool isWrite() const { return direction_ == Direction::write; }
+  sim::Unit& talkedTo() { return body_ == Body::serial ? unit : remote; }
+
+  void holdSetup() {
+    for (const auto& [reg, value] : payloadsOfSetup(kind::fullController)) {
+      if (reg != "1F" && reg != "21") talkedTo().setRegister(reg, value);
+    }
+  }
+
+  void listenForSteps() {
+    auto& status_ = window().lblStatus;
+    auto& percent = window().lblPercent;
+    status_.onRedraw = [this, &status_, narrate = status_.onRedraw] {
+      narrate();
+      hear(status_.caption());
+    };
+    percent.onRedraw = [this, &percent, narrate = percent.onRedraw] {
+      narrate();
+      if (percent.caption() == "78%") stepBegins(24);
+    };
+  }
+
+  std::string labelOf(const PlanRow& row) const {
+    if (body_ == Body::network && row.step == 2)
+      return isWrite() ? "Configuring SetPoint 1...\r" : "Reading SetPoint 1...\r";
+    return std::string(isWrite() ? row.writeLabel : row.readLabel) + "\r";
+  }
+
+  // The label of the next row begins it; what is said behind the label, and behind the payload, is its
+  // outcome.
+  void hear(const std::string& caption) {
+    while (next_ < runPlan().size() && *runPlan()[next_].reg == 0) ++next_;
+    if (next_ < runPlan().size() && caption == labelOf(runPlan()[next_])) {
+      said_ = 0;
+      label_ = caption;
+      rowBegins(next_++);
+      return;
+    }
+    if (next_ == 0 || !caption.starts_with(label_) || ++said_ != (isWrite() ? 2 : 1)) return;
+    const std::size_t cut = isWrite() ? caption.rfind('\r') + 1 : label_.size();
+    outcome_.told[next_ - 1] = caption.substr(cut);
+  }
+
+  void rowBegins(std::size_t row) {
+    const int step = runPlan()[row].step;
+    if (row > 0 && runPlan()[row - 1].step == step) return;
+    stepBegins(step);
+  }
+
+  void stepBegins(int step) {
+    if (fault_ == nullptr) return;
+    FaultScene scene{host, talkedTo(), bridge, registerOf(step)};
+    if (step == step_) fault_->begins(scene);
+    if (step == step_ + 1 && fault_->passing) lift(scene);
+  }
+
+  static std::string registerOf(int step) {
+    const auto row = std::ranges::find(runPlan(), step, &PlanRow::step);
+    return *row->reg == 0 ? "00" : row->reg;
+  }
+
+  // A read over the network has unloaded the window by now.
+  bool cameToItsEnd() const {
+    const std::string words = body_ == Body::serial ? "Done\r"
+                              : isWrite()           ? " and Configuration Sent\r"
+                                                    : " and Configuration Read\r";
+    const auto size = narrative.lines.size();
+    const bool hidden = !isLoaded<frmSerial>() || !form<frmSerial>().visible();
+    return hidden && size > 2 && narrative.lines[size - 1] == "100%" &&
+           narrative.lines[size - 2].ends_with(words);
+  }
+
+  Body body_;
+  Direction direction_;
+  const ListedFault* fault_ = nullptr;
+  int step_ = 0;
+  std::size_t next_ = 0;  // row of the plan whose label comes next
+  int said_ = 0;          // texts behind the label of the present row
+  std::string label_;
+  RunOutcome outcome_;
+};
+
+std::uint32_t numberOf(const std::string& hex) {
+  return static_cast<std::uint32_t>(std::stoul(hex, nullptr, 16));
+}
+
+bool isTold(const RunOutcome& outcome, std::size_t row, const std::string& text) {
+  const auto found = outcome.told.find(row);
+  return found != outcome.told.end() && found->second == text;
+}
+
+std::string brokenByWrite(const RunOutcome& outcome, const RunOutcome& sound, const ListedFault& fault) {
+  for (std::size_t row = 0; row < runPlan().size(); ++row) {
+    const std::string reg = runPlan()[row].reg;
+    if (reg.empty()) continue;
+    const std::string& held = outcome.after.at(reg);
+    const bool isNew = held == sound.after.at(reg);
+    const bool isOld = held == outcome.before.at(reg);
+    if (!isNew && !isOld && !fault.turnsBits && !fault.forgesReplies)
+      return reg + " holds a third value, " + held;
+    if (isTold(outcome, row, "Success") && !isNew && !fault.forgesReplies)
+      return reg + " is told as done and holds " + held;
+  }
+  return "";
+}
+
+std::string brokenByRead(const RunOutcome& outcome, const RunOutcome& sound, const ListedFault& fault) {
+  if (outcome.writes > 0 || outcome.after != outcome.before) return "a read has changed the unit";
+  if (fault.forgesReplies) return "";
+  for (const auto& [row, text] : outcome.told) {
+    if (text != "Fail" && text != sound.told.at(row))
+      return std::string(runPlan()[row].reg) + " is told as " + text;
+  }
+  for (std::size_t record = 0; record < outcome.records.size(); ++record) {
+    const MemoField& held = outcome.records[record];
+    if (held != outcome.recordsBefore[record] && held != sound.records[record])
+      return "record " + std::to_string(record) + " holds a third value";
+  }
+  return "";
+}
+
+bool isForged(const RunOutcome& outcome, const RunOutcome& sound, Direction direction) {
+  static const ListedFault honest{};
+  return !(direction == Direction::write ? brokenByWrite(outcome, sound, honest)
+                                         : brokenByRead(outcome, sound, honest))
+              .empty();
+}
+
+}  // namespace
+
+RunOutcome runWith(const ListedFault* fault, int step, Body body, Direction direction) {
+  CellBench bench(body, direction);
+  return bench.run(fault, step);
+}
+
+char verdictOn(const RunOutcome& outcome, const RunOutcome& sound, int step, Direction direction) {
+  if (isForged(outcome, sound, direction)) return 'x';
+  if (outcome.told.size() < sound.told.size()) return 'S';
+  char verdict = '.';
+  for (const auto& [row, text] : outcome.told) {
+    if (text != "Fail") continue;
+    if (runPlan()[row].step != step) return 'F';
+    verdict = 'f';
+  }
+  return verdict;
+}
+
+std::string brokenRule(const RunOutcome& outcome, const RunOutcome& sound, const ListedFault& fault,
+                       Direction direction) {
+  if (!outcome.ended) return "the run did not come to its end";
+  if (outcome.seconds > outcome.limit) return "the run took too long";
+  const bool stopped = outcome.told.size() < sound.told.size();
+  if (stopped && outcome.boxes.empty()) return "the run stopped without a word";
+  return direction == Direction::write ? brokenByWrite(outcome, sound, fault)
+                                       : brokenByRead(outcome, sound, fault);
+}
