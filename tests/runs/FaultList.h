@@ -19,12 +19,17 @@ struct FaultScene {
 
 enum class Over { both, serial, network };
 
+// Runs in which a fault by itself leads to something that neither side holds: a register that takes another
+// value than the one that was sent, or a good reply that isn't the answer to the command.
+namespace forged {
+enum : unsigned { nothing = 0, serialWrite = 1, serialRead = 2, networkWrite = 4, networkRead = 8 };
+}
+
 struct ListedFault {
-  const char* name;    // as the table shows it
-  Over over;           // the bodies that it can meet
-  bool passing;        // lifted at the beginning of the next step
-  bool turnsBits;      // a register holds a third value by the fault itself
-  bool forgesReplies;  // a good reply is said that isn't the unit's answer to the command
+  const char* name;  // as the table shows it
+  Over over;         // the bodies that it can meet
+  bool passing;      // lifted at the beginning of the next step
+  unsigned forges;   // runs, see above
   void (*begins)(FaultScene& scene);
 };
 

@@ -13,6 +13,7 @@
 namespace {
 
 constexpr int fewCycles = 10;
+constexpr std::size_t fewForms = 6;  // main, splash, status, hardware, and two warnings
 
 struct SoakedUnit {
   int kind;
@@ -96,15 +97,13 @@ class Soak : public NetworkBench, public testing::WithParamInterface<SoakedUnit>
 };
 
 TEST_P(Soak, WritesAndReadsAsOnTheFirstDay) {
-  std::size_t forms = 0;
   for (int cycle = 0; cycle < cyclesWanted() && !HasFailure(); ++cycle) {
     SCOPED_TRACE(cycle);
     edit();
     expectWritten();
     expectRead();
     EXPECT_FALSE(form<frmSerial>().visible());
-    if (cycle == 0) forms = loadedForms().size();
-    EXPECT_EQ(loadedForms().size(), forms);
+    EXPECT_LE(loadedForms().size(), fewForms);
     EXPECT_TRUE(host.failures.empty());
     forget();
   }
