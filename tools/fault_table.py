@@ -1,15 +1,17 @@
 """Puts the verdicts of the fault matrix into docs/reliability.md, or, with --check, compares them with those there.
 
-usage: fault_table.py VERDICTS [--check ...]
+usage: fault_table.py FOLDER [--check]    the folder that FAULT_TABLES named
 """
+import pathlib
 import sys
 
 import reliability_page
 
+PARTS = ["WriteOverTheSerialLine", "ReadOverTheSerialLine", "WriteOverTheNetwork", "ReadOverTheNetwork"]
 
-def main(path, *flags):
-    with open(path, encoding="utf-8") as file:
-        lines = file.read().strip("\n").split("\n")
+
+def main(folder, *flags):
+    lines = "\n".join(pathlib.Path(folder, part).read_text() for part in PARTS).strip("\n").split("\n")
     if "--check" not in flags:
         reliability_page.replace("faults", lines)
         return 0

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Each fault of the list at each step of a run over each body: no run hangs, no register ends between its old
-// and its new value, nothing is told as done that isn't. FAULT_TABLE names a file that takes the table.
+// and its new value, nothing is told as done that isn't. FAULT_TABLES names a folder that takes the tables.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
-#include <iomanip>
 
 #include "tests/runs/FaultCell.h"
 
@@ -48,30 +47,36 @@ class FaultMatrix : public testing::TestWithParam<MatrixPart> {
   }
 };
 
-// Appends to the file that the environment names, if it names one.
-void note(const std::string& line) {
-  const char* const path = std::getenv("FAULT_TABLE");
-  if (path != nullptr) std::ofstream(path, std::ios::app) << line << "\n";
+std::string heading(const std::string& title) {
+  const std::string margin(42, ' ');
+  return "### " + title + "\n\n```\n" + margin + "0         1         2         3\n" +
+         "fault, from or during a step              0123456789012345678901234567890   longest\n";
+}
+
+std::string lineOf(std::string name, const std::string& verdicts, double longest) {
+  name.resize(42, ' ');
+  const std::string seconds = std::to_string(static_cast<int>(longest + 0.5));
+  return name + verdicts + std::string(8 - seconds.size(), ' ') + seconds + " s\n";
+}
+
+void store(const std::string& name, const std::string& table) {
+  const char* const folder = std::getenv("FAULT_TABLES");
+  if (folder != nullptr) std::ofstream(std::string(folder) + "/" + name) << table << "```\n";
 }
 
 TEST_P(FaultMatrix, IsWithinTheRules) {
   const RunOutcome sound = run(nullptr, 0);
   ASSERT_EQ(sound.told.size(), 33U);
   ASSERT_TRUE(sound.ended);
-  note("### " + std::string(GetParam().title) + "\n\n```\n" + std::string(42, ' ') +
-       "0         1         2         3\n" + "fault, from or during a step" + std::string(14, ' ') +
-       "0123456789012345678901234567890   longest");
+  std::string table = heading(GetParam().title);
   for (const ListedFault& fault : listedFaults()) {
     if (!meets(fault)) continue;
     const Row row = rowOf(fault, sound);
     // What is let off without need would hide a fault of the program.
     EXPECT_EQ(row.verdicts.find('x') != std::string::npos, mayForge(fault, sound)) << fault.name;
-    std::string name = fault.name;
-    name.resize(42, ' ');
-    std::string seconds = std::to_string(static_cast<int>(row.longest + 0.5));
-    note(name + row.verdicts + std::string(8 - seconds.size(), ' ') + seconds + " s");
+    table += lineOf(fault.name, row.verdicts, row.longest);
   }
-  note("```\n");
+  store(GetParam().name, table);
 }
 
 constexpr MatrixPart parts[] = {
