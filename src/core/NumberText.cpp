@@ -206,6 +206,7 @@ double Val(std::string_view text) {
 }
 
 std::int32_t hexValue(std::string_view hexText) {
+  hexText.remove_prefix(std::min(hexText.find_first_not_of('0'), hexText.size()));
   std::uint32_t bits = 0;
   for (char c : hexDigitsOf(hexText.substr(0, 8))) bits = bits << 4 | static_cast<std::uint32_t>(hexDigit(c));
   return static_cast<std::int32_t>(bits);

@@ -13,8 +13,8 @@
 // signed 32-bit one.
 double Val(std::string_view text);
 
-// The digits at the start of a hexadecimal text without "&H", up to eight, as 32 bits: "FFF6" is 65526; none
-// is 0.
+// The digits at the start of a hexadecimal text without "&H", up to eight behind any zeros, as 32 bits:
+// "FFF6" is 65526; none is 0. What was padded to any length thus keeps its value.
 std::int32_t hexValue(std::string_view hexText);
 // Upper case, as short as possible; a negative number in two's complement of its width.
 std::string hexText(std::int16_t value);  // two's complement of 16 bits: -10 is "FFF6"

@@ -99,7 +99,8 @@ TEST_F(GlobalTest, JoinsTheBitsOfTwoHexadecimalTexts) {
 
 TEST_F(GlobalTest, NeverCutsAResultAndNeverMakesItShorter) {
   EXPECT_EQ(orHex("1", "ABCDEF"), "ABCDEF");
-  EXPECT_EQ(maskHex("0000000001", -1), "0000000000");
+  EXPECT_EQ(maskHex("0000000001", -1), "0000000001") << "zeros in front count for the length alone";
+  EXPECT_EQ(orHex("24", maskHex("A003E8000000", ~0xBF)), "A003E824");
   EXPECT_EQ(maskHex("000000000012", 0), "000000000000");
 }
 

@@ -151,6 +151,9 @@ TEST(HexValue, TakesUpToEightDigitsAtTheStart) {
   EXPECT_EQ(hexValue("FFFFFFFF"), -1);
   EXPECT_EQ(hexValue("80000000"), std::numeric_limits<std::int32_t>::min());
   EXPECT_EQ(hexValue("123456789"), 0x12345678);
+  EXPECT_EQ(hexValue("000000A00340"), 0xA00340);
+  EXPECT_EQ(hexValue("000000000000"), 0);
+  EXPECT_EQ(hexValue("0000000000000123456789"), 0x12345678);
   EXPECT_EQ(hexValue("1FZ2"), 31);
   for (const char* none : {"", "G1", " 1", "-1", "?43", "&HFF", "\r"}) EXPECT_EQ(hexValue(none), 0) << none;
 }

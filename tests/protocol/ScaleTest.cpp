@@ -307,6 +307,17 @@ TEST_F(Scale, WhatIsNotFiniteIsAnOverflow) {
   EXPECT_THROW(makeAnalogOffset(), RuntimeError);
 }
 
+TEST_F(Scale, AnOverflowIsToldByNameAndNumber) {
+  readingLine("0", "-1E308", "1", "1E308");
+  try {
+    makeRdScale();
+    FAIL() << "an overflow passes";
+  } catch (const RuntimeError& error) {
+    EXPECT_STREQ(error.what(), "Overflow");
+    EXPECT_EQ(error.number, 6);
+  }
+}
+
 TEST_F(Scale, TextsWithoutNumbersCountAsZero) {
   readingLine("x", "y", "1", "2");
   EXPECT_EQ(makeRdScale().payload, "630D40");

@@ -283,4 +283,15 @@ TEST_F(DecodersLine, WhatIsNotFiniteIsAnOverflow) {
   EXPECT_THROW(parseRdOffset("R0361E848"), RuntimeError);
 }
 
+TEST_F(DecodersLine, AnOverflowIsToldByNameAndNumber) {
+  readingFrom("1E999", "1000");
+  try {
+    parseRdOffset("R0361E848");
+    FAIL() << "an overflow passes";
+  } catch (const RuntimeError& error) {
+    EXPECT_STREQ(error.what(), "Overflow");
+    EXPECT_EQ(error.number, 6);
+  }
+}
+
 }  // namespace
