@@ -19,6 +19,7 @@
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
 #include "platform/qt/HelpWindow.h"
+#include "platform/qt/Outlines.h"
 #include "protocol/frmSerial.h"
 #include "session/Look.h"
 #include "session/ScriptedHost.h"
@@ -109,13 +110,13 @@ void picturePreferences(ScriptedHost& user) {
     picture(form<frmPreferences>(), "preferences");
     click(user, form<frmPreferences>(), "cmdOk");
   });
-  user.whenShown("frmBigFolder", [&user] {
-    user.whenShown("frmTimedMessage", [&user] {
-      picture(form<frmTimedMessage>(), "notification");
-      click(user, form<frmTimedMessage>(), "OKButton");
-    });
+  user.whenShown("frmBigFolder", [] {
     form<frmTimedMessage>().message = "Unable to establish network connection";
     form<frmTimedMessage>().showModal();
+  });
+  user.whenShown("frmTimedMessage", [&user] {
+    picture(form<frmTimedMessage>(), "notification");
+    click(user, form<frmTimedMessage>(), "OKButton");
   });
 }
 
@@ -242,6 +243,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName(program::title);
   QApplication::setOrganizationName(program::company);
+  takeOutlines();
   if (argc < 2 || !QDir().mkpath(QString::fromLocal8Bit(argv[1]))) {
     std::fputs("usage: demo-session FOLDER\n", stderr);
     return 2;
