@@ -199,6 +199,7 @@ TEST_F(ConfigFile, TakesAsManyBytesOfBaseModelAsThereAreCharactersInMemory) {
       {"a longer one in the file", "123", "Rkv16" + state, "Rk"},
       {"one that begins with a zero byte", "123", std::string("\x00\x41\x42", 3) + state,
        std::string("\0AB", 3)},
+      {"one character and a zero byte", "123", std::string("A\x00\x42", 3) + state, "A"},
       {"a single character", "1", "R" + state, "R"},
       {"none", "", "Rkv16" + state, ""},
   };

@@ -38,6 +38,8 @@ struct Talk {
   std::size_t commands;
 };
 
+std::ostream& operator<<(std::ostream& out, const Talk& talk) { return out << talk.what; }
+
 class Reading : public Registers, public ::testing::WithParamInterface<Talk> {};
 
 TEST_P(Reading, AsksAtMostThreeTimes) {

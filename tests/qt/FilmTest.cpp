@@ -14,7 +14,7 @@
 
 namespace {
 
-const QDir assets(QFileInfo(__FILE__).dir().filePath("../../assets"));
+const QDir assets(ASSETS);
 
 QByteArray number(std::uint32_t value) {
   QByteArray bytes(4, '\0');

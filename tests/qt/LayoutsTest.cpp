@@ -48,9 +48,9 @@ class LayoutsTest : public QtTest {
   std::shared_ptr<Form> form_ = std::make_shared<Kind>();
 };
 
-using ProgramForms = testing::Types<frmBigFolder, frmHardware, frmRead, frmWrite, frmSerial, frmSplash,
-                                    frmWarning, frmCommModeWarning, frmPreferences, frmTimedMessage,
-                                    frmWizard>;
+using ProgramForms =
+    testing::Types<frmBigFolder, frmHardware, frmRead, frmWrite, frmSerial, frmSplash, frmWarning,
+                   frmCommModeWarning, frmPreferences, frmTimedMessage, frmWizard>;
 TYPED_TEST_SUITE(LayoutsTest, ProgramForms);
 
 TYPED_TEST(LayoutsTest, FitsItsForm) {

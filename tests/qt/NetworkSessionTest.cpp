@@ -17,6 +17,7 @@
 #include "protocol/frmSerial.h"
 #include "session/ScriptedHost.h"
 #include "sim/TcpServer.h"
+#include "wizard/frmWizard.h"
 
 namespace {
 
@@ -99,6 +100,25 @@ TEST_F(NetworkSession, ASecondWriteSendsNothing) {
   writeToUnit();
   EXPECT_EQ(server.with([&] { return unit.count("W"); }), 0U);
   EXPECT_GE(server.with([&] { return unit.count("R"); }), 30U);
+}
+
+TEST_F(NetworkSession, TheWizardTestsTheBridgeAndTheUnitBehindIt) {
+  clickTab(*user, editor(), "tabBig", 11);
+  std::string verdict;
+  user->whenShown("frmWizard", [&] {
+    auto& wizard = form<frmWizard>();
+    for (int turned = 0; turned < 3; ++turned) click(*user, wizard, "cmdNext");
+    verdict = wizard.lblCaption.caption();
+    EXPECT_EQ(wizard.cmdNext.caption(), "Finish");
+    click(*user, wizard, "cmdNext");
+  });
+  click(*user, editor(), "cmdAutoDetect");
+  EXPECT_EQ(verdict,
+            "The connection with the web server was done\rFound device connected to the web server\r"
+            "Found the Torvane device\rTorvane Temperature Meter");
+  EXPECT_FALSE(isLoaded<frmWizard>());
+  EXPECT_EQ(server.with([&] { return unit.count("U01"); }), 1U);
+  EXPECT_TRUE(user->boxes.empty());
 }
 
 TEST_F(NetworkSession, ABridgeThatIsNotThereIsToldAndTheProgramStaysAlive) {

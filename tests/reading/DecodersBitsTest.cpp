@@ -245,7 +245,7 @@ TEST_F(DecodersBits, Output2HoldsAlarm2sSetupInTheSimpleMenuOnly) {
 }
 
 TEST_F(DecodersBits, MiscellaneousHoldsTheLevelOfProtection) {
-  const Expectation levels[] = {{0x00, 0}, {0x04, 1}, {0x08, 2}};
+  const Expectation levels[] = {{0x00, 0}, {0x04, 1}, {0x08, 2}, {0xF3, 0}};
   for (const auto& [v, level] : levels) {
     parseMiscellaneous(reply(v));
     expectFlags(rec::optIDCode, 3, level);
@@ -254,6 +254,18 @@ TEST_F(DecodersBits, MiscellaneousHoldsTheLevelOfProtection) {
   EXPECT_EQ(Memo[rec::optIDCode].flag, False);
   EXPECT_EQ(Memo[rec::optIDCode + 1].flag, True);
   EXPECT_EQ(Memo[rec::optIDCode + 2].flag, True);
+}
+
+// The options are stored as a row of flags; what stands behind the row is another control's.
+TEST_F(DecodersBits, OptionsEndWithTheirLast) {
+  Memo[rec::lstTCTypes].flag = 77;
+  Memo[rec::cboTUnit].flag = 77;
+  for (int v = 0; v < 8; ++v) {
+    parseInput(reply(v));
+    parseRdgCnfg(reply(v));
+  }
+  EXPECT_EQ(Memo[rec::lstTCTypes].flag, 77);
+  EXPECT_EQ(Memo[rec::cboTUnit].flag, 77);
 }
 
 TEST_F(DecodersBits, MiscellaneousTicksItsBoxesWithMinusOne) {

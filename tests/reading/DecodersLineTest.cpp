@@ -185,8 +185,8 @@ TEST_F(DecodersLine, FallingReadingFromBelowZeroTakesTheWholeRange) {
 
 TEST_F(DecodersLine, SecondReadingStartsWithinTheDisplay) {
   const std::pair<const char*, const char*> starts[] = {
-      {"0", "9999"}, {"0000", "9999"}, {"-5", "9999"},    {"12000", "9999"},
-      {"", "9999"},  {"none", "9999"}, {"1E300", "9999"}, {"500", "0500"},
+      {"0", "9999"},    {"0000", "9999"},  {"-5", "9999"},  {"12000", "9999"}, {"", "9999"},
+      {"none", "9999"}, {"1E300", "9999"}, {"500", "0500"}, {"1", "0001"},
   };
   for (const auto& [before, after] : starts) {
     readingFrom("1", before);
@@ -254,6 +254,9 @@ TEST_F(DecodersLine, SecondOutputStartsWithinItsRange) {
     analogFrom("0.01", "7.25");
     parseAnalogOffset("R04700000");
     EXPECT_EQ(Memo[rec::txtAOutOut2].text, "7.25");
+    analogFrom("0.01", "0.5");
+    parseAnalogOffset("R04700000");
+    EXPECT_EQ(Memo[rec::txtAOutOut2].text, "0.5");
   }
 }
 

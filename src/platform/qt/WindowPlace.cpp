@@ -46,7 +46,7 @@ std::optional<WindowPlace> savedPlace(const QtSettings& settings) {
   const auto top = number(settings, "Top");
   const auto width = number(settings, "Width");
   const auto height = number(settings, "Height");
-  if (!left || !top || width.value_or(0) < 1 || height.value_or(0) < 1) return std::nullopt;
+  if (!left || !top || !width || !height || *width < 1 || *height < 1) return std::nullopt;
   return WindowPlace{QRect(*left, *top, *width, *height), number(settings, "Maximized") == 1};
 }
 

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+// One cell of the matrix: a whole run, which one fault meets at one step, and what came of it.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "core/Memo.h"
+#include "tests/runs/FaultList.h"
+#include "tests/support/RunPlan.h"
+
+enum class Body { serial, network };
+enum class Direction { write, read };
+
+inline constexpr int everyStep = 31;
+
+struct RunOutcome {
+  Body body = Body::serial;
+  Direction direction = Direction::write;
+  double seconds = 0;                       // of virtual time
+  bool ended = false;                       // the last words were said, the bar is full, the window is hidden
+  std::map<std::size_t, std::string> told;  // by row of the plan: "Success", "Fail", what was read
+  Payloads before;                          // what the unit held
+  Payloads after;
+  std::vector<MemoField> recordsBefore;
+  std::vector<MemoField> records;
+  std::size_t writes = 0;  // commands that change a register
+  Lines boxes;
+};
+
+// A run of a full controller; null: nothing is wrong.
+RunOutcome runWith(const ListedFault* fault, int step, Body body, Direction direction);
+
+// How a run has come through, beside one with which nothing was wrong, as the table shows it.
+//   .  nothing is lost
+//   f  the step fails alone, and is told
+//   F  later steps fail too, and are told; the run goes through its whole plan
+//   S  the run stops with a message
+//   x  a register or a record holds what neither side had
+char verdictOn(const RunOutcome& outcome, const RunOutcome& sound, int step);
+
+// What breaks the rules in a run, in words; empty when nothing does. The rules: it ends, in bounded time, and
+// tells when it stops early; a read changes nothing in the unit; every register and every record holds its
+// old or its new value; what is told as done is done. The last three are lifted where the fault itself
+// forges.
+std::string brokenRule(const RunOutcome& outcome, const RunOutcome& sound, const ListedFault& fault);
+
+// Whether the list says that this fault may lead to what neither side had in such a run.
+bool mayForge(const ListedFault& fault, const RunOutcome& outcome);

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+// Each fault of the list at each step of a run over each body: no run hangs, no register ends between its old
+// and its new value, nothing is told as done that isn't. FAULT_TABLES names a folder that takes the tables.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+
+#include "tests/runs/FaultCell.h"
+
+namespace {
+
+struct MatrixPart {
+  const char* name;
+  const char* title;
+  Body body;
+  Direction direction;
+};
+
+void PrintTo(const MatrixPart& part, std::ostream* out) { *out << part.name; }
+
+class FaultMatrix : public testing::TestWithParam<MatrixPart> {
+ protected:
+  static bool meets(const ListedFault& fault) {
+    return fault.over == Over::both || (fault.over == Over::serial) == (GetParam().body == Body::serial);
+  }
+
+  RunOutcome run(const ListedFault* fault, int step) const {
+    return runWith(fault, step, GetParam().body, GetParam().direction);
+  }
+
+  // The letters of the steps, and the longest run in seconds.
+  struct Row {
+    std::string verdicts;
+    double longest = 0;
+  };
+  Row rowOf(const ListedFault& fault, const RunOutcome& sound) const {
+    Row row;
+    for (int step = 0; step < everyStep; ++step) {
+      const RunOutcome outcome = run(&fault, step);
+      EXPECT_EQ(brokenRule(outcome, sound, fault), "") << fault.name << " at step " << step;
+      row.verdicts += verdictOn(outcome, sound, step);
+      row.longest = std::max(row.longest, outcome.seconds);
+    }
+    return row;
+  }
+};
+
+std::string heading(const std::string& title) {
+  const std::string margin(42, ' ');
+  return "### " + title + "\n\n```\n" + margin + "0         1         2         3\n" +
+         "fault, from or during a step              0123456789012345678901234567890   longest\n";
+}
+
+std::string lineOf(std::string name, const std::string& verdicts, double longest) {
+  name.resize(42, ' ');
+  const std::string seconds = std::to_string(static_cast<int>(longest + 0.5));
+  return name + verdicts + std::string(8 - seconds.size(), ' ') + seconds + " s\n";
+}
+
+void store(const std::string& name, const std::string& table) {
+  const char* const folder = std::getenv("FAULT_TABLES");
+  if (folder != nullptr) std::ofstream(std::string(folder) + "/" + name) << table << "```\n";
+}
+
+TEST_P(FaultMatrix, IsWithinTheRules) {
+  const RunOutcome sound = run(nullptr, 0);
+  ASSERT_EQ(sound.told.size(), 33U);
+  ASSERT_TRUE(sound.ended);
+  std::string table = heading(GetParam().title);
+  for (const ListedFault& fault : listedFaults()) {
+    if (!meets(fault)) continue;
+    const Row row = rowOf(fault, sound);
+    // What is let off without need would hide a fault of the program.
+    EXPECT_EQ(row.verdicts.find('x') != std::string::npos, mayForge(fault, sound)) << fault.name;
+    table += lineOf(fault.name, row.verdicts, row.longest);
+  }
+  store(GetParam().name, table);
+}
+
+constexpr MatrixPart parts[] = {
+    {"WriteOverTheSerialLine", "A write over the serial line", Body::serial, Direction::write},
+    {"ReadOverTheSerialLine", "A read over the serial line", Body::serial, Direction::read},
+    {"WriteOverTheNetwork", "A write over the network", Body::network, Direction::write},
+    {"ReadOverTheNetwork", "A read over the network", Body::network, Direction::read},
+};
+
+INSTANTIATE_TEST_SUITE_P(Of, FaultMatrix, testing::ValuesIn(parts),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+}  // namespace
