@@ -5,12 +5,14 @@
 
 #include "core/Program.h"
 #include "editor/frmBigFolder.h"
+#include "platform/qt/Outlines.h"
 #include "platform/qt/QtHost.h"
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName(program::title);
   QApplication::setOrganizationName(program::company);
+  takeOutlines();
   QApplication::setWindowIcon(QIcon(":/pictures/app.svg"));
   QtHost machine;
   setHost(&machine);

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The life of windows: showing, modal or not, closing, keys, places.
 #include <QImage>
+#include <QLabel>
 #include <QScreen>
 #include <QTemporaryDir>
+#include <QVBoxLayout>
 #include <QWindow>
 
 #include "platform/qt/Bindings.h"
@@ -184,6 +186,35 @@ TEST_F(WindowTest, Centres) {
   const QPoint off =
       host_.window(test).geometry().center() - host_.window(test).screen()->availableGeometry().center();
   EXPECT_LE(off.manhattanLength(), 16);  // but for the frame, which is not known before
+}
+
+TEST_F(WindowTest, HasRoomForTextsThatCameBehindItsCentring) {
+  layouts().back().build = [](QWidget& window) {
+    buildOther(window);
+    auto* text = new QLabel(&window);
+    text->setObjectName("text_long");
+    text->setWordWrap(true);
+    auto* column = new QVBoxLayout(&window);
+    column->addWidget(text);
+    column->addWidget(window.findChild<QPushButton*>());
+  };
+  auto& other = form<OtherForm>();
+  other.centre();
+  auto& text = *host_.window(other).findChild<QLabel*>("text_long");
+  text.setText(QStringLiteral("word ").repeated(100));
+  other.show();
+  host_.yield();
+  EXPECT_GE(text.height(), text.heightForWidth(text.width()));
+}
+
+TEST_F(WindowTest, AWindowThatTheUserHasMovedStaysThere) {
+  auto& test = form<TestForm>();
+  test.centre();
+  test.show();
+  host_.window(test).move(31, 17);
+  test.hide();
+  test.show();
+  EXPECT_EQ(host_.window(test).pos(), QPoint(31, 17));
 }
 
 TEST_F(WindowTest, ASplashHasNoFrame) {

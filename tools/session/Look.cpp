@@ -52,6 +52,5 @@ void takeLook(const QString& name) {
   for (const Shade& shade : disabled) {
     palette.setColor(QPalette::Disabled, shade.role, QColor(dark ? shade.dark : shade.contrast));
   }
-  QApplication::setStyle("Fusion");
   QApplication::setPalette(palette);
 }

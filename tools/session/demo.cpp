@@ -19,6 +19,7 @@
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
 #include "platform/qt/HelpWindow.h"
+#include "platform/qt/Outlines.h"
 #include "protocol/frmSerial.h"
 #include "session/Look.h"
 #include "session/ScriptedHost.h"
@@ -242,6 +243,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName(program::title);
   QApplication::setOrganizationName(program::company);
+  takeOutlines();
   if (argc < 2 || !QDir().mkpath(QString::fromLocal8Bit(argv[1]))) {
     std::fputs("usage: demo-session FOLDER\n", stderr);
     return 2;

@@ -11,6 +11,7 @@
 #include <QWindow>
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 #include "platform/qt/Binder.h"
 #include "platform/qt/Binding.h"
@@ -59,6 +60,7 @@ void FormWindow::release() {
 void FormWindow::showOver(QWidget* below, bool modal, bool takesKeyboard) {
   const bool beside = property("beside").toBool();
   setFirstSize();
+  if (std::exchange(centreDue_, false)) moveToCentre();
   setAttribute(Qt::WA_ShowWithoutActivating, beside || !takesKeyboard);
   setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
   if (modal) setWindowFlag(Qt::Dialog);
@@ -75,7 +77,10 @@ void FormWindow::setFirstSize() {
   if (sized_) return;
   sized_ = true;
   if (takeFormerPlace()) return;
-  resize(sizeHint().expandedTo(minimumSizeHint()).boundedTo(screen()->availableSize()));
+  QSize size = sizeHint().expandedTo(minimumSizeHint());
+  // Texts that are broken into lines ask for their height only when they are told their width.
+  if (hasHeightForWidth()) size.setHeight(std::max(size.height(), heightForWidth(size.width())));
+  resize(size.boundedTo(screen()->availableSize()));
 }
 
 // The frame is not known before the window is shown; but for a title it is thin.
@@ -98,9 +103,14 @@ void FormWindow::placeOver(QWidget* below) {
 }
 
 void FormWindow::centre() {
-  setFirstSize();
-  if (former_) return;
   centred_ = true;
+  centreDue_ = !isVisible();
+  if (!centreDue_) moveToCentre();
+}
+
+// A window that is not on show yet is sized, and so placed, when it has all of its texts.
+void FormWindow::moveToCentre() {
+  if (former_) return;
   move(screen()->availableGeometry().center() - rect().center());
 }
 

@@ -35,6 +35,7 @@ class FormWindow : public QWidget {
  private:
   void setFirstSize();
   bool takeFormerPlace();
+  void moveToCentre();
   void placeOver(QWidget* below);
   QPushButton* buttonForEnter() const;
   void tell(void (Form::*what)());
@@ -43,6 +44,7 @@ class FormWindow : public QWidget {
   QtSettings& settings_;
   bool sized_ = false;
   bool centred_ = false;
+  bool centreDue_ = false;
   bool former_ = false;  // stands where it stood in the run before
 };
 

@@ -1,0 +1,7 @@
+// SPDX-License-Identifier: MIT
+// Lines around boxes and buttons that can be seen on a dark ground.
+#pragma once
+
+// The toolkit's own style draws its lines darker than the ground: on a black one there are none. Behind this
+// call it draws them anew in the colour of the text wherever the ground is dark. Other styles are left alone.
+void takeOutlines();
