@@ -171,6 +171,12 @@ TEST_F(DecodersLine, FallingReadingFromAboveZeroEndsWhereItCrossesZero) {
   expectReading({"0000", "0010", "0020", "1000"});
 }
 
+TEST_F(DecodersLine, FallingReadingFromJustAboveZeroEndsWhereItCrossesZero) {
+  readingFrom("-0.01", "1000");
+  EXPECT_EQ(parseRdOffset("R03300005"), "0.5");
+  expectReading({"0000", "0001", "0050", "1000"});
+}
+
 TEST_F(DecodersLine, FallingReadingIsLimitedAtBothPoints) {
   readingFrom("-0.5", "1000");
   EXPECT_EQ(parseRdOffset("R03130D40"), "2000000");

@@ -2,6 +2,7 @@
 // Real writes and reads in real time in one life of the program: the windows, a pseudo terminal, a socket.
 // Watches that memory and open files stay level. Usage: soak-session CYCLES, which are done over each of the
 // two ways.
+#include <malloc.h>
 #include <QApplication>
 #include <QTemporaryDir>
 #include <algorithm>
@@ -9,6 +10,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -31,11 +33,12 @@ constexpr long levelMemory = 2048;  // kilobytes by which the last cycle may exc
 // What the system says of this process.
 struct Use {
   long memory;  // kilobytes in place (VmRSS)
+  long heap;    // kilobytes of it that the program has asked for and not given back
   long files;   // open
 };
 
 Use use() {
-  Use now{0, 0};
+  Use now{0, static_cast<long>(mallinfo2().uordblks / 1024), 0};
   std::ifstream status("/proc/self/status");
   for (std::string word; status >> word;) {
     if (word == "VmRSS:") status >> now.memory;
@@ -122,15 +125,18 @@ class SoakSession {
   int port_;
 };
 
-// Level: no more files than behind the first cycles of this way, and next to no more memory.
-bool level(const char* way, const std::vector<Use>& uses) {
-  const auto settled = uses.begin() + std::min<std::ptrdiff_t>(2, std::ssize(uses) - 1);
-  const bool files =
-      std::all_of(settled, uses.end(), [&](const Use& each) { return each.files <= settled->files + 1; }) &&
-      uses.back().files <= settled->files;
-  const bool memory = uses.back().memory <= settled->memory + levelMemory;
-  std::printf("%s: memory %ld KB then, %ld KB now; files %ld then, %ld now: %s\n", way, settled->memory,
-              uses.back().memory, settled->files, uses.back().files, files && memory ? "level" : "NOT LEVEL");
+// Most open files in a part of the cycles: one file more or less depends on what has just been closed.
+long mostFiles(std::span<const Use> uses) { return std::ranges::max(uses, {}, &Use::files).files; }
+
+// Level: no more files than in the first cycles of this way, and next to no more memory.
+bool level(const char* way, std::span<const Use> uses) {
+  const std::size_t first = std::min<std::size_t>(5, uses.size());
+  const Use& settled = uses[std::min<std::size_t>(2, uses.size() - 1)];
+  const bool files = mostFiles(uses.last(first)) <= mostFiles(uses.first(first));
+  const bool memory = uses.back().memory <= settled.memory + levelMemory;
+  std::printf("%s: memory %ld KB then, %ld KB now; files %ld then, %ld now: %s\n", way, settled.memory,
+              uses.back().memory, mostFiles(uses.first(first)), mostFiles(uses.last(first)),
+              files && memory ? "level" : "NOT LEVEL");
   return files && memory;
 }
 
@@ -145,8 +151,8 @@ bool cycleOver(Way& way, SoakSession& session, int number) {
   const bool sound = session.cycle(number, way.serial);
   const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
   way.uses.push_back(use());
-  std::printf("%3d %-7s %5.1f s  %6ld KB  %3ld files  %s\n", number, way.name, took.count(),
-              way.uses.back().memory, way.uses.back().files, sound ? "ok" : "FAILED");
+  std::printf("%3d %-7s %5.1f s  %6ld KB, %ld KB in use  %3ld files  %s\n", number, way.name, took.count(),
+              way.uses.back().memory, way.uses.back().heap, way.uses.back().files, sound ? "ok" : "FAILED");
   std::fflush(stdout);
   return sound;
 }
