@@ -115,7 +115,7 @@ DecimalParts takeApart(const std::string& text, bool belowZero) {
       parts.exponent = toInt16(Val(text.substr(i + 1, 3)));
       if (!pointSeen) parts.point = static_cast<int>(parts.digits.size());
       break;
-    } else if (c != ' ') {
+    } else {
       parts.digits += c;
     }
   }

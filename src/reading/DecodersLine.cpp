@@ -6,7 +6,6 @@
 #include "core/Memo.h"
 #include "core/Model.h"
 #include "core/NumberText.h"
-#include "platform/RuntimeError.h"
 #include "protocol/Scale.h"
 #include "reading/Decoders.h"
 #include "reading/DecodersPayload.h"
@@ -22,11 +21,6 @@ struct Points {
   double x2 = 0;
   double y2 = 0;
 };
-
-double checked(double number) {
-  if (!std::isfinite(number)) throw RuntimeError(Fault::overflow, "Overflow");
-  return number;
-}
 
 double scaleIn(const std::string& payload, int power) {
   const double magnitude = (numberOfPayload(payload) & 0x7FFFF) / std::pow(10.0, power);
@@ -103,7 +97,7 @@ struct Rebuild {
 };
 
 void store(int record, double number, const char* picture) {
-  Memo[record].text = formatNumber(checked(number), picture);
+  Memo[record].text = formatNumber(number, picture);
 }
 
 }  // namespace

@@ -99,6 +99,13 @@ TEST_F(DecodersBits, LargerRTDCodesLeaveTheWires) {
   EXPECT_EQ(Memo[rec::cboRTDWires].value, 2);
 }
 
+TEST_F(DecodersBits, ResistanceIsTheHighestTwoBits) {
+  for (const int resistance : {0, 1, 2, 3}) {
+    parseInput(reply(1 + 15 * 4 + resistance * 64));
+    EXPECT_EQ(Memo[rec::cboRTDValue].value, resistance);
+  }
+}
+
 TEST_F(DecodersBits, RTDCodeIsFourBitsWideAndSharesTwoWithTheResistance) {
   Memo[rec::cboRTDWires].value = 2;
   expectValues(parseInput, "41", {{rec::cboRTDValue, 1}, {rec::cboRTDCurves, 1}, {rec::cboRTDWires, 0}});

@@ -177,6 +177,12 @@ TEST_F(DecodersLine, FallingReadingFromJustAboveZeroEndsWhereItCrossesZero) {
   expectReading({"0000", "0001", "0050", "1000"});
 }
 
+TEST_F(DecodersLine, FallingReadingFromZeroIsOnePoint) {
+  readingFrom("-0.5", "1000");
+  EXPECT_EQ(parseRdOffset("R03200000"), "0");
+  expectReading({"0000", "0000", "0000", "1000"});
+}
+
 TEST_F(DecodersLine, FallingReadingIsLimitedAtBothPoints) {
   readingFrom("-0.5", "1000");
   EXPECT_EQ(parseRdOffset("R03130D40"), "2000000");

@@ -195,6 +195,12 @@ TEST_F(Detection, ShortensNoReplyOfOneCharacter) {
   EXPECT_EQ(detection.response, "1");
 }
 
+TEST_F(Detection, TakesTwoCharactersForTheAddressAlone) {
+  echo("11X0123.5");
+  EXPECT_EQ(answer("11"), -2);
+  EXPECT_EQ(detection.response, "");
+}
+
 TEST_F(Detection, FitsNoUnitToSilence) {
   echo("X0123.5");
   EXPECT_EQ(answer("TimeOut\r"), -2);

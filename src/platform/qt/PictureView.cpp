@@ -5,6 +5,7 @@
 #include <QEvent>
 #include <QFile>
 #include <QPainter>
+#include <QPixmapCache>
 #include <QSvgRenderer>
 
 namespace {
@@ -31,6 +32,17 @@ QPixmap draw(const QByteArray& svg, QSize size, qreal ratio) {
   renderer.setAspectRatioMode(Qt::KeepAspectRatio);
   QPainter painter(&pixmap);
   renderer.render(&painter, QRectF(QPointF(0, 0), QSizeF(size)));
+  return pixmap;
+}
+
+// The same pixmap for the same icon: the toolkit caches icons by pixmap, so a new one for each window that
+// comes would leave a copy behind.
+QPixmap drawnOnce(const QByteArray& svg, QSize size, qreal ratio) {
+  const QString key = QStringLiteral("%1 %2 %3").arg(QString::fromLatin1(svg)).arg(size.width()).arg(ratio);
+  QPixmap pixmap;
+  if (QPixmapCache::find(key, &pixmap)) return pixmap;
+  pixmap = draw(svg, size, ratio);
+  QPixmapCache::insert(key, pixmap);
   return pixmap;
 }
 
@@ -107,5 +119,5 @@ void ButtonPicture::draw() {
   const int height = button_.fontMetrics().height() * 3 / 2;
   const QSize size(height, height);
   button_.setIconSize(size);
-  button_.setIcon(QIcon(::draw(svg, size, button_.devicePixelRatioF())));
+  button_.setIcon(QIcon(drawnOnce(svg, size, button_.devicePixelRatioF())));
 }
