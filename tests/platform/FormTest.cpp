@@ -316,6 +316,16 @@ TEST_F(FormTest, EndsTheProgramOnAnErrorInADelayedUnload) {
   EXPECT_THAT(host.failures, ElementsAre("Overflow"));
 }
 
+TEST_F(FormTest, EndsTheProgramOnAnErrorInATick) {
+  struct Ticking : Form {
+    Ticking() : Form("Ticking", "") { timer.onTimer = overflow; }
+    Timer timer{*this, 0};
+  };
+  host.user = {[] {}, [] { form<Ticking>().hide(); }};
+  form<Ticking>().showModal();
+  EXPECT_THAT(host.failures, ElementsAre("Overflow"));
+}
+
 TEST_F(FormTest, CanStillBeUnloadedAfterAnErrorInItsUnload) {
   form<A>().onUnload = overflow;
   EXPECT_THROW(unload<A>(), RuntimeError);
