@@ -104,19 +104,19 @@ void frmHardware::writeDescription() {
       "your unit's.");
 }
 
-// The row that the part number names wins over the one remembered, which a file knows nothing of.
+// The row that the part number names wins over the one remembered, which a file knows nothing of, and over
+// the default.
 void frmHardware::showModel() {
   ready_ = true;
+  const bool named = cboModel.listIndex() >= 0;
   if (DeviceState.ModelIndex >= 0) {
-    if (cboModel.listIndex() < 0) cboModel.setListIndex(DeviceState.ModelIndex);
+    if (!named) cboModel.setListIndex(DeviceState.ModelIndex);
     cboModel.setText(makeModel());
   }
   chkMonitor.setValue(Memo[rec::monitorOnly].value);
-  if (DeviceState.DeviceClass < 0 && cboModel.listCount() > defaultRow) {
-    cboModel.setListIndex(defaultRow);
-    BaseModel = cboModel.list(defaultRow);
-    family_ = familyCode(BaseModel);
-  }
+  if (DeviceState.DeviceClass >= 0) return;
+  if (!named) cboModel.setListIndex(defaultRow);
+  family_ = familyCode(cboModel.list(cboModel.listIndex()));
 }
 
 void frmHardware::selectListedModel() {
@@ -138,8 +138,13 @@ void frmHardware::showFactoryFit() {
   showNumber();
 }
 
+// A name that no model has, as a file may leave one behind, gives way to the default where nothing tells what
+// the unit is.
 void frmHardware::Form_Activate() {
   beforeShowing_ = {DeviceState.IsRkw77, DeviceState.ModelIndex, BaseModel};
+  if (DeviceState.DeviceClass >= 0 || listedModelRow(cboModel.items(), BaseModel) >= 0) return;
+  BaseModel = cboModel.list(defaultRow);
+  showNumber();
 }
 
 bool frmHardware::Form_QueryUnload() {

@@ -103,8 +103,6 @@ void frmBigFolder::fitToAlarmsOnly() {
 void frmBigFolder::fitToSimpleMenu() {
   tabBig.setTabAvailable(analogTab, false);
   forceOnOff(cboOut1Ctrl);
-  // The hardware dialog gives every output that switches a cycle time, whatever its control.
-  if (cboOut1Ctrl.listIndex() == 0) enableAll({&HSOut1CycleT, &lblOut1CycleTDisplay}, false);
   chkRampEn.setValue(0);
   for (Control* control :
        std::initializer_list<Control*>{&chkRampEn, &fraRamp, &fraLBAlarm, &chkLBAEnabled}) {

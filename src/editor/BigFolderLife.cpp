@@ -8,6 +8,7 @@
 #include "core/Program.h"
 #include "dialogs/frmCommModeWarning.h"
 #include "dialogs/frmHardware.h"
+#include "dialogs/frmPreferences.h"
 #include "dialogs/frmRead.h"
 #include "dialogs/frmSplash.h"
 #include "dialogs/frmWrite.h"
@@ -159,6 +160,7 @@ void frmBigFolder::Form_Unload() {
   ::unload<frmRead>();
   ::unload<frmWrite>();
   ::unload<frmWizard>();
+  ::unload<frmPreferences>();
   ::unload<frmSplash>();
   ::unload<frmCommModeWarning>();
 }

@@ -51,8 +51,9 @@ double checked(double number) {
 
 double slopeOf(const Line& line) { return checked(checked(line.y2 - line.y1) / checked(line.x2 - line.x1)); }
 
-double interceptOf(const Line& line, const std::string& slope) {
-  return checked(line.y1 - checked(Val(slope) * line.x1));
+// Of the line that has this slope and goes through the point.
+double interceptOf(double x, double y, const std::string& slope) {
+  return checked(y - checked(Val(slope) * x));
 }
 
 std::int32_t numberOf(const Mantissa& mantissa) { return toInt32(Val(mantissa.digits)); }
@@ -151,7 +152,8 @@ Encoded makeRdScale() {
 }
 
 Encoded makeRdOffset() {
-  const Mantissa mantissa = TextToMantissa(interceptOf(readingLine(), Global.RdScale));
+  const double r = interceptOf(numberIn(rec::txtIn1), numberIn(rec::txtRd1), Global.RdScale);
+  const Mantissa mantissa = TextToMantissa(r);
   return {packedOffset(mantissa), maskFor<0x03>(), offsetNotice(mantissa)};
 }
 
@@ -176,7 +178,7 @@ Encoded makeAnalogScale() {
 }
 
 Encoded makeAnalogOffset() {
-  const double r = interceptOf(analogLine(), Global.AnalogScale);
+  const double r = interceptOf(numberIn(rec::txtAOutRd1), numberIn(rec::txtAOutOut1), Global.AnalogScale);
   Mantissa mantissa = TextToMantissa(r);
   cutSmallOffset(mantissa);
   const std::string payload = r == 0 ? "C00000" : packedOffset(mantissa);

@@ -63,6 +63,25 @@ TEST_F(HardwareLoad, BeginsWithTheDefaultModel) {
   EXPECT_EQ(DeviceState.ClassSeen, False);
 }
 
+TEST_F(HardwareLoad, KeepsTheModelThatAPartNumberNamesThoughNobodyKnowsTheUnit) {
+  DeviceState.DeviceClass = -1;
+  DeviceState.ModelIndex = 0;
+  Hardware.ModelNumber = "Tv1622-C24";
+  BaseModel = "Tv16";
+  EXPECT_EQ(number(), "Tv1622-C24");
+  EXPECT_EQ(BaseModel, "Tv16");
+  dialog().cmdOk.userClicked();
+  EXPECT_EQ(Hardware.ModelNumber, "Tv1622-C24");
+  EXPECT_EQ(DeviceState.DeviceClass, 1);
+}
+
+TEST_F(HardwareLoad, ReplacesANameThatNoModelHasUnlessItIsCancelled) {
+  BaseModel = "Tv[8,16,32";
+  EXPECT_EQ(number(), "Tv[8,16,32]22-C24");
+  dialog().cmdCancel.userClicked();
+  EXPECT_EQ(BaseModel, "Tv[8,16,32");
+}
+
 TEST_F(HardwareLoad, StandsInTheMiddleOfTheScreen) {
   host.events.clear();
   form<frmHardware>();

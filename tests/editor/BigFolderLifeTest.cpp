@@ -4,6 +4,7 @@
 
 #include "core/PartNumber.h"
 #include "core/Program.h"
+#include "dialogs/frmPreferences.h"
 #include "dialogs/frmSplash.h"
 #include "tests/editor/EditorTest.h"
 
@@ -237,6 +238,7 @@ TEST_F(Exit, AsksNothing) {
 
 TEST_F(Exit, EndsTheOtherFormsInOrderAndForgetsAReadThatWasDue) {
   form<frmSplash>();
+  form<frmPreferences>();
   form<frmWrite>();
   form<frmRead>();
   form<frmSerial>();
@@ -248,9 +250,9 @@ TEST_F(Exit, EndsTheOtherFormsInOrderAndForgetsAReadThatWasDue) {
   for (const std::string& event : host.events) {
     if (event.starts_with("release")) released.push_back(event);
   }
-  EXPECT_EQ(released,
-            (std::vector<std::string>{"release frmHardware", "release frmSerial", "release frmRead",
-                                      "release frmWrite", "release frmSplash", "release frmBigFolder"}));
+  EXPECT_EQ(released, (std::vector<std::string>{"release frmHardware", "release frmSerial", "release frmRead",
+                                                "release frmWrite", "release frmPreferences",
+                                                "release frmSplash", "release frmBigFolder"}));
   EXPECT_EQ(Global.ReadConfirmed, 0);
   EXPECT_TRUE(loadedForms().empty());
 }

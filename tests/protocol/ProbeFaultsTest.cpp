@@ -190,6 +190,8 @@ struct UnitCase {
   std::int16_t deviceClass;
 };
 
+void PrintTo(const UnitCase& unit, std::ostream* out) { *out << sim::modelFact(unit.model).name; }
+
 class ProbedUnit : public Bench, public ::testing::WithParamInterface<UnitCase> {
  protected:
   ProbedUnit() : Bench({.model = GetParam().model}) {}

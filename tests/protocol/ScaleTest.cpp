@@ -324,4 +324,13 @@ TEST_F(Scale, TextsWithoutNumbersCountAsZero) {
   EXPECT_EQ(makeRdOffset().payload, "700000");
 }
 
+TEST_F(Scale, OffsetsNeedTheFirstPointAlone) {
+  Global.RdScale = Global.AnalogScale = "1";
+  for (int record : {rec::txtIn2, rec::txtRd2, rec::txtAOutRd2, rec::txtAOutOut2}) {
+    Memo[record].text = "1E999";
+  }
+  EXPECT_NO_THROW(makeRdOffset());
+  EXPECT_NO_THROW(makeAnalogOffset());
+}
+
 }  // namespace
