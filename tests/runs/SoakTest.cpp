@@ -1,18 +1,14 @@
 // SPDX-License-Identifier: MIT
-// Cycles of writes and reads in one life of the program, for each kind of unit over each body. SOAK_CYCLES
-// says how many; tools/soak runs a thousand.
-#include <cstdlib>
-
+// A thousand cycles of writes and reads in one life of the program, for each kind of unit over each body.
 #include "core/Global.h"
 #include "core/Memo.h"
 #include "core/Model.h"
-#include "core/NumberText.h"
 #include "tests/support/NetworkBench.h"
 #include "tests/support/RandomMemo.h"
 
 namespace {
 
-constexpr int fewCycles = 10;
+constexpr int cycles = 1000;
 constexpr std::size_t fewForms = 6;  // main, splash, status, hardware, and two warnings
 
 struct SoakedUnit {
@@ -22,11 +18,6 @@ struct SoakedUnit {
 
 void PrintTo(const SoakedUnit& soaked, std::ostream* out) {
   *out << soaked.kind << (soaked.serial ? " serial" : "");
-}
-
-int cyclesWanted() {
-  const char* const wanted = std::getenv("SOAK_CYCLES");
-  return wanted == nullptr ? fewCycles : static_cast<int>(Val(wanted));
 }
 
 class Soak : public NetworkBench, public testing::WithParamInterface<SoakedUnit> {
@@ -97,7 +88,7 @@ class Soak : public NetworkBench, public testing::WithParamInterface<SoakedUnit>
 };
 
 TEST_P(Soak, WritesAndReadsAsOnTheFirstDay) {
-  for (int cycle = 0; cycle < cyclesWanted() && !HasFailure(); ++cycle) {
+  for (int cycle = 0; cycle < cycles && !HasFailure(); ++cycle) {
     SCOPED_TRACE(cycle);
     edit();
     expectWritten();
