@@ -2,6 +2,7 @@
 // The program: picks the host and shows the main window, whose life is the program's.
 #include <QApplication>
 #include <QIcon>
+#include <exception>
 
 #include "core/Program.h"
 #include "editor/frmBigFolder.h"
@@ -18,7 +19,7 @@ int main(int argc, char** argv) {
   setHost(&machine);
   try {
     form<frmBigFolder>();
-  } catch (const RuntimeError& error) {
+  } catch (const std::exception& error) {
     machine.fail(error.what());
   }
   while (isLoaded<frmBigFolder>()) machine.idle(1.0);

@@ -154,7 +154,7 @@ void answerChooser(const QString& name) {
 
 TEST_F(FilesTest, OpensByTheNameThatIsTyped) {
   put("x");
-  FileChooser chooser;
+  FileChooser chooser{QApplication::activeWindow};
   answerChooser(at("setup.cfg"));
   EXPECT_EQ(chooser.chooseToOpen(configFilter), path());
   answerChooser("");
@@ -163,7 +163,7 @@ TEST_F(FilesTest, OpensByTheNameThatIsTyped) {
 
 TEST_F(FilesTest, OffersTheFolderOfTheLastChoiceAndTheUsualEnding) {
   put("x");
-  FileChooser chooser;
+  FileChooser chooser{QApplication::activeWindow};
   answerChooser(at("setup.cfg"));
   chooser.chooseToOpen(configFilter);
   answerChooser("second");
@@ -172,7 +172,7 @@ TEST_F(FilesTest, OffersTheFolderOfTheLastChoiceAndTheUsualEnding) {
 
 TEST_F(FilesTest, AsksBeforeItSavesOverAFile) {
   put("x");
-  FileChooser chooser;
+  FileChooser chooser{QApplication::activeWindow};
   QString question;
   answerChooser(at("setup.cfg"));
   QTimer::singleShot(200, [&] {

@@ -210,6 +210,20 @@ TEST_F(HostTest, ReadsTheListOfDevicesRarely) {
   EXPECT_EQ(readings, 1);
 }
 
+TEST_F(HostTest, KeepsAPortAtItsDeviceUntilThePortsAreLookedAt) {
+  const Pseudo first, second;
+  std::vector<SerialDevice> present = {{QString::fromStdString(first.path()), ""},
+                                       {QString::fromStdString(second.path()), ""}};
+  QtPorts ports(settings_, [&] { return present; });
+  EXPECT_EQ(ports.device(1), first.path());
+  present.erase(present.begin());
+  QTest::qWait(2100);  // the list is old by now, and is read for a name that is new
+  EXPECT_EQ(ports.device(2), "");
+  EXPECT_EQ(ports.device(1), first.path());
+  EXPECT_EQ(ports.hint(1), "COM 1 is " + second.path() + ".");
+  EXPECT_EQ(ports.device(1), second.path());
+}
+
 TEST_F(HostTest, OpensThePortThatTheSettingsName) {
   const Pseudo line;
   host_.saveSetting("Torvane Configuration/Ports/COM 2", line.path());

@@ -2,6 +2,7 @@
 // The report on paper: as a PDF, whose words are looked up by an independent reader, and through a real print
 // queue.
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -13,6 +14,7 @@
 #include <QRadioButton>
 #include <QTest>
 #include <QXmlStreamReader>
+#include <csignal>
 #include <functional>
 
 #include "core/Global.h"
@@ -184,6 +186,36 @@ TEST_F(Print, OfADocumentThatIsNotEndedLeavesNothing) {
     device->newPage();
   }
   EXPECT_FALSE(QFile::exists(pdf));
+}
+
+// Files of this process grow to so many bytes while one of these lives.
+class SmallDisk {
+ public:
+  explicit SmallDisk(rlim_t bytes) {
+    std::signal(SIGXFSZ, SIG_IGN);
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit small{bytes, before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+  }
+  SmallDisk(const SmallDisk&) = delete;
+  SmallDisk& operator=(const SmallDisk&) = delete;
+  ~SmallDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
+
+ private:
+  rlimit before_{};
+};
+
+TEST_F(Print, OnAFullDiskLeavesTheOldFile) {
+  printReport();
+  const qint64 before = QFileInfo(pdf).size();
+  const auto device = pdfPrinter(pdf);
+  device->print("text");
+  {
+    const SmallDisk disk(2000);
+    EXPECT_THROW(device->endDocument(), RuntimeError);
+  }
+  EXPECT_EQ(QFileInfo(pdf).size(), before);
+  EXPECT_TRUE(outputOf("pdftotext", {pdf, "-"}).contains("Torvane"));
 }
 
 TEST_F(Print, IntoAFileThatCannotBeWrittenFailsInTheSystemsWords) {

@@ -66,7 +66,7 @@ TEST_F(WindowTest, AModalShowReturnsWhenTheFormIsHidden) {
   auto& other = form<OtherForm>();
   other.cmdHide.onClick = [&] {
     const auto& window = host_.window(other);
-    EXPECT_EQ(window.windowModality(), Qt::ApplicationModal);
+    EXPECT_EQ(window.windowModality(), Qt::WindowModal);
     EXPECT_EQ(window.windowHandle()->transientParent(), host_.window(below).windowHandle());
     EXPECT_FALSE(below.reachable());
     other.hide();

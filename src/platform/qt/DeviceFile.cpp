@@ -41,7 +41,7 @@ std::string heldBy(qint64 process) {
 }
 
 std::string groupOf(const std::string& device) {
-  const QFileInfo file(shown(device));
+  const QFileInfo file(QString::fromStdString(device));
   return file.group().isEmpty() ? std::to_string(file.groupId()) : typed(file.group());
 }
 
@@ -53,10 +53,10 @@ std::string noRight(const std::string& device) {
 
 }  // namespace
 
-bool isMissing(const std::string& device) { return hasFile(device) && !QFileInfo::exists(shown(device)); }
+bool isMissing(const std::string& device) { return hasFile(device) && !QFileInfo::exists(QString::fromStdString(device)); }
 
 bool isForbidden(const std::string& device) {
-  const QFileInfo file(shown(device));
+  const QFileInfo file(QString::fromStdString(device));
   return hasFile(device) && file.exists() && !(file.isReadable() && file.isWritable());
 }
 

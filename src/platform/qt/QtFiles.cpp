@@ -2,13 +2,12 @@
 // Files on the disk.
 #include "platform/qt/QtFiles.h"
 
-#include <QApplication>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QStringList>
-#include <limits>
+#include <algorithm>
 
 #include "platform/RuntimeError.h"
 #include "platform/qt/QtText.h"
@@ -48,6 +47,15 @@ void copyTail(const QString& path, qint64 from, QSaveFile& to) {
   }
 }
 
+void write(const std::string& path, std::string_view bytes, bool keepsTail) {
+  const QString name = QString::fromStdString(path);
+  QSaveFile file(name);
+  openOrThrow(file, QIODevice::WriteOnly);
+  put(file, bytes.data(), static_cast<qint64>(bytes.size()));
+  if (keepsTail) copyTail(name, static_cast<qint64>(bytes.size()), file);
+  if (!file.flush() || !file.commit()) failed(file, Fault::fileFault);
+}
+
 }  // namespace
 
 QString toolkitFilter(std::string_view filter) {
@@ -62,7 +70,7 @@ QString toolkitFilter(std::string_view filter) {
 
 std::string FileChooser::chooseToOpen(const std::string& filter) {
   return remember(
-      QFileDialog::getOpenFileName(QApplication::activeWindow(), "Open", folder_, toolkitFilter(filter)));
+      QFileDialog::getOpenFileName(front_(), "Open", folder_, toolkitFilter(filter)));
 }
 
 std::string FileChooser::chooseToSave(const std::string& filter) {
@@ -74,7 +82,7 @@ std::string FileChooser::chooseToSavePdf(const QString& name) {
 }
 
 std::string FileChooser::save(const QString& filters, const QString& suffix, const QString& name) {
-  QFileDialog chooser(QApplication::activeWindow(), "Save As", folder_, filters);
+  QFileDialog chooser(front_(), "Save As", folder_, filters);
   chooser.setAcceptMode(QFileDialog::AcceptSave);
   chooser.setDefaultSuffix(suffix);
   chooser.selectFile(name);
@@ -88,7 +96,7 @@ std::string FileChooser::remember(const QString& path) {
 }
 
 std::string readWhole(const std::string& path, std::size_t most) {
-  QFile file(shown(path));
+  QFile file(QString::fromStdString(path));
   if (QFileInfo(file).isDir()) throw RuntimeError(Fault::fileFault, "Is a directory");
   openOrThrow(file, QIODevice::ReadOnly);
   QByteArray bytes;
@@ -103,11 +111,6 @@ std::string readWhole(const std::string& path, std::size_t most) {
   return bytes.toStdString();
 }
 
-void exchangeWhole(const std::string& path, std::string_view bytes) {
-  const QString name = shown(path);
-  QSaveFile file(name);
-  openOrThrow(file, QIODevice::WriteOnly);
-  put(file, bytes.data(), static_cast<qint64>(bytes.size()));
-  copyTail(name, static_cast<qint64>(bytes.size()), file);
-  if (!file.flush() || !file.commit()) failed(file, Fault::fileFault);
-}
+void exchangeWhole(const std::string& path, std::string_view bytes) { write(path, bytes, true); }
+
+void replaceWhole(const std::string& path, std::string_view bytes) { write(path, bytes, false); }

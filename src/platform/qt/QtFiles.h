@@ -3,13 +3,22 @@
 #pragma once
 
 #include <QString>
+#include <QWidget>
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 // The system's choosers. They offer the folder of the last choice again, for as long as the program runs.
 class FileChooser {
  public:
+  using Front = std::function<QWidget*()>;
+
+  // `front` gives the window that a chooser belongs on.
+  explicit FileChooser(Front front) : front_(std::move(front)) {}
+
+  QWidget* front() const { return front_(); }
   // Empty when the user has cancelled.
   std::string chooseToOpen(const std::string& filter);
   std::string chooseToSave(const std::string& filter);
@@ -20,6 +29,7 @@ class FileChooser {
   std::string save(const QString& filters, const QString& suffix, const QString& name);
   std::string remember(const QString& path);
 
+  Front front_;
   QString folder_;
 };
 
@@ -27,4 +37,7 @@ class FileChooser {
 QString toolkitFilter(std::string_view filter);
 
 std::string readWhole(const std::string& path, std::size_t most);
+// In one step: what fails leaves the old file whole. The tail of a longer old file stays ...
 void exchangeWhole(const std::string& path, std::string_view bytes);
+// ... or goes.
+void replaceWhole(const std::string& path, std::string_view bytes);

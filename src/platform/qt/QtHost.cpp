@@ -94,8 +94,7 @@ void QtHost::centre(Form& form) { windows_.of(form).centre(); }
 void QtHost::repaint(Form& form) { windows_.repaint(form); }
 
 Answer QtHost::messageBox(std::string_view text, std::string_view title, Icon icon, Buttons buttons) {
-  QWidget* active = QApplication::activeWindow();
-  const QPointer<QMessageBox> box(new QMessageBox(active != nullptr ? active : windows_.front()));
+  const QPointer<QMessageBox> box(new QMessageBox(front()));
   box->setTextFormat(Qt::PlainText);
   box->setText(shown(text));
   box->setWindowTitle(title.empty() ? QString(programTitle) : shown(title));
@@ -119,7 +118,7 @@ std::unique_ptr<SerialPort> QtHost::makeSerialPort() {
 }
 
 std::string QtHost::serialPortHint(int commPort) {
-  settings_.readAgain();
+  settings_.sync();
   return ports_.hint(commPort);
 }
 
@@ -127,6 +126,12 @@ std::unique_ptr<Socket> QtHost::makeSocket() { return std::make_unique<QtSocket>
 
 std::unique_ptr<Printer> QtHost::choosePrinter(const std::string& document) {
   return ::choosePrinter(files_, document);
+}
+
+// None of the program's windows is active while the user is at another program.
+QWidget* QtHost::front() const {
+  QWidget* const active = QApplication::activeWindow();
+  return active != nullptr ? active : windows_.front();
 }
 
 std::string QtHost::today() { return typed(QLocale().toString(QDate::currentDate(), QLocale::ShortFormat)); }
@@ -150,13 +155,14 @@ void QtHost::exchangeFile(const std::string& path, std::string_view bytes) { exc
 
 std::string QtHost::programFolder() { return typed(QCoreApplication::applicationDirPath()); }
 
-bool QtHost::fileExists(const std::string& path) { return QFileInfo(shown(path)).isFile(); }
+bool QtHost::fileExists(const std::string& path) { return QFileInfo(QString::fromStdString(path)).isFile(); }
 
 void QtHost::fail(const std::string& description) {
   if (failing_) return;
   failing_ = true;
   messageBox(description, "", Icon::critical, Buttons::ok);
   closeAllSerialPorts();
+  settings_.sync();
   std::exit(EXIT_FAILURE);
 }
 

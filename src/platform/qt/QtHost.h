@@ -59,13 +59,15 @@ class QtHost : public Host {
   QWidget& window(Form& form);
 
  private:
+  QWidget* front() const;  // the window that a box or a chooser belongs on; may be null
+
   double startOfRun_;  // seconds since midnight
   QElapsedTimer sinceStart_;
   QTimer alarm_;  // ends an idle wait
   QtSettings settings_;
   Windows windows_{settings_};
   QtPorts ports_;
-  FileChooser files_;
+  FileChooser files_{[this] { return front(); }};
   QPointer<QWidget> help_;
   bool failing_ = false;
 };

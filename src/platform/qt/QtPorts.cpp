@@ -11,9 +11,9 @@
 
 namespace {
 
-// Milliseconds. Reading the system's list takes some 30 ms, and every register opens its port afresh.
-constexpr qint64 listLifetime = 60'000;
-constexpr qint64 retryAfter = 2'000;  // where the list does not hold what is asked for
+// Milliseconds.
+constexpr qint64 listLifetime = 2'000;   // reading the system's list takes some 30
+constexpr qint64 longestPause = 60'000;  // between two openings in one run
 
 std::string portName(int commPort) { return std::string("COM ").append(std::to_string(commPort)); }
 
@@ -45,9 +45,16 @@ std::string QtPorts::chosen(int commPort) const {
 
 std::string QtPorts::device(int commPort) {
   if (commPort < 1) return {};
-  std::string path = chosen(commPort);
+  const std::string path = chosen(commPort);
   if (!path.empty()) return path;
-  if (isStale(commPort)) readList();
+  Held& held = held_[commPort];
+  if (held.path.empty() || held.sinceUse.hasExpired(longestPause)) held.path = present(commPort);
+  held.sinceUse.start();
+  return held.path;
+}
+
+std::string QtPorts::present(int commPort) {
+  if (!age_.isValid() || age_.hasExpired(listLifetime)) readList();
   const auto index = static_cast<std::size_t>(commPort - 1);
   return index < present_.size() ? typed(present_[index].path) : std::string();
 }
@@ -55,13 +62,6 @@ std::string QtPorts::device(int commPort) {
 void QtPorts::readList() {
   present_ = list_();
   age_.start();
-}
-
-bool QtPorts::isStale(int commPort) const {
-  if (!age_.isValid() || age_.hasExpired(listLifetime)) return true;
-  const auto index = static_cast<std::size_t>(commPort - 1);
-  const bool isThere = index < present_.size() && !isMissing(typed(present_[index].path));
-  return !isThere && age_.hasExpired(retryAfter);
 }
 
 std::string QtPorts::adapterAt(const std::string& path) const {
@@ -72,6 +72,7 @@ std::string QtPorts::adapterAt(const std::string& path) const {
 }
 
 std::string QtPorts::hint(int commPort) {
+  held_.clear();
   readList();
   const std::string path = device(commPort);
   const std::string name = portName(commPort);

@@ -2,13 +2,13 @@
 // A printer of the system, and its chooser.
 #include "platform/qt/QtPrinterDevice.h"
 
-#include <QApplication>
-#include <QFile>
+#include <QBuffer>
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrinterInfo>
 #include <utility>
@@ -45,13 +45,6 @@ QString nameOf(const std::string& document) {
 
 [[noreturn]] void cancelled() { throw RuntimeError(Fault::cancelled, "The printing was cancelled"); }
 
-// A file that can't be written is told in the system's words, which the printer itself doesn't know.
-void checkFile(const QPrinter& printer) {
-  if (printer.outputFileName().isEmpty()) return;
-  QFile file(printer.outputFileName());
-  if (!file.open(QIODevice::ReadWrite)) throw RuntimeError(Fault::printerFault, typed(file.errorString()));
-}
-
 // The line stands clear of the letters, which the font's own would touch.
 void draw(QPainter& painter, const QPointF& at, const QString& text, QFont font) {
   const QFontMetricsF metrics(font, painter.device());
@@ -65,9 +58,9 @@ void draw(QPainter& painter, const QPointF& at, const QString& text, QFont font)
 }
 
 // The page range is not offered: the report is printed as a whole.
-std::unique_ptr<QPrinter> askForPrinter() {
+std::unique_ptr<QPrinter> askForPrinter(QWidget* above) {
   auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
-  QPrintDialog dialog(printer.get(), QApplication::activeWindow());
+  QPrintDialog dialog(printer.get(), above);
   dialog.setOptions(QAbstractPrintDialog::PrintShowPageSize | QAbstractPrintDialog::PrintCollateCopies);
   if (dialog.exec() != QDialog::Accepted) cancelled();
   return printer;
@@ -117,17 +110,37 @@ void QtPrinterDevice::newPage() {
 }
 
 void QtPrinterDevice::endDocument() {
-  checkFile(*printer_);
+  if (printer_->outputFileName().isEmpty()) return drawOn(*printer_);
+  savePdf();
+}
+
+void QtPrinterDevice::drawOn(QPagedPaintDevice& device) const {
   QPainter painter;
-  if (!painter.begin(printer_.get())) throw RuntimeError(Fault::printerFault, "Printer error");
+  if (!painter.begin(&device)) throw RuntimeError(Fault::printerFault, "Printer error");
   int page = 1;
   for (const Run& run : runs_) {
     for (; page < run.page; ++page) {
-      if (!printer_->newPage()) throw RuntimeError(Fault::printerFault, "Printer error");
+      if (!device.newPage()) throw RuntimeError(Fault::printerFault, "Printer error");
     }
     draw(painter, run.at, run.text, run.font);
   }
   if (!painter.end()) throw RuntimeError(Fault::printerFault, "Printer error");
+}
+
+// Drawn in memory, since a printer that writes a file itself says nothing of a full disk.
+void QtPrinterDevice::savePdf() const {
+  QBuffer pdf;
+  pdf.open(QIODevice::WriteOnly);
+  QPdfWriter writer(&pdf);
+  writer.setResolution(printer_->resolution());
+  writer.setPageLayout(printer_->pageLayout());
+  writer.setTitle(printer_->docName());
+  drawOn(writer);
+  try {
+    replaceWhole(printer_->outputFileName().toStdString(), pdf.data().toStdString());
+  } catch (const RuntimeError& error) {
+    throw RuntimeError(Fault::printerFault, error.what());
+  }
 }
 
 std::unique_ptr<Printer> choosePrinter(FileChooser& files, const std::string& document) {
@@ -137,7 +150,7 @@ std::unique_ptr<Printer> choosePrinter(FileChooser& files, const std::string& do
     if (file.empty()) cancelled();
     return pdfPrinter(shown(file));
   }
-  auto printer = askForPrinter();
+  auto printer = askForPrinter(files.front());
   printer->setDocName(name);
   return std::make_unique<QtPrinterDevice>(std::move(printer));
 }

@@ -32,6 +32,9 @@ class QtPrinterDevice final : public Printer {
   void endDocument() override;
 
  private:
+  void drawOn(QPagedPaintDevice& device) const;
+  void savePdf() const;
+
   struct Run {
     int page;
     QPointF at;  // device dots, of the base line

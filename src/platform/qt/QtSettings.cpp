@@ -28,14 +28,12 @@ std::string QtSettings::value(const std::string& path) const {
 
 void QtSettings::save(const std::string& path, const std::string& value) {
   tree_.setValue(keyOf(path), shown(value));
-  tree_.sync();
 }
 
 void QtSettings::remove(const std::string& path) {
   tree_.remove(keyOf(path));
-  tree_.sync();
 }
 
-void QtSettings::readAgain() { tree_.sync(); }
+void QtSettings::sync() { tree_.sync(); }
 
 std::string QtSettings::fileName() const { return typed(tree_.fileName()); }

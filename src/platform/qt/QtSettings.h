@@ -10,13 +10,13 @@ class QtSettings {
   QtSettings();
 
   // Paths are "<program title>/<section>/<key>"; the title names the file. A missing key gives an empty text,
-  // a file that can't be read an empty tree. Writing and deleting reach the file at once if the user may
-  // write.
+  // a file that can't be read an empty tree. What is written or deleted reaches the file, if the user may
+  // write, with the next turn of the event loop, or at the end of this object.
   std::string value(const std::string& path) const;
   void save(const std::string& path, const std::string& value);
   void remove(const std::string& path);
 
-  void readAgain();  // takes up what another program has written
+  void sync();  // now, both ways: takes up what another program has written
   std::string fileName() const;
 
  private:

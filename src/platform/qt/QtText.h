@@ -7,8 +7,7 @@
 #include <string_view>
 
 // Valid UTF-8 as such, anything else as Latin-1, since replies of a unit are bytes of no known code. "\r\n"
-// and
-// "\r" become line feeds, and a NUL is shown as U+FFFD.
+// and "\r" become line feeds, and a NUL is shown as U+FFFD.
 QString shown(std::string_view text);
 // What the user has typed, as UTF-8.
 std::string typed(const QString& text);

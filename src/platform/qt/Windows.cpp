@@ -62,7 +62,7 @@ void FormWindow::showOver(QWidget* below, bool modal, bool takesKeyboard) {
   setFirstSize();
   if (std::exchange(centreDue_, false)) moveToCentre();
   setAttribute(Qt::WA_ShowWithoutActivating, beside || !takesKeyboard);
-  setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
+  setWindowModality(modal ? Qt::WindowModal : Qt::NonModal);  // the user guide stays in reach
   if (modal) setWindowFlag(Qt::Dialog);
   create();
   if (below != nullptr && (modal || beside)) windowHandle()->setTransientParent(below->windowHandle());
@@ -84,12 +84,13 @@ void FormWindow::setFirstSize() {
 }
 
 // The frame is not known before the window is shown; but for a title it is thin.
+QSize FormWindow::titleBar() const { return {0, style()->pixelMetric(QStyle::PM_TitleBarHeight)}; }
+
 bool FormWindow::takeFormerPlace() {
   const auto former = isRemembered(*this) ? savedPlace(settings_) : std::nullopt;
   if (!former) return false;
   const QRect wanted(former->normal.topLeft(), former->normal.size().expandedTo(minimumSizeHint()));
-  const QSize frame(0, style()->pixelMetric(QStyle::PM_TitleBarHeight));
-  const QRect place = placeWithin(roomsForWindows(), wanted, frame);
+  const QRect place = placeWithin(roomsForWindows(), wanted, titleBar());
   resize(place.size());
   move(place.topLeft());
   if (former->maximized) setWindowState(Qt::WindowMaximized);
@@ -99,7 +100,8 @@ bool FormWindow::takeFormerPlace() {
 
 void FormWindow::placeOver(QWidget* below) {
   if (centred_ || former_ || below == nullptr) return;
-  move(below->frameGeometry().center() - rect().center());
+  const QRect wanted(below->frameGeometry().center() - rect().center(), size());
+  move(placeWithin(roomsForWindows(), wanted, titleBar()).topLeft());
 }
 
 void FormWindow::centre() {

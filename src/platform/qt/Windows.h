@@ -11,8 +11,6 @@
 #include "platform/Form.h"
 #include "platform/qt/QtSettings.h"
 
-class QPushButton;
-
 // A top level widget that tells its form what happens to it. The layout may ask for a splash window, without
 // a frame, by the dynamic property "splash"; for one that leaves the keyboard where it is, by "beside"; and
 // for one that comes back where and as large as it was in the run before, by "remembered".
@@ -34,6 +32,7 @@ class FormWindow : public QWidget {
 
  private:
   void setFirstSize();
+  QSize titleBar() const;
   bool takeFormerPlace();
   void moveToCentre();
   void placeOver(QWidget* below);
