@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-// Every used record uses one field only; the others stay at zero or empty.
+// A used record uses one field, two of the model's copies use two; the others stay at zero or empty.
 struct MemoField {
   std::int16_t value = 0;  // a list index, a check box state (0 or 1) or a scroll bar position
   std::int16_t flag = 0;   // state of one option button: -1 true, 0 false

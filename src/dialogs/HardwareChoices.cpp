@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr int alarm1Tab = 4;
-constexpr int analogTab = 10;
 constexpr int analogOutput = 3;
 constexpr int pidRow = 1;
 constexpr std::int32_t withoutEthernet = 3;  // a family with two options and no analog output
@@ -55,8 +53,8 @@ void frmHardware::fitMainWindow() const {
     Memo[rec::cboOut1Ctrl].value = pidRow;
     Memo[rec::opt420mA].flag = False;
   } else {
-    setTabsAvailable({alarm1Tab}, true);
-    setTabsAvailable({analogTab}, false);
+    setTabsAvailable({tab::alarm1}, true);
+    setTabsAvailable({tab::analog}, false);
   }
   for (Control* current : {&editor.opt020mA, &editor.opt420mA}) current->setEnabled(analog);
   for (Control* cycle : std::initializer_list<Control*>{&editor.HSOut1CycleT, &editor.lblOut1CycleTDisplay}) {
@@ -66,9 +64,9 @@ void frmHardware::fitMainWindow() const {
   if (DeviceState.IsRkw77 == False) {
     Memo[rec::chkAl1Enabled].value = 0;
     editor.chkAl1Enabled.setValue(0);
-    setTabsAvailable({alarm1Tab}, false);
+    setTabsAvailable({tab::alarm1}, false);
   }
-  setTabsAvailable({analogTab}, true);
+  setTabsAvailable({tab::analog}, true);
   host().repaint(editor);
 }
 
@@ -116,9 +114,9 @@ void frmHardware::chkMonitor_Click() {
   rebuild();
   const bool outputs = chkMonitor.value() == 0 || namesRkw77(BaseModel);
   if (!outputs) {
-    setTabsAvailable({alarm1Tab}, true);
+    setTabsAvailable({tab::alarm1}, true);
     optOut[analogOutput].setValue(false);
-    setTabsAvailable({analogTab}, false);
+    setTabsAvailable({tab::analog}, false);
   }
   for (OptionButton& option : std::span(optOut).first<7>()) option.setEnabled(outputs);
   setTabsAvailable({6, 7, 8, 9}, outputs);
@@ -131,7 +129,7 @@ void frmHardware::chkAlarmsOnly_Click() {
   chkSimpleMenu.setValue(0);
   chkMonitor.setValue(0);
   rebuild();
-  if (chosen != 0) setTabsAvailable({6, 7, 8, 9, analogTab}, false);
+  if (chosen != 0) setTabsAvailable({6, 7, 8, 9, tab::analog}, false);
   chkAlarmsOnly.setValue(chosen);
 }
 

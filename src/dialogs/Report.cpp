@@ -16,7 +16,6 @@ namespace {
 
 constexpr const char* emptyLine = "\r";  // PrintText makes nothing of it
 constexpr int linesBehindShortSections = 4;
-constexpr std::int16_t tabCount = 12;
 
 int bottomLimit(Printer& printer) { return printer.pageHeight() - report::bottomMargin; }
 
@@ -129,7 +128,7 @@ void printDocument(Printer& printer) {
   printTitle(printer);
   printUnit(printer);
   printStart(printer);
-  for (std::int16_t tab = 0; tab < tabCount; ++tab) form<frmBigFolder>().writeMemo(tab);
+  for (std::int16_t tab = 0; tab < tab::count; ++tab) form<frmBigFolder>().writeMemo(tab);
   for (int number = 0; number <= report::lastSection; ++number) printSection(printer, number);
   PrintPageFooter(printer);
   printer.endDocument();

@@ -45,7 +45,7 @@ void frmWrite::cmdFile_Click() {
   auto& editor = form<frmBigFolder>();
   editor.reCover();
   file += configSetupPart(editor.tabBig.tab(), stamp);
-  host().exchangeFile(path, file);
+  host().exchangeFile(path, file);  // what fails here ends the program; the old file stays whole
 }
 
 void frmWrite::cmdSerial_Click() {

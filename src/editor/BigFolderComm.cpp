@@ -15,7 +15,6 @@ constexpr std::uint32_t white = 0xFFFFFF;
 constexpr std::uint32_t green = 0x00FF00;
 constexpr std::uint32_t red = 0x0000FF;  // red is the low byte
 
-constexpr int commTab = 11;
 constexpr int initialPort = 1000;
 constexpr int typicalPort = 2000;
 
@@ -58,7 +57,7 @@ void frmBigFolder::wireCommTab() {
 
 // A wizard that a run has filled in its own way begins anew.
 void frmBigFolder::cmdAutoDetect_Click() {
-  writeMemo(commTab);
+  writeMemo(tab::comm);
   if (Memo[rec::optCommunicationMode].flag == False && txtTCPPort.text().empty()) {
     messageBox("Please provide a TCP/IP Port number");
     return;

@@ -5,10 +5,30 @@
 // frame. The longer texts are set by frmBigFolder::setFixedTexts.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "platform/Controls.h"
 #include "platform/Form.h"
+
+// The tabs in their order.
+namespace tab {
+enum : std::int16_t {
+  idCode,
+  setpoints,
+  inputType,
+  reading,
+  alarm1,
+  alarm2,
+  lbAlarm,
+  out1,
+  out2,
+  rampSoak,
+  analog,
+  comm,
+  count
+};
+}
 
 // A picture whose file bears its name.
 struct Drawing : Picture {
@@ -26,7 +46,7 @@ struct BigFolderControls : Form {
                    "Out2", "Ramp/Soak", "Analog", "Comm"}};
 
   // Tab 0, ID code. The protection levels are committed with tab 1.
-  TabPage& pageIDCode = tabBig.page(0);
+  TabPage& pageIDCode = tabBig.page(tab::idCode);
   Frame fraIDEntry{pageIDCode, "fraIDEntry", "ID code"};
   Label lblIDInst{fraIDEntry, "lblIDInst"};
   Label lblIDCode{fraIDEntry, "lblIDCode", "ID code"};
@@ -39,7 +59,7 @@ struct BigFolderControls : Form {
   ControlArray<OptionButton> optIDCode{fraIDCode, "optIDCode", {"Disable", "Setpoint", "Full"}};
 
   // Tab 1, Setpoints
-  TabPage& pageSetpoints = tabBig.page(1);
+  TabPage& pageSetpoints = tabBig.page(tab::setpoints);
   Frame fraSetpoints{pageSetpoints, "fraSetpoints", "Setpoints"};
   TextBox txtSp1{fraSetpoints, "txtSp1", "Setpoint 1, in the format of the Reading tab"};
   TextBox txtSp2{fraSetpoints, "txtSp2", "Setpoint 2, in the format of the Reading tab"};
@@ -54,7 +74,7 @@ struct BigFolderControls : Form {
                           "Color of the display while no alarm is active"};
 
   // Tab 2, Input type
-  TabPage& pageInputType = tabBig.page(2);
+  TabPage& pageInputType = tabBig.page(tab::inputType);
   Frame fraInput{pageInputType, "fraInput", "Input"};
   ControlArray<OptionButton> optInType{fraInput, "optInType", {"Thermocouples", "RTD", "Process"}};
   ControlArray<Frame> fraInType{pageInputType, "fraInType", {"TC Types", "RTD Types", "Process Setup"}};
@@ -106,7 +126,7 @@ struct BigFolderControls : Form {
   Drawing imgLK_switch20ma{pageInputType, "imgLK_switch20ma"};
 
   // Tab 3, Reading
-  TabPage& pageReading = tabBig.page(3);
+  TabPage& pageReading = tabBig.page(tab::reading);
   Frame fraReadBasic{pageReading, "fraReadBasic", "Reading"};
   ControlArray<OptionButton> optDpoint{fraReadBasic, "optDpoint", {"xxxx.", "xxx.x", "xx.xx", "x.xxx"}};
   Label lblTUnit{fraReadBasic, "lblTUnit", "Temperature unit"};
@@ -125,7 +145,7 @@ struct BigFolderControls : Form {
   Frame fraNoSOffset{pageReading, "fraNoSOffset", "Scale and offset"};
 
   // Tab 4, Alarm 1
-  TabPage& pageAlarm1 = tabBig.page(4);
+  TabPage& pageAlarm1 = tabBig.page(tab::alarm1);
   CheckBox chkAl1Enabled{pageAlarm1, "chkAl1Enabled", "Enable alarm 1",
                          "Alarm 1 takes the place of output 1"};
   CheckBox chkAl1AutoPOn{pageAlarm1, "chkAl1AutoPOn", "Auto power-on",
@@ -159,7 +179,7 @@ struct BigFolderControls : Form {
   TextBox txtAl1Deadband{fraAl1Deadband, "txtAl1Deadband", "Dead band, in the format of the Reading tab"};
 
   // Tab 5, Alarm 2
-  TabPage& pageAlarm2 = tabBig.page(5);
+  TabPage& pageAlarm2 = tabBig.page(tab::alarm2);
   CheckBox chkAl2Enabled{pageAlarm2, "chkAl2Enabled", "Enable alarm 2",
                          "Alarm 2 takes the place of output 2"};
   Frame fraAl2Cnfg{pageAlarm2, "fraAl2Cnfg", "Alarm 2 configuration"};
@@ -190,7 +210,7 @@ struct BigFolderControls : Form {
   TextBox txtAl2Deadband{fraAl2Deadband, "txtAl2Deadband", "Dead band, in the format of the Reading tab"};
 
   // Tab 6, LB alarm
-  TabPage& pageLBAlarm = tabBig.page(6);
+  TabPage& pageLBAlarm = tabBig.page(tab::lbAlarm);
   Frame fraLBAlarm{pageLBAlarm, "fraLBAlarm", "Loop break alarm"};
   CheckBox chkLBAEnabled{fraLBAlarm, "chkLBAEnabled", "Enable loop break alarm",
                          "Watches whether the process answers to the output"};
@@ -204,7 +224,7 @@ struct BigFolderControls : Form {
   TextBox txtTAdjust{fraTAdjust, "txtTAdjust", "Added to every reading, in the format of the Reading tab"};
 
   // Tab 7, Out1. Of the on/off and the PID frame one is on show.
-  TabPage& pageOut1 = tabBig.page(7);
+  TabPage& pageOut1 = tabBig.page(tab::out1);
   ComboBox cboOut1Ctrl{pageOut1, "cboOut1Ctrl", {"On/Off", "PID"}, "How output 1 is controlled"};
   ComboBox cboOut1Action{pageOut1, "cboOut1Action", {"Reverse", "Direct"}, "reverse=heating, direct=cooling"};
   CheckBox chkOut1Self{pageOut1, "chkOut1Self", "Self (manual) control",
@@ -237,7 +257,7 @@ struct BigFolderControls : Form {
   OptionButton opt420mA{fraOut1420mA, "opt420mA", "4-20 mA"};
 
   // Tab 8, Out2. Of the on/off and the PID frame one is on show.
-  TabPage& pageOut2 = tabBig.page(8);
+  TabPage& pageOut2 = tabBig.page(tab::out2);
   ComboBox cboOut2Ctrl{pageOut2, "cboOut2Ctrl", {"On/Off", "PID"}, "How output 2 is controlled"};
   ComboBox cboOut2Action{pageOut2, "cboOut2Action", {"Reverse", "Direct"}, "reverse=heating, direct=cooling"};
   Frame fraOut2OnOff{pageOut2, "fraOut2OnOff", "On/Off"};
@@ -253,7 +273,7 @@ struct BigFolderControls : Form {
   TextBox txtOut2CycleT{fraOut2CycleT, "txtOut2CycleT", "Cycle time, 1 to 199 seconds; Enter takes it over"};
 
   // Tab 9, Ramp/Soak
-  TabPage& pageRampSoak = tabBig.page(9);
+  TabPage& pageRampSoak = tabBig.page(tab::rampSoak);
   Frame fraRamp{pageRampSoak, "fraRamp", "Ramp"};
   CheckBox chkRampEn{fraRamp, "chkRampEn", "Enable ramp", "The setpoint is approached in the ramp time"};
   TextBox txtRampT{fraRamp, "txtRampT", "Ramp time, hours:minutes, 00:00 to 99:59"};
@@ -263,7 +283,7 @@ struct BigFolderControls : Form {
   Drawing picProcess{pageRampSoak, "picProcess"};
 
   // Tab 10, Analog
-  TabPage& pageAnalog = tabBig.page(10);
+  TabPage& pageAnalog = tabBig.page(tab::analog);
   CheckBox chkAnalogOutputEnabled{
       pageAnalog, "chkAnalogOutputEnabled", "Enable analog output",
       "The reading is sent out again on the analog output, which output 1 then lacks"};
@@ -277,7 +297,7 @@ struct BigFolderControls : Form {
   TextBox txtAOutOut2{fraAOutSOff, "txtAOutOut2", "Output at point 2, 0 to 10 V or 0 to 20 mA"};
 
   // Tab 11, Comm. The serial and the TCP/IP frames take turns.
-  TabPage& pageComm = tabBig.page(11);
+  TabPage& pageComm = tabBig.page(tab::comm);
   Frame fraCommMode{pageComm, "fraCommMode", "Communication mode"};
   ControlArray<OptionButton> optCommunicationMode{fraCommMode, "optCommunicationMode", {"Serial", "TCP/IP"}};
   Frame fraAutoDetect{pageComm, "fraAutoDetect", "Connection Wizard"};

@@ -7,9 +7,6 @@
 
 namespace {
 
-enum : int { alarm1Tab = 4, alarm2Tab = 5, lbAlarmTab = 6, out1Tab = 7, out2Tab = 8, rampSoakTab = 9 };
-constexpr int analogTab = 10;
-
 void offerRkw77Line(frmHardware& dialog) {
   dialog.chkAlarmsOnly.setValue(0);
   dialog.chkSimpleMenu.setValue(0);
@@ -61,22 +58,22 @@ void frmBigFolder::showColorsAndProtection(bool show) {
 }
 
 void frmBigFolder::fitToRkw77Line() {
-  tabBig.setTabAvailable(alarm1Tab, true);
-  tabBig.setTabAvailable(alarm2Tab, false);
+  tabBig.setTabAvailable(tab::alarm1, true);
+  tabBig.setTabAvailable(tab::alarm2, false);
   Al2Disabled(chkAl2Enabled.value() != 0);
-  tabBig.setTabAvailable(analogTab, false);
+  tabBig.setTabAvailable(tab::analog, false);
   showColorsAndProtection(false);
-  tabBig.setTabAvailable(out1Tab, true);
+  tabBig.setTabAvailable(tab::out1, true);
   doInputImage();  // its terminals have other numbers than those of the family before it
 }
 
 void frmBigFolder::fitToOtherFamilies() {
   Al2Disabled(chkAl2Enabled.value() != 0);
-  tabBig.setTabAvailable(alarm2Tab, true);
+  tabBig.setTabAvailable(tab::alarm2, true);
   showColorsAndProtection(true);
   redrawInputType();
   if (DeviceState.MenuKind != 1) return;
-  for (int tab : {lbAlarmTab, out1Tab, out2Tab, rampSoakTab}) tabBig.setTabAvailable(tab, false);
+  for (int tab : {tab::lbAlarm, tab::out1, tab::out2, tab::rampSoak}) tabBig.setTabAvailable(tab, false);
 }
 
 // Setting the input type anew redraws what depends on it. A process signal is redrawn where it stands: on the

@@ -8,7 +8,6 @@
 
 namespace {
 
-enum : int { lbAlarmTab = 6, out1Tab = 7, out2Tab = 8, rampSoakTab = 9, analogTab = 10 };
 enum : int { alarmsOnlyKind = 1, simpleMenuKind = 2 };
 
 // The simple menu knows "Above" and "Below" only.
@@ -51,13 +50,13 @@ void frmBigFolder::fitToModel() {
   if (const auto cut = BaseModel.find("-C"); cut != std::string::npos) BaseModel.resize(cut);
   const bool analogOut = Hardware.Out1.Analog != False;
   if (!analogOut) {
-    tabBig.setTabAvailable(out1Tab, true);
+    tabBig.setTabAvailable(tab::out1, true);
   } else if (chkAnalogOutputEnabled.value() != 0) {
-    tabBig.setTabAvailable(out1Tab, false);
+    tabBig.setTabAvailable(tab::out1, false);
   }
   chkAnalogOutputEnabled.setEnabled(true);
   if (Memo[rec::monitorOnly].value != 0) {
-    for (int tab : {out1Tab, out2Tab, rampSoakTab, analogTab}) tabBig.setTabAvailable(tab, false);
+    for (int tab : {tab::out1, tab::out2, tab::rampSoak, tab::analog}) tabBig.setTabAvailable(tab, false);
   } else {
     fitToFullUnit();
     if (Memo[rec::menuKind].extra == alarmsOnlyKind) fitToAlarmsOnly();
@@ -77,7 +76,7 @@ void frmBigFolder::fitToModel() {
 }
 
 void frmBigFolder::fitToFullUnit() {
-  for (int tab : {lbAlarmTab, rampSoakTab, out2Tab}) tabBig.setTabAvailable(tab, true);
+  for (int tab : {tab::lbAlarm, tab::rampSoak, tab::out2}) tabBig.setTabAvailable(tab, true);
   const std::initializer_list<Control*> inUse = {&fraLBAlarm,  &chkLBAEnabled, &txtLBATime, &cboOut1Ctrl,
                                                  &cboOut2Ctrl, &chkRampEn,     &fraRamp};
   for (Control* control : inUse) control->setEnabled(true);
@@ -97,11 +96,11 @@ void frmBigFolder::fitToAlarmsOnly() {
   fraLBAlarm.setEnabled(false);
   chkLBAEnabled.setValue(0);
   txtLBATime.setEnabled(false);
-  for (int tab : {out1Tab, out2Tab, rampSoakTab, analogTab}) tabBig.setTabAvailable(tab, false);
+  for (int tab : {tab::out1, tab::out2, tab::rampSoak, tab::analog}) tabBig.setTabAvailable(tab, false);
 }
 
 void frmBigFolder::fitToSimpleMenu() {
-  tabBig.setTabAvailable(analogTab, false);
+  tabBig.setTabAvailable(tab::analog, false);
   forceOnOff(cboOut1Ctrl);
   chkRampEn.setValue(0);
   for (Control* control :
@@ -122,7 +121,7 @@ void frmBigFolder::fitToSimpleMenu() {
   for (Control* control : hidden) control->setVisible(false);
   shortenSetup(cboAl1Setup);
   shortenSetup(cboAl2Setup);
-  for (int tab : {out1Tab, out2Tab, rampSoakTab}) tabBig.setTabAvailable(tab, false);
+  for (int tab : {tab::out1, tab::out2, tab::rampSoak}) tabBig.setTabAvailable(tab, false);
   forceOnOff(cboOut2Ctrl);
 }
 
@@ -133,11 +132,11 @@ void frmBigFolder::fitAnalogOutput() {
       chkAnalogOutputEnabled.setValue(1);
       chkAnalogOutputEnabled.setEnabled(false);
     }
-    tabBig.setTabAvailable(analogTab, analogOut);
+    tabBig.setTabAvailable(tab::analog, analogOut);
     cboAl2Latch.setEnabled(analogOut);
   } else if (analogOut) {
-    tabBig.setTabAvailable(analogTab, true);
-    tabBig.setTabAvailable(out1Tab, chkAnalogOutputEnabled.value() == 0);
+    tabBig.setTabAvailable(tab::analog, true);
+    tabBig.setTabAvailable(tab::out1, chkAnalogOutputEnabled.value() == 0);
   }
 }
 

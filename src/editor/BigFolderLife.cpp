@@ -22,9 +22,6 @@
 namespace {
 
 constexpr double splashTime = 6.0;  // seconds, however fast the set-up runs
-constexpr std::int16_t setpointsTab = 1;
-constexpr std::int16_t analogTab = 10;
-constexpr std::int16_t commTab = 11;
 constexpr std::int32_t firstCatalogueRow = 2;
 
 std::string asWord(bool state) { return state ? "True" : "False"; }
@@ -68,7 +65,7 @@ void frmBigFolder::Form_Load() {
   settings_.Key = "Warn";
   settings_.RegGet();
   Global.WarningsOff = asFlag(settings_.Setting == "True");
-  tabBig.setTabAvailable(analogTab, false);
+  tabBig.setTabAvailable(tab::analog, false);
   AnalogOutControls(false);
   txtRS485Address.setEnabled(false);
   countPartNumbers();
@@ -147,12 +144,12 @@ void frmBigFolder::loadRegCommSet() {
 
 void frmBigFolder::Form_Activate() {
   if (Global.FirstActivationDone != False) return;
-  tabBig.setTab(Global.StartOnCommTab != False ? commTab : setpointsTab);
+  tabBig.setTab(Global.StartOnCommTab != False ? tab::comm : tab::setpoints);
   Global.FirstActivationDone = True;
 }
 
 void frmBigFolder::Form_Unload() {
-  writeMemo(commTab);
+  writeMemo(tab::comm);
   savePreferences();
   Global.ReadConfirmed = 0;
   ::unload<frmHardware>();

@@ -12,7 +12,6 @@ namespace {
 constexpr const char* tenthsPicture = "000.0";
 constexpr const char* fourDigitsPicture = "0000";
 constexpr std::int16_t simpleMenuKind = 2;
-constexpr std::int16_t tabCount = 12;
 
 }  // namespace
 
@@ -145,7 +144,7 @@ void frmBigFolder::loadMemo(std::int16_t tab) {
 }
 
 void frmBigFolder::writeMemo(std::int16_t tab) {
-  if (tab < 0 || tab >= tabCount) return;
+  if (tab < 0 || tab >= tab::count) return;
   for (const Field& field : fields_) {
     if (field.storeTab == tab) store(field);
   }
@@ -157,7 +156,7 @@ void frmBigFolder::writeMemo(std::int16_t tab) {
 }
 
 void frmBigFolder::reCover() {
-  for (std::int16_t tab = 0; tab < tabCount; ++tab) writeMemo(tab);
+  for (std::int16_t tab = 0; tab < tab::count; ++tab) writeMemo(tab);
 }
 
 std::string frmBigFolder::formDPt() const {

@@ -10,8 +10,6 @@ namespace {
 
 enum : int { above = 0, below = 1, hiLo = 2, band = 3 };
 enum : int { absolute = 0, deviation = 1 };
-constexpr int out1Tab = 7;
-constexpr int out2Tab = 8;
 
 bool isSimpleMenu() { return Memo[rec::menuKind].extra == 2; }
 
@@ -59,7 +57,7 @@ void frmBigFolder::wireDependentControls() {
   chkSoakEn.onClick = [this] { txtSoakT.setEnabled(chkSoakEn.value() != 0); };
   chkAnalogOutputEnabled.onClick = [this] {
     const bool enabled = chkAnalogOutputEnabled.value() != 0;
-    tabBig.setTabAvailable(out1Tab, !enabled);
+    tabBig.setTabAvailable(tab::out1, !enabled);
     AnalogOutControls(enabled);
   };
 }
@@ -94,7 +92,7 @@ void frmBigFolder::Al1Disabled(bool enable) {
   if (isSimpleMenu()) {
     enableAll({&fraAl1Deadband, &txtAl1Deadband}, enable);
   } else if (DeviceState.IsRkw77 == False) {
-    tabBig.setTabAvailable(out1Tab, !enable);
+    tabBig.setTabAvailable(tab::out1, !enable);
   }
   setPointRule(cboAl1Setup, txtAl1HiSp, txtAl1LoSp);
   if (!enable) enableAll({&txtAl1HiSp, &txtAl1LoSp}, false);
@@ -102,7 +100,7 @@ void frmBigFolder::Al1Disabled(bool enable) {
 
 void frmBigFolder::Al2Disabled(bool enable) {
   enableAll({&cboAl2Ctrl, &cboAl2Latch, &cboAl2Closure, &cboAl2Setup, &cboAl2WhenActiveColor}, enable);
-  tabBig.setTabAvailable(out2Tab, !enable);
+  tabBig.setTabAvailable(tab::out2, !enable);
   if (isSimpleMenu()) enableAll({&fraAl2Deadband, &txtAl2Deadband}, enable);
   setPointRule(cboAl2Setup, txtAl2HiSp, txtAl2LoSp);
   if (!enable) enableAll({&txtAl2HiSp, &txtAl2LoSp}, false);

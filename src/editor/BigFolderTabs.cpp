@@ -13,9 +13,6 @@
 
 namespace {
 
-constexpr std::int16_t inputTypeTab = 2;
-constexpr std::int16_t commTab = 11;
-
 // The choosers offer the one channel that the communication tab has chosen.
 template <class Chooser>
 void offerChosenChannel(Chooser& chooser) {
@@ -42,12 +39,12 @@ void frmBigFolder::wireTabs() {
 void frmBigFolder::tabBig_Click(std::int16_t previousTab) {
   writeMemo(previousTab);
   loadMemo(tabBig.tab());
-  if (previousTab == inputTypeTab) doLKImage();
+  if (previousTab == tab::inputType) doLKImage();
   reForm();
 }
 
 void frmBigFolder::SaveCurrentTab() {
-  if (tabBig.tab() == commTab) tabBig_Click(commTab);
+  if (tabBig.tab() == tab::comm) tabBig_Click(tab::comm);
 }
 
 void frmBigFolder::cmdReset_Click() { loadMemo(tabBig.tab()); }
@@ -74,7 +71,7 @@ void frmBigFolder::cmdQuit_Click() {
 
 void frmBigFolder::cmdWrite_Click() {
   writeMemo(tabBig.tab());
-  loadMemo(commTab);
+  loadMemo(tab::comm);
   auto& chooser = form<frmWrite>();
   offerChosenChannel(chooser);
   chooser.showModal();
@@ -86,7 +83,7 @@ void frmBigFolder::cmdOpen_Click() {
   const std::int16_t warningsOff = Global.WarningsOff;
   Global.WarningsOff = True;
   writeMemo(tabBig.tab());
-  loadMemo(commTab);
+  loadMemo(tab::comm);
   auto& chooser = form<frmRead>();
   offerChosenChannel(chooser);
   chooser.showModal();

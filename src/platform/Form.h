@@ -96,7 +96,7 @@ template <class T>
 inline constinit T* formSlot = nullptr;
 
 void loadForm(const std::shared_ptr<Form>& form, Handler forget);
-void unloadAllForms();  // for tests: ends every form without raising anything
+void unloadAllForms();  // ends every form without raising anything
 std::vector<std::shared_ptr<Form>> loadedForms();
 
 // The form of this class; using it creates and loads it.

@@ -158,7 +158,8 @@ Encoded makeRdOffset() {
 }
 
 // A current's slope is worked out in amperes, and the power puts it back. What the offset takes over is the
-// slope as it came out of the division.
+// slope as it came out of the division. By now the reading's slope has done its work, and is the one to be
+// cleared.
 Encoded makeAnalogScale() {
   Global.RdScale = "0";
   Line line = analogLine();

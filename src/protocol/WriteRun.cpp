@@ -13,7 +13,6 @@
 namespace {
 
 constexpr const char* dividedByZero = "Divide by zero";
-constexpr std::int16_t readingTab = 3;
 
 enum : int { inputTypeStep = 0, readingScaleStep = 4, analogOutputStep = 27, busSettingsStep = 30 };
 
@@ -94,7 +93,7 @@ bool frmSerial::writeReadingScale() {
   }
   upStat(true, "Reading Scale and Offset error");
   if (skipsReadingOffset()) return true;
-  form<frmBigFolder>().tabBig.setTab(readingTab);
+  form<frmBigFolder>().tabBig.setTab(tab::reading);
   hide();
   return false;
 }

@@ -38,6 +38,7 @@ frmSerial::frmSerial()
 
 frmSerial::~frmSerial() = default;
 
+// Without its animation a window is not the one that was installed: it gets no port, so a run finds no unit.
 void frmSerial::Form_Load() {
   centre();
   attempt([this] {

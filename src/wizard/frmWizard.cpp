@@ -14,7 +14,6 @@
 namespace {
 
 constexpr int addresses = 200;
-constexpr int commTab = 11;
 enum : std::int16_t { pointToPoint = 0, onBus = 1 };
 enum : std::int16_t { fullMenu = 0, simpleMenu = 2, simpleMenuNoMore = 3 };  // what revisionClass tells
 
@@ -79,7 +78,7 @@ void frmWizard::cmdCancel_Click() {
     Global.CancelFlag = True;
     return;
   }
-  form<frmBigFolder>().loadMemo(commTab);
+  form<frmBigFolder>().loadMemo(tab::comm);
   hide();
 }
 
@@ -144,7 +143,7 @@ void frmWizard::takeBus(bool byText) {
 }
 
 void frmWizard::leaveForTab() {
-  form<frmBigFolder>().tabBig.setTab(commTab);
+  form<frmBigFolder>().tabBig.setTab(tab::comm);
   WizardManual = True;
   Global.StartOnCommTab = True;
   hide();
