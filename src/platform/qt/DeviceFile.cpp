@@ -53,7 +53,9 @@ std::string noRight(const std::string& device) {
 
 }  // namespace
 
-bool isMissing(const std::string& device) { return hasFile(device) && !QFileInfo::exists(QString::fromStdString(device)); }
+bool isMissing(const std::string& device) {
+  return hasFile(device) && !QFileInfo::exists(QString::fromStdString(device));
+}
 
 bool isForbidden(const std::string& device) {
   const QFileInfo file(QString::fromStdString(device));

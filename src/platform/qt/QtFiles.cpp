@@ -69,8 +69,7 @@ QString toolkitFilter(std::string_view filter) {
 }
 
 std::string FileChooser::chooseToOpen(const std::string& filter) {
-  return remember(
-      QFileDialog::getOpenFileName(front_(), "Open", folder_, toolkitFilter(filter)));
+  return remember(QFileDialog::getOpenFileName(front_(), "Open", folder_, toolkitFilter(filter)));
 }
 
 std::string FileChooser::chooseToSave(const std::string& filter) {

@@ -30,9 +30,7 @@ void QtSettings::save(const std::string& path, const std::string& value) {
   tree_.setValue(keyOf(path), shown(value));
 }
 
-void QtSettings::remove(const std::string& path) {
-  tree_.remove(keyOf(path));
-}
+void QtSettings::remove(const std::string& path) { tree_.remove(keyOf(path)); }
 
 void QtSettings::sync() { tree_.sync(); }
 
