@@ -19,7 +19,7 @@ enum class Reach { accepts, refuses, never };
 // Said without being asked, as in Host or Continuous mode.
 struct Unasked {
   std::string bytes;  // empty for nothing
-  double after = 1;   // seconds behind the connection, and between one time and the next
+  double after = 1;   // seconds after the connection, and between one time and the next
   int times = 1;
 };
 
@@ -68,7 +68,7 @@ class Bridge {
   BridgeFaults faults;
 
   // Somebody asks for a connection. Both return what he sees, in order of time; he keeps the events that are
-  // not due yet, puts later ones in between, and forgets all that stand behind a `closed` or `reset`. No
+  // not due yet, puts later ones in between, and forgets all that stand after a `closed` or `reset`. No
   // event at all: nobody answers.
   std::vector<BridgeEvent> connect(double now);
   // Bytes on a connection, in any portions. Any number of connections may be open; the bytes of all go to the

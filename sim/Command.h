@@ -23,7 +23,7 @@ struct Command {
 std::string addressDigits(int address);
 
 // The line comes without its carriage return. Whatever stands in front of the last recognition character is
-// passed over: a unit begins anew at each. "^AE" needs none and has the address behind it.
+// passed over: a unit begins anew at each. "^AE" needs none and has the address after it.
 Command parseCommand(std::string_view line, const Framing& framing);
 
 }  // namespace sim

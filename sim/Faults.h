@@ -22,7 +22,7 @@ struct Refusal {
 
 struct Piece {
   std::size_t size;  // bytes
-  double gap;        // seconds of rest behind them
+  double gap;        // seconds of rest after them
 };
 
 struct Faults {
@@ -41,11 +41,11 @@ struct Faults {
   std::string lineEnd = "\r";  // "\r", "\n", "\r\n" or nothing
   std::string noiseBefore;     // bytes in front of every reply
   std::string noiseInside;     // bytes within every reply ...
-  std::size_t noiseAt = 0;     // ... behind this many of its own
+  std::size_t noiseAt = 0;     // ... after this many of its own
   std::size_t endless = 0;     // bytes of a reply that repeats itself and has no line end, 0 for none
 
   std::string stale;         // said once, unasked, as soon as somebody listens
-  std::string trailing;      // said behind every reply ...
+  std::string trailing;      // said after every reply ...
   double trailingAfter = 0;  // ... after this many seconds
 };
 

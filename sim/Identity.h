@@ -32,7 +32,7 @@ enum class Model {
 struct ModelFact {
   Model model;
   std::string_view name;  // as the command line takes it
-  std::string_view type;  // what the unit answers behind "U04"
+  std::string_view type;  // what the unit answers after "U04"
   std::string_view what;
   int family;  // the code to which its replies to X01, R01, D05, R24, R25 and R04 lead; -2 for none
 };
@@ -48,7 +48,7 @@ struct UnitSetup {
   int address = 1;  // 0 to 199, counts only when addressed
   LineSettings line = {};
   bool analog = false;         // fitted with the analog output
-  std::string idFlags = "00";  // the two letters behind the recognition character: "CC", "EE", "FF", "S..."
+  std::string idFlags = "00";  // the two letters after the recognition character: "CC", "EE", "FF", "S..."
   double turnaround = 0.002;   // seconds from the end of a command to the first byte of the reply
   double lineRate = 0;         // baud at which bytes take their time, 0 for none
   std::string recognition = "2A";  // two hexadecimal digits of the character that begins a command

@@ -21,7 +21,7 @@ class LineTiming {
   // A rate of 0 baud is a line on which bytes take no time.
   LineTiming(double rate, const LineSettings& line);
 
-  // The moment at which a byte sent to the unit at `now` has come in, behind those before it.
+  // The moment at which a byte sent to the unit at `now` has come in, after those before it.
   double heard(double now);
 
   // Puts bytes on the line to the caller, not before `from` nor before what is on it already; returns when

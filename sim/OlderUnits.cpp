@@ -18,7 +18,7 @@ constexpr std::array<std::string_view, 6> commands{"X01", "R01", "D05", "R24", "
 struct OlderFact {
   Model model;
   std::string_view front;  // in front of every reply of a unit without an address
-  std::array<std::string_view, commands.size()> values;  // behind the echo; "?" begins a refusal
+  std::array<std::string_view, commands.size()> values;  // after the echo; "?" begins a refusal
 };
 
 // clang-format off

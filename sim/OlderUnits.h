@@ -12,7 +12,7 @@ namespace sim {
 
 bool isOlder(Model model);
 
-// The reply of an older unit, address digits included and line end not: what it has behind the echo, or
+// The reply of an older unit, address digits included and line end not: what it has after the echo, or
 // "?43".
 std::string olderAnswer(Model model, const Command& command);
 

@@ -28,7 +28,7 @@ class Unit {
   Faults faults;
 
   // Bytes may come in any portions. Returns what the unit says to them, in order of time; chunks of an
-  // earlier call may still be due behind them.
+  // earlier call may still be due after them.
   std::vector<Chunk> receive(double now, std::string_view bytes);
 
   // The same from a line whose settings may not be the unit's. Another speed or number of stop bits is not

@@ -20,7 +20,7 @@ struct GlobalState {
   std::int32_t ReadConfirmed = 0;        // a read is due; written by the choosers and frmSerial
   std::int16_t AutoDetect = 0;           // the showing of frmSerial is a connection test
   std::int32_t DetectionDone = 0;        // 1: frmSerial unloads at the end of its activation
-  std::string RdScale;                   // decimal text of the last reading slope, for the offset behind it
+  std::string RdScale;                   // decimal text of the last reading slope, for the offset after it
   std::string AnalogScale;               // the same for the analog output
   std::array<std::string, 15> FirmwareVersions;  // the known ones; filled by initMemory
 

@@ -31,7 +31,7 @@ class MemoArray {
 // Written by writeMemo, the decoders, the file reader and initMemory.
 extern MemoArray Memo;
 
-// Record numbers. The field in use stands behind each: V value, F flag, T text, E extra.
+// Record numbers. The field in use stands after each: V value, F flag, T text, E extra.
 // The members of an option array follow each other: rec::optInType + 2 is "Process".
 namespace rec {
 enum : int {

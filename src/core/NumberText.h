@@ -13,7 +13,7 @@
 // signed 32-bit one.
 double Val(std::string_view text);
 
-// The digits at the start of a hexadecimal text without "&H", up to eight behind any zeros, as 32 bits:
+// The digits at the start of a hexadecimal text without "&H", up to eight after any zeros, as 32 bits:
 // "FFF6" is 65526; none is 0. What was padded to any length thus keeps its value.
 std::int32_t hexValue(std::string_view hexText);
 // Upper case, as short as possible; a negative number in two's complement of its width.

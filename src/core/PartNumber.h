@@ -29,7 +29,7 @@ int listedModelRow(const std::vector<std::string>& entries, std::string_view mod
 // The catalogue row that was last selected. The columns carry no meaning for the program; the third one is
 // handed over with a row and never kept.
 struct PartNumberState {
-  std::string model;  // empty where an index has no row, "x" behind the last one; written by listPartNumber
+  std::string model;  // empty where an index has no row, "x" after the last one; written by listPartNumber
   std::int32_t c1 = 0;
   std::int32_t c2 = 0;
   std::int32_t c4 = 0;

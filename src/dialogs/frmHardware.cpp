@@ -104,18 +104,23 @@ void frmHardware::writeDescription() {
       "your unit's.");
 }
 
-// The row that the part number names wins over the one remembered, which a file knows nothing of, and over
-// the default.
+// The row that the part number names wins over the one remembered, which a file knows nothing of.
 void frmHardware::showModel() {
   ready_ = true;
-  const bool named = cboModel.listIndex() >= 0;
+  const int named = cboModel.listIndex();
   if (DeviceState.ModelIndex >= 0) {
-    if (!named) cboModel.setListIndex(DeviceState.ModelIndex);
+    if (named < 0) cboModel.setListIndex(DeviceState.ModelIndex);
     cboModel.setText(makeModel());
   }
   chkMonitor.setValue(Memo[rec::monitorOnly].value);
-  if (DeviceState.DeviceClass >= 0) return;
-  if (!named) cboModel.setListIndex(defaultRow);
+  if (DeviceState.DeviceClass < 0) showDefaultModel(named);
+}
+
+// Where nobody knows the unit the default is shown, unless the part number names a model of the present line.
+void frmHardware::showDefaultModel(int named) {
+  const bool ofThisLine = (familyCode(cboModel.list(named)) <= 0) == (DeviceState.IsRkw77 != False);
+  if (named < 0 || !ofThisLine) cboModel.setListIndex(defaultRow);
+  if (named >= 0) BaseModel = cboModel.list(cboModel.listIndex());
   family_ = familyCode(cboModel.list(cboModel.listIndex()));
 }
 

@@ -69,7 +69,7 @@ class frmHardware : public Form {
   bool isOfThisUnit() const;
   // Both outputs SSR, RS-232 and no address; the main window is left alone.
   void showFactoryFit();
-  // New rows for lstOption; returns the row that was chosen. None is chosen behind it.
+  // New rows for lstOption; returns the row that was chosen. None is chosen after it.
   std::int16_t offerOptions(std::span<const std::string_view> rows);
 
   // Takes the model over; also called without the dialog ever being shown.
@@ -81,6 +81,7 @@ class frmHardware : public Form {
   void showOutputs();
   void showAddress();
   void showModel();
+  void showDefaultModel(int named);
   void showNumber();
   void rebuild();
   std::string numberOfChoices() const;

@@ -19,7 +19,7 @@ void frmBigFolder::OpenConfiguration() {
   if (!path.empty() && readConfigurationFile(path, tab)) showLoaded(tab);
 }
 
-// The stamps say what a corrupted file is. It is loaded all the same: errors count no more behind the second
+// The stamps say what a corrupted file is. It is loaded all the same: errors count no more after the second
 // one.
 bool frmBigFolder::readConfigurationFile(const std::string& path, std::int16_t& tab) {
   resetDeviceState();

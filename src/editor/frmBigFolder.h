@@ -29,7 +29,7 @@ class frmBigFolder : public BigFolderControls {
   const std::unique_ptr<SerialPort> MSComm1;
   std::int16_t SilentSetup = 0;  // cmdCnfg_Click is to take the model without showing the hardware dialog
 
-  // Life.
+  // Life: BigFolderLife.cpp.
   void Form_Load() override;
   void Form_Activate() override;
   void Form_Unload() override;
@@ -38,19 +38,20 @@ class frmBigFolder : public BigFolderControls {
   void initMemory();
   void loadRegCommSet();
 
-  // Memory and controls. Errors in loadMemo are ignored: what a control refuses leaves it as it was.
+  // Memory and controls: BigFolderMemory.cpp. Errors in loadMemo are ignored: what a control refuses leaves
+  // it as it was.
   void loadMemo(std::int16_t tab);
   void writeMemo(std::int16_t tab);
   void reCover();  // writeMemo of all tabs
   std::string formDPt() const;
 
-  // Configuration files. A file that can't be read is told of in a box, and Memo is again what the controls
-  // show.
+  // Configuration files: BigFolderFile.cpp. A file that can't be read is told of in a box, and Memo is again
+  // what the controls show.
   void FileOpen(const std::string& path);
   // Asks for the file; keeps ModelIndex as the file has it.
   void OpenConfiguration();
 
-  // Tabs and buttons.
+  // Tabs and buttons: BigFolderTabs.cpp; fitting to the model: BigFolderFit.cpp and BigFolderFamily.cpp.
   void tabBig_Click(std::int16_t previousTab);
   void SaveCurrentTab();
   void cmdReset_Click();
@@ -66,19 +67,19 @@ class frmBigFolder : public BigFolderControls {
   void applyDeviceClass();     // brings the dialog and this window into line with DeviceState.IsRkw77
   void leaveUnavailableTab();  // steps down to a tab in use
 
-  // Communication tab.
+  // Communication tab: BigFolderComm.cpp.
   void makeCommSetting();
   void cboCommPort_Click();
   void usePort(int port);  // tries it and says how it stands; also a port that the list doesn't hold
   void cmdAutoDetect_Click();
   void optCommunicationMode_Click(int index);
 
-  // Entries. A box repairs its text on Enter and on leaving, and says so unless warnings are off; it never
-  // keeps the user back.
+  // Entries: BigFolderEntries.cpp. A box repairs its text on Enter and on leaving, and says so unless
+  // warnings are off; it never keeps the user back.
   void reForm();  // repairs and commits what depends on the reading format, on the tab on show
   void optDpoint_Click(int index);
 
-  // Dependent controls.
+  // Dependent controls: BigFolderRules.cpp, BigFolderOutputs.cpp, BigFolderPictures.cpp.
   void Al1Disabled(bool enable);
   void Al2Disabled(bool enable);
   void AnalogOutControls(bool enable);

@@ -34,7 +34,7 @@ class NetworkChannel {
   std::string socketBuffer;            // the last arrival; never matched to a command
   std::int16_t networkReadFailed = 0;  // the last NetworkReadSet gave up
   std::int32_t registerMask = 0;       // bits that the next NetworkWriteSet may change; 0 skips the register
-  std::string Text1;                   // the replies one behind the other, the last 4096 bytes of them
+  std::string Text1;                   // the replies one after the other, the last 4096 bytes of them
 
   // Adds a reply to Text1.
   void note(std::string_view reply);

@@ -16,7 +16,7 @@ namespace {
 
 // Seconds.
 constexpr double connectLimit = 2.0;
-constexpr double listenLimit = 5.0;  // behind the call for a connection: does the bridge talk by itself?
+constexpr double listenLimit = 5.0;  // after the call for a connection: does the bridge talk by itself?
 constexpr double settle = 0.5;       // before the first question
 constexpr double retryRest = 1.0;
 constexpr double versionRest = 1.0;

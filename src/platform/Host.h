@@ -58,7 +58,7 @@ class Host {
   // words.
   virtual std::string readFile(const std::string& path, std::size_t most) = 0;
   // Writes over a file from its start, in one step: what fails leaves the old file whole and is a
-  // RuntimeError in the system's words. What an older, longer file holds behind the new bytes stays.
+  // RuntimeError in the system's words. What an older, longer file holds after the new bytes stays.
   virtual void exchangeFile(const std::string& path, std::string_view bytes) = 0;
   // Texts in the machine's single-byte code page; Windows-1252 unless the machine has one of its own.
   virtual std::string toCodePage(std::string_view text);

@@ -26,7 +26,7 @@ class Printer {
   int currentX = 0;
   int currentY = 0;
 
-  virtual void print(std::string_view text) = 0;  // moves currentX behind the text
+  virtual void print(std::string_view text) = 0;  // moves currentX past the text
   virtual void endLine() = 0;                     // currentX to 0, currentY down by the height of a line
   virtual void newPage() = 0;                     // position 0, 0 of the next page
   virtual void endDocument() = 0;                 // sends it off

@@ -15,11 +15,11 @@ struct RunBody {
   std::string (frmSerial::*writeRegister)(std::string_view reg, const std::string& value);
   std::int32_t& (*registerMask)(frmSerial& window);  // for the next write
 
-  // A wiring fault ends a write with a message, and is told behind the first register of a read.
+  // A wiring fault ends a write with a message, and is told after the first register of a read.
   bool heedsWiring;
   // A read lets the unit rest between two registers of one step.
   bool restsWithinSteps;
-  // A read ends with a message at the step behind so many failed ones, in a row or not.
+  // A read ends with a message at the step after so many failed ones, in a row or not.
   bool (*lastReadFailed)(const frmSerial& window);
   int failedStepsBorne;
 

@@ -93,7 +93,7 @@ void cutSmallOffset(Mantissa& mantissa) {
 }
 
 // A decimal text taken apart: digits without sign and point, the place of the point in them, and what stands
-// behind the "E".
+// after the "E".
 struct DecimalParts {
   std::string digits;
   int point = 0;

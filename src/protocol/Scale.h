@@ -11,7 +11,7 @@
 // magnitude up to 524287. An offset has its sign in bit 23, a power code (divided by 10 to the code less 2)
 // in bits 22 to 20, a magnitude up to 999999.
 //
-// A scale encoder leaves its slope at full precision in Global for the offset encoder behind it. An
+// A scale encoder leaves its slope at full precision in Global for the offset encoder after it. An
 // arithmetic result that is not finite raises an overflow error.
 
 Encoded makeRdScale();       // 14; "!Divide by zero" if both inputs are the same

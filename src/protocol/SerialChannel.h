@@ -16,7 +16,7 @@ std::string addressPart();
 // "*", the address part and the command, as "*11R07".
 std::string framed(std::string_view command);
 bool contains(std::string_view text, std::string_view part);
-// What a good reply holds behind its mnemonic and index, and behind its address when addressed.
+// What a good reply holds after its mnemonic and index, and after its address when addressed.
 std::string dataOf(const std::string& reply);
 
 // What writePort returns when no whole reply came in time.

@@ -10,7 +10,7 @@
 struct RegisterStep {
   int step;  // 0 to 30; two rows of one step belong together
   const char* reg;
-  int percent;  // the bar behind this row; unchanged: it stays
+  int percent;  // the bar after this row; unchanged: it stays
   Encoded (*encode)();
   std::string (*decode)(const std::string& reply);
   bool onRkw77;  // whether a read asks a unit of the Rkw77 line for it

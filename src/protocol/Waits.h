@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-// Ends when more than `seconds` have passed; starts anew if the clock has stepped back behind its start.
+// Ends when more than `seconds` have passed; starts anew if the clock has stepped back before its start.
 void Delay(float seconds);
 
 // The cruder wait: its start is rounded to a whole second, so it is up to half a second off. Yields at least
@@ -12,7 +12,7 @@ void Delay(float seconds);
 void pause(std::int16_t seconds);
 
 // The wait for an event: true as soon as the flag is set, false when so many seconds are over. Starts anew if
-// the clock has stepped back behind its start.
+// the clock has stepped back before its start.
 bool waitFor(const std::int16_t& flag, double seconds);
 
 // The same for no event at all: ends when so many seconds are over.

@@ -118,7 +118,7 @@ void frmSerial::runOverSerial() {
   }
 }
 
-// A failed connection ends like a run that took place, behind its box. A read that took place is no longer
+// A failed connection ends like a run that took place, after its box. A read that took place is no longer
 // due, and the window goes for good at the end of this showing.
 void frmSerial::networkPath() {
   if (Global.AutoDetect != False) {

@@ -63,26 +63,30 @@ class frmSerial : public Form {
   std::string NetworkReadSerial(std::string_view reg);
   std::string NetworkWriteSerial(std::string_view reg, const std::string& value);
 
-  // Is there a unit that can be configured? Mode 0 and 4 probe ("" found, "ng" not), mode 1 resets the unit.
+  // The probe: Probe.cpp. Is there a unit that can be configured? Mode 0 and 4 probe ("" found, "ng" not),
+  // mode 1 resets the unit.
   std::string comOK(std::int16_t& mode);
-  // What unit it is: -1 none that can be used, 0 the Rkw77 line, 1 to 5 TMP, PRC, STR, GR2, RHT, 6 any other.
+  // MeterType.cpp of reading. What unit it is: -1 none that can be used, 0 the Rkw77 line, 1 to 5 TMP, PRC,
+  // STR, GR2, RHT, 6 any other.
   void ComCheckForMeterType(std::int16_t& type);
   void TcpCheckForMeterType(std::int16_t& type);
 
-  // The wizard's tests, over the serial ports and over the bridge. They leave their verdicts in the wizard.
+  // The wizard's tests, over the serial ports (PortSearch.cpp) and over the bridge (NetworkTest.cpp). They
+  // leave their verdicts in the wizard.
   void SerialTestConnect();
   void NetworkTestConnect();
   // Does a unit answer behind the bridge? 1 yes, -1 the bridge's own prompt does, -2 the line echoes; -43,
   // -46 and -50 are the unit's own errors, 0 is anything else.
   std::int16_t CheckForConnectedDevice();
 
-  // The bridge: connects and runs the whole job; 0 the run took place, or its second look at the unit found
-  // it gone; -1 no bridge, -2 no unit that can be configured.
+  // The bridge: NetworkRuns.cpp and NetworkAccess.cpp. Connects and runs the whole job; 0 the run took place,
+  // or its second look at the unit found it gone; -1 no bridge, -2 no unit that can be configured.
   std::int16_t NetworkFullConnect();
   // Is there a unit of the family that was chosen, or, with `reset`, was it reset?
   bool NetworkCommunicationOK(bool reset);
 
-  // The runs, over either body. Errors in an encoder or decoder end them where they are.
+  // The runs, over either body: WriteRun.cpp and ReadRun.cpp. Errors in an encoder or decoder end them where
+  // they are.
   void WriteConfigurationToDevice();
   void ReadConfigurationFromDevice();
   void NetworkWriteToDevice();
@@ -120,7 +124,7 @@ class frmSerial : public Form {
   void shortCommand(std::int16_t mode);
   std::string ask(std::string_view command);
   // Sends a command of the type check and returns the reply without a carriage return; `settles`: the unit
-  // needs a rest behind it.
+  // needs a rest after it.
   using TypeQuery = std::function<std::string(const std::string& command, bool settles)>;
   void checkMeterType(std::int16_t& type, const TypeQuery& query);
   void checkBusSettings(std::int16_t& type, const std::string& reply);

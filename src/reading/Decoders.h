@@ -4,7 +4,7 @@
 
 #include <string>
 
-// A decoder takes the whole reply line. What stands behind the first "R" and two more characters is the
+// A decoder takes the whole reply line. What stands after the first "R" and two more characters is the
 // payload; a reply without one gives "Fail" and leaves the records as they were. Otherwise the result is what
 // the status shows: the text that was stored, the number, or for a register of bits the payload itself.
 //
@@ -32,7 +32,7 @@ std::string parseAnalogOffset(const std::string& reply);  // 04
 
 std::string parseAl1Cnfg(const std::string& reply);  // 09
 // Knows no window: on the Rkw77 line, where the analog output's mode isn't in this register, whoever reads a
-// unit has to set chkAnalogOutputEnabled of the main window disabled and 0 behind a good reply.
+// unit has to set chkAnalogOutputEnabled of the main window disabled and 0 after a good reply.
 std::string parseAl2Cnfg(const std::string& reply);   // 0A
 std::string parseOut1Cnfg(const std::string& reply);  // 0C
 std::string parseOut2Cnfg(const std::string& reply);  // 0D

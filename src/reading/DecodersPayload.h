@@ -8,7 +8,7 @@
 
 inline constexpr char failed[] = "Fail";
 
-// Everything behind the first "R" and the two register digits, which are not looked at; none when nothing
+// Everything after the first "R" and the two register digits, which are not looked at; none when nothing
 // is left.
 std::optional<std::string> payloadOf(const std::string& reply);
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Finding out what a unit is, from the end of one reply and the length of another. The serial line rests
-// behind a command, the bridge before each.
+// after a command, the bridge before each.
 #include "core/Global.h"
 #include "core/Model.h"
 #include "core/NumberText.h"

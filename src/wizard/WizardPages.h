@@ -40,7 +40,7 @@ struct WizardPage {
   bool nextAgain;      // the Next button says "Next >", whatever an earlier run has made of it
   Deed deed;           // done when the page shows
   const char* text;    // null: what the label says stays
-  const char* ending;  // behind the text and what it names
+  const char* ending;  // after the text and what it names
 };
 
 // Null where there is no such page.

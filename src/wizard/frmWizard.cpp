@@ -164,7 +164,7 @@ void frmWizard::test() {
   if (wizardStopped == False) endRun();
 }
 
-// The status window works without being shown, and may be gone behind its work: what it tells of the unit's
+// The status window works without being shown, and may be gone after its work: what it tells of the unit's
 // revision is taken before. It may have been used for a read earlier, which is over.
 std::int16_t frmWizard::run() {
   prgProgress.setValue(0);

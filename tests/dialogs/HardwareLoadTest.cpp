@@ -75,6 +75,17 @@ TEST_F(HardwareLoad, KeepsTheModelThatAPartNumberNamesThoughNobodyKnowsTheUnit) 
   EXPECT_EQ(DeviceState.DeviceClass, 1);
 }
 
+TEST_F(HardwareLoad, LeavesAModelOfTheOtherLineToTheDefaultWhereNobodyKnowsTheUnit) {
+  DeviceState.DeviceClass = -1;
+  DeviceState.ModelIndex = 0;
+  Hardware.ModelNumber = "Rkw77[case]22-C4";
+  BaseModel = "Rkw77[case]";
+  dialog().cmdOk.userClicked();
+  EXPECT_EQ(Hardware.ModelNumber, "Tv[8,16,32]22-C24");
+  EXPECT_EQ(BaseModel, "Tv[8,16,32]");
+  EXPECT_EQ(DeviceState.DeviceClass, 1);
+}
+
 TEST_F(HardwareLoad, ReplacesANameThatNoModelHasUnlessItIsCancelled) {
   BaseModel = "Tv[8,16,32";
   EXPECT_EQ(number(), "Tv[8,16,32]22-C24");

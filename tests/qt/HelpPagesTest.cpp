@@ -267,7 +267,7 @@ constexpr Message messages[] = {
     {"error occurred : (", "faults-other.html"},
 };
 
-TEST(HelpPagesTest, EveryMessageOfTheProgramIsExplained) {
+TEST(HelpPagesTest, EveryMessageOfThisListIsExplained) {
   const auto pages = pagesByTitle();
   for (const Message& message : messages) {
     const auto page =

@@ -24,7 +24,7 @@ class Bench : public ::testing::Test {
   // Starts the program with the unit's line settings stored, waits out the splash, and returns the main
   // window.
   frmBigFolder& start();
-  // Presses Write, the serial button, and closes the chooser behind the run. The model has been chosen.
+  // Presses Write, the serial button, and closes the chooser after the run. The model has been chosen.
   void write();
   // Presses Open and the serial button. The model has been chosen.
   void read();

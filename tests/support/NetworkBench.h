@@ -19,7 +19,7 @@ class NetworkBench : public RunBench {
 
   // The communication tab says serial or network.
   void chooseWay(bool serial);
-  // What the unit behind the bridge has heard behind the detection.
+  // What the unit behind the bridge has heard after the detection.
   Lines commandsBehindDetection() const;
   std::string target() { return window().lblTarget.caption(); }
 

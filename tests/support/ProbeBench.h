@@ -18,7 +18,7 @@ class ProbeBench : public ::testing::Test {
 
   // Replies to one command, without recognition character and address, in their order; the last one stands
   // for all that follow. An empty one is silence, and so is a command that isn't here. Each gets the address
-  // in front, as an echo, and a carriage return behind, unless it brings its own line end.
+  // in front, as an echo, and a carriage return after, unless it brings its own line end.
   using Replies = std::vector<std::string>;
   std::map<std::string, Replies> answers;
 
@@ -39,5 +39,5 @@ class ProbeBench : public ::testing::Test {
  protected:
   ScriptedHost host;
   frmSerial& window;
-  std::vector<std::string> narrative;  // the status text behind every change
+  std::vector<std::string> narrative;  // the status text after every change
 };

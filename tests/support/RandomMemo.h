@@ -23,7 +23,7 @@ void fillRandomMemo(std::mt19937& random);
 void fillWildMemo(std::mt19937& random);
 // What a hand or a clipboard may put into a box.
 std::string anyText(std::mt19937& random);
-// Any bytes, often with an "R", hexadecimal digits behind it more often than not.
+// Any bytes, often with an "R", hexadecimal digits after it more often than not.
 std::string wildReply(std::mt19937& random);
 
 // A number from low to high, both included.

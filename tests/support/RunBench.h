@@ -25,7 +25,7 @@ class RunBench : public Bench {
   // The tabs show what the records hold.
   void showMemo();
 
-  // Runs as the choosers start them; the window stays loaded behind them.
+  // Runs as the choosers start them; the window stays loaded after them.
   void runWrite();
   void runRead();
 
@@ -36,7 +36,7 @@ class RunBench : public Bench {
   const std::string& status() { return window_->lblStatus.caption(); }
   // Boxes that came, apart from those of Cancel.
   Lines boxTexts() const;
-  // Commands of the run behind the probe, "Z02" included.
+  // Commands of the run after the probe, "Z02" included.
   Lines commandsOfRun() const;
 
   Narrative narrative;

@@ -39,7 +39,7 @@ Lines writeTraffic(int kind, const Payloads& payloads, Payloads before, const st
 Lines readTraffic(bool rkw77, const std::string& address = "");
 
 // What the status window shows, one line for each change: the status text, or the bar as "6%". Both begin
-// behind the probe and end before "Done".
+// after the probe and end before "Done".
 Lines writeNarrative(const Payloads& payloads);
 Lines readNarrative(bool rkw77, const Payloads& outcomes);
 
@@ -48,7 +48,7 @@ class Narrative {
  public:
   void listen(frmSerial& window);
   bool has(const std::string& line) const;
-  // The lines behind the first one that reads so.
+  // The lines after the first one that reads so.
   Lines behind(const std::string& line) const;
 
   Lines lines;

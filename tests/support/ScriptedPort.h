@@ -12,7 +12,7 @@
 
 struct Said {
   std::string bytes;
-  double after = 0.01;  // seconds behind the command
+  double after = 0.01;  // seconds after the command
 };
 
 // From a command without its carriage return to what comes back, in order of time.
@@ -29,7 +29,7 @@ class ScriptedPort : public SerialPort {
   std::vector<std::string> sent;           // byte for byte
   mutable std::vector<std::string> calls;  // every call by its name, failing ones included
   int failAt = 0;                          // the how-manieth call fails, counted from 1; 0: none
-  bool staysGone = false;                  // and all calls behind it
+  bool staysGone = false;                  // and all calls after it
 
   std::vector<std::string> commands() const;  // what was sent, less the carriage return
   // What is heard of a unit that nobody has asked.
