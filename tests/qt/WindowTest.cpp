@@ -2,7 +2,6 @@
 // The life of windows: showing, modal or not, closing, keys, places.
 #include <QImage>
 #include <QLabel>
-#include <QLineEdit>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QVBoxLayout>
@@ -77,25 +76,6 @@ TEST_F(WindowTest, AModalShowReturnsWhenTheFormIsHidden) {
   EXPECT_FALSE(host_.window(other).isVisible());
   EXPECT_TRUE(below.reachable());
   EXPECT_EQ(other.activations, 1);
-}
-
-TEST_F(WindowTest, AModalFormLeavesTheGuideInReach) {
-  show();
-  auto& other = form<OtherForm>();
-  QString typed;
-  QTimer::singleShot(0, [&] {
-    host_.showHelp("\\TorvaneConfiguration.chm>");
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-      auto* query = window->findChild<QLineEdit*>("helpQuery");
-      if (query == nullptr) continue;
-      QTest::keyClicks(query, "port");
-      typed = query->text();
-      window->close();
-    }
-    other.hide();
-  });
-  other.showModal();
-  EXPECT_EQ(typed, "port");
 }
 
 TEST_F(WindowTest, AModalShowReturnsWhenTheFormIsUnloaded) {
