@@ -142,6 +142,7 @@ Encoded makeOut1Cnfg() {
 
 Encoded makeOut2Cnfg() {
   RegisterSum sum;
+  // The menu alone decides here, also of a unit that only monitors.
   if (Memo[rec::menuKind].extra != 2) sum.field(0, valueOf(rec::cboOut2Ctrl));
   sum.field(1, action(rec::cboAl2Setup, rec::cboOut2Action));
   sum.field(2, valueOf(rec::chkOut2AutoPID));
