@@ -119,7 +119,7 @@ void frmHardware::chkMonitor_Click() {
     setTabsAvailable({tab::analog}, false);
   }
   for (OptionButton& option : std::span(optOut).first<7>()) option.setEnabled(outputs);
-  setTabsAvailable({6, 7, 8, 9}, outputs);
+  setTabsAvailable({tab::lbAlarm, tab::out1, tab::out2, tab::rampSoak}, outputs);
   chkMonitor.setValue(chosen);
   rebuild();
 }
@@ -129,7 +129,7 @@ void frmHardware::chkAlarmsOnly_Click() {
   chkSimpleMenu.setValue(0);
   chkMonitor.setValue(0);
   rebuild();
-  if (chosen != 0) setTabsAvailable({6, 7, 8, 9, tab::analog}, false);
+  if (chosen != 0) setTabsAvailable({tab::lbAlarm, tab::out1, tab::out2, tab::rampSoak, tab::analog}, false);
   chkAlarmsOnly.setValue(chosen);
 }
 

@@ -52,18 +52,18 @@ void frmBigFolder::validate(std::initializer_list<TextBox*> boxes) {
 // The boxes that depend on the reading format are repaired and committed as they come on show.
 void frmBigFolder::reForm() {
   switch (tabBig.tab()) {
-    case 1:
+    case tab::setpoints:
       validate({&txtSp1, &txtSp2});
-      return writeMemo(1);
-    case 4:
+      return writeMemo(tab::setpoints);
+    case tab::alarm1:
       validate({&txtAl1HiSp, &txtAl1LoSp});
-      return writeMemo(4);
-    case 5:
+      return writeMemo(tab::alarm1);
+    case tab::alarm2:
       validate({&txtAl2HiSp, &txtAl2LoSp});
-      return writeMemo(5);
-    case 7:
+      return writeMemo(tab::alarm2);
+    case tab::out1:
       validate({&txtOut1DeadBand, &txtOut1PB, &txtOut1Reset});
-      return writeMemo(7);
+      return writeMemo(tab::out1);
     default:
       return;
   }
