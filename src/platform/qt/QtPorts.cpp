@@ -45,7 +45,7 @@ std::string QtPorts::chosen(int commPort) const {
 
 std::string QtPorts::device(int commPort) {
   if (commPort < 1) return {};
-  const std::string path = chosen(commPort);
+  std::string path = chosen(commPort);
   if (!path.empty()) return path;
   Held& held = held_[commPort];
   if (held.path.empty() || held.sinceUse.hasExpired(longestPause)) held.path = present(commPort);
