@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // A walk through a session with the simulated unit, for a machine without a display: edits a setup, writes
-// it, prints it, reads it back, and leaves the report and pictures of the windows in the folder that is named
-// on the command line. DEMO_LOOK=dark or =contrast in the environment shows them as people see them who have
-// set their desktop so, QT_SCALE_FACTOR=2 twice as large.
+// it, reads it back, saves and prints it, and leaves the report and pictures of the windows in the folder
+// that is named on the command line. DEMO_LOOK=dark or =contrast in the environment shows them as people see
+// them who have set their desktop so, QT_SCALE_FACTOR=2 twice as large.
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -215,8 +215,6 @@ void planSession(ScriptedHost& user) {
   });
   user.whenShown("frmWrite", [&user] {
     picture(form<frmWrite>(), "write-to");
-    printReport(user);
-    saveFile(user);
     click(user, form<frmWrite>(), "cmdSerial");
   });
   user.then(halfWay, [] { picture(form<frmSerial>(), "status-write"); });
@@ -228,7 +226,15 @@ void planSession(ScriptedHost& user) {
     click(user, form<frmRead>(), "cmdSerial");
   });
   user.then(halfWay, [] { picture(form<frmSerial>(), "status-read"); });
-  user.whenShown("frmBigFolder", [] { picture(editor(), "read-back"); });
+  user.whenShown("frmBigFolder", [&user] {
+    picture(editor(), "read-back");
+    click(user, editor(), "cmdWrite");
+  });
+  user.whenShown("frmWrite", [&user] {
+    saveFile(user);
+    printReport(user);
+    click(user, form<frmWrite>(), "cmdCancel");
+  });
   planWizard(user);
   openFile(user);
   picturePreferences(user);
