@@ -1,5 +1,4 @@
-"""docs/reliability.md: the parts of it that are measured stand between two marks each, and are put there by the
-script that measures them."""
+"""docs/reliability.md: what is measured stands between two marks, and is put there by the script that measures it."""
 import pathlib
 
 PAGE = pathlib.Path(__file__).resolve().parent.parent / "docs" / "reliability.md"

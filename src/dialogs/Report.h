@@ -19,7 +19,7 @@ inline constexpr int lastSection = 12;
 // word and prints nothing. FileName is "Untitled" afterwards if it was empty.
 void printReport();
 
-// The parts of it.
+// What it is made of.
 void PrintHeader(Printer& printer, std::string_view text);  // centred, and an empty line
 // Words with wrap at the right edge and a new page below the bottom limit. Only a line feed ends a line; any
 // other control character but the tab is ignored.

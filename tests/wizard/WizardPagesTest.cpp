@@ -73,7 +73,7 @@ constexpr const char* testWarningText =
 
 class WizardPages : public WizardBench {
  protected:
-  // Which of the parts that take turns are on show.
+  // Which of the controls that take turns are on show.
   std::string parts() {
     std::string names;
     for (const Control* part : std::initializer_list<const Control*>{
