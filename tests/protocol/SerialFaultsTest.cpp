@@ -33,7 +33,7 @@ class SerialFaults : public ::testing::Test {
   }
   // Replies as in turn; where one is "broken", that command can't even be sent.
   void talk(ScriptedPort& line, Lines replies) {
-    line.script = [&line, replies = std::move(replies), next = std::size_t{0}](const std::string&) mutable {
+    line.script = [replies = std::move(replies), next = std::size_t{0}](const std::string&) mutable {
       if (next >= replies.size()) return std::vector<Said>{};
       const std::string reply = replies[next++];
       if (reply == "broken") throw RuntimeError(Fault::portFault, "Broken");
