@@ -32,8 +32,8 @@ struct BridgeFaults {
   Unasked unasked;
 
   // What meets a line, in this order; the unit hears nothing of a line that was met, unless told.
-  int dropAt = unlimited;      // the how-manieth line from now ends the connection; 1 is the next one ...
-  std::size_t dropBehind = 0;  // ... after so many bytes of its reply; 0: the unit hears nothing of it
+  int dropAt = unlimited;  // counts down with each line; at 0 the connection ends, so 1 is the next one ...
+  std::size_t dropBehind = 0;        // ... after so many bytes of its reply; 0: the unit hears nothing of it
   Reach afterDrop = Reach::accepts;  // `reach` from then on
   bool silent = false;               // takes everything and says nothing
   int echoes = 0;                    // lines still said back as they came, as a modem does
@@ -46,7 +46,7 @@ struct BridgeFaults {
   double late = 0.001;        // seconds from the unit's last byte of a packet to its arrival
   double joinWithin = 0.01;   // seconds of a pause that does not yet end a packet
   std::size_t pieceSize = 0;  // bytes at which a packet is cut into pieces, 0 for no cut ...
-  double pieceGap = 0.05;     // ... with so many seconds between them
+  double pieceGap = 0.05;     // ... with this many seconds between them
   bool abrupt = false;        // connections end with a reset instead of an orderly close
 };
 

@@ -55,6 +55,21 @@ bool stuck(Faults& faults, std::string_view argument) {
 
 bool late(Faults& faults, std::string_view argument) { return setSeconds(faults.late, argument); }
 
+bool slow(Faults& faults, std::string_view argument) {
+  const auto fields = splitText(argument, ',');
+  double seconds = 0;
+  if (fields.size() != 2 || !setSeconds(seconds, fields[1])) return false;
+  faults.slow.push_back({std::string(fields[0]), seconds});
+  return true;
+}
+
+bool busy(Faults& faults, std::string_view argument) {
+  faults.busy = true;
+  return argument.empty();
+}
+
+bool bytes(Faults& faults, std::string_view argument) { return setSeconds(faults.byteGap, argument); }
+
 bool pieces(Faults& faults, std::string_view argument) {
   const auto cut = piecesOf(argument);
   if (cut) faults.pieces.push_back({cut->first, cut->second});
@@ -108,7 +123,7 @@ struct Kind {
   std::string_view help;
 };
 
-constexpr std::array<Kind, 13> kinds{{
+constexpr std::array<Kind, 16> kinds{{
     {"silent", silent, "silent[:N]               no reply, after N good ones if told"},
     {"loop", loop, "loop[:N]                 commands come back as they went, N of them if told"},
     {"refuse", refuse,
@@ -117,8 +132,11 @@ constexpr std::array<Kind, 13> kinds{{
     {"stuck", stuck,
      "stuck:INDEX[,BITS]       a register keeps its value, or takes it with these bits turned over"},
     {"late", late, "late:SECONDS             every reply so much later"},
+    {"slow", slow, "slow:BEGIN,SECONDS       only replies to commands that begin so are so much later"},
+    {"busy", busy, "busy                     commands wait until the reply to the one before is through"},
     {"pieces", pieces,
      "pieces:SIZE,GAP          a reply's first SIZE bytes, a rest of GAP seconds; repeatable"},
+    {"bytes", bytes, "bytes:GAP                replies byte by byte, GAP seconds apart, line end included"},
     {"line-end", lineEnd, "line-end:KIND            cr, lf, crlf or none"},
     {"noise", noise,
      "noise:BYTES[,AT]         bytes in hexadecimal before a reply, or inside it behind AT of its own"},

@@ -38,6 +38,19 @@ const std::string* literalAnswer(const Faults& faults, std::string_view body) {
   return best;
 }
 
+double slowness(const Faults& faults, std::string_view body) {
+  double seconds = 0;
+  for (const Slowness& slow : faults.slow) {
+    if (body.starts_with(slow.prefix)) seconds += slow.seconds;
+  }
+  return seconds;
+}
+
+std::vector<Piece> cuts(const Faults& faults, std::size_t size) {
+  if (faults.byteGap <= 0) return faults.pieces;
+  return std::vector<Piece>(size, {1, faults.byteGap});
+}
+
 const Refusal* takeRefusal(std::vector<Refusal>& refusals, std::string_view body) {
   for (Refusal& refusal : refusals) {
     if (body.starts_with(refusal.prefix) && useUp(refusal.times)) return &refusal;

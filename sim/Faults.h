@@ -25,10 +25,16 @@ struct Piece {
   double gap;        // seconds of rest after them
 };
 
+// Commands that begin so take the unit this much longer, such as writes into a slow memory.
+struct Slowness {
+  std::string prefix;
+  double seconds = 0;
+};
+
 struct Faults {
   int silentAfter = unlimited;  // commands still answered before the unit falls silent; 0 is silent at once
-  int hangupAt = unlimited;     // the how-manieth command from now pulls the plug; 1 is the next one
-  int loopback = 0;             // commands still returned as they came, as a wiring loop does
+  int hangupAt = unlimited;  // counts down with each command; at 0 the plug is pulled, so 1 is the next one
+  int loopback = 0;          // commands still returned as they came, as a wiring loop does
 
   std::vector<Refusal> refusals;               // the first that fits decides
   std::map<std::string, std::string> answers;  // command's beginning to the literal reply, less the line end
@@ -37,7 +43,10 @@ struct Faults {
   std::map<std::string, std::uint32_t, std::less<>> stuck;
 
   double late = 0;             // seconds on top of the turnaround
+  std::vector<Slowness> slow;  // seconds on top of both; all that fit count
+  bool busy = false;           // begins with a command only when the reply to the one before is through
   std::vector<Piece> pieces;   // how a reply is cut up; the rest follows as one
+  double byteGap = 0;          // seconds of rest after every byte of a reply, its line end included
   std::string lineEnd = "\r";  // "\r", "\n", "\r\n" or nothing
   std::string noiseBefore;     // bytes in front of every reply
   std::string noiseInside;     // bytes within every reply ...
@@ -54,6 +63,12 @@ bool useUp(int& count);
 
 // The reply that stands for this command, or null.
 const std::string* literalAnswer(const Faults& faults, std::string_view body);
+
+// Seconds that this command takes on top of what every command takes.
+double slowness(const Faults& faults, std::string_view body);
+
+// How a reply of this size is cut up.
+std::vector<Piece> cuts(const Faults& faults, std::size_t size);
 
 // The refusal that meets this command and has one time less from now on, or null.
 const Refusal* takeRefusal(std::vector<Refusal>& refusals, std::string_view body);

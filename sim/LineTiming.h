@@ -28,6 +28,9 @@ class LineTiming {
   // the last byte is through. With a rate each byte is a chunk of its own.
   double say(double from, std::string_view bytes, const std::vector<Piece>& pieces, std::vector<Chunk>& out);
 
+  // The moment at which the last byte said so far is through.
+  double saidUntil() const { return saidUntil_; }
+
  private:
   void sayPiece(std::string_view bytes, std::vector<Chunk>& out);
 

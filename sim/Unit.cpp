@@ -107,7 +107,8 @@ void Unit::hearLine(std::string line, double at, const LineSettings& spoken, std
 
 void Unit::answerLine(const Command& command, double at, const LineSettings& spoken,
                       std::vector<Chunk>& out) {
-  const double start = at + setup_.turnaround + faults.late;
+  const double begin = faults.busy ? std::max(at, timing_.saidUntil()) : at;
+  const double start = begin + setup_.turnaround + faults.late + slowness(faults, command.body);
   switch (fitOf(spoken, setup_.line)) {
     case LineFit::deaf:
       return;
@@ -127,7 +128,7 @@ void Unit::answerLine(const Command& command, double at, const LineSettings& spo
 }
 
 void Unit::say(const std::string& bytes, double at, std::vector<Chunk>& out) {
-  const double end = timing_.say(at, bytes, faults.pieces, out);
+  const double end = timing_.say(at, bytes, cuts(faults, bytes.size()), out);
   log_.push_back({end, '<', bytes, {}});
   if (!faults.trailing.empty()) out.push_back({end + faults.trailingAfter, faults.trailing});
 }

@@ -95,6 +95,53 @@ TEST_F(Faults, LateReply) {
   EXPECT_DOUBLE_EQ(unit.receive(10, "*R07\r").at(0).at, 11.5);
 }
 
+TEST_F(Faults, SlowOnlyAtCommandsThatBeginSo) {
+  unit.faults.slow = {{"W", 0.9}, {"W07", 0.1}};
+  EXPECT_DOUBLE_EQ(unit.receive(10, "*R07\r").at(0).at, 10);
+  EXPECT_DOUBLE_EQ(unit.receive(20, "*W0801\r").at(0).at, 20.9);
+  EXPECT_DOUBLE_EQ(unit.receive(30, "*W0726\r").at(0).at, 31);
+  unit.faults.late = 1;
+  EXPECT_DOUBLE_EQ(unit.receive(40, "*W0801\r").at(0).at, 41.9);
+}
+
+TEST_F(Faults, SlowUnitOnABusIsToldByWhatFollowsItsAddress) {
+  Unit addressed{{.addressed = true, .address = 17, .turnaround = 0}};
+  addressed.faults.slow = {{"W", 0.9}};
+  EXPECT_DOUBLE_EQ(addressed.receive(10, "*11R07\r").at(0).at, 10);
+  EXPECT_DOUBLE_EQ(addressed.receive(20, "*11W0726\r").at(0).at, 20.9);
+}
+
+TEST_F(Faults, RepliesKeepTheOrderOfTheirCommands) {
+  unit.faults.slow = {{"W", 0.9}};
+  const auto chunks = unit.receive(10, "*W0726\r*R07\r");
+  ASSERT_EQ(chunks.size(), 2U);
+  EXPECT_EQ(chunks[1].bytes, "R0726\r");
+  EXPECT_DOUBLE_EQ(chunks[1].at, 10.9);
+}
+
+TEST_F(Faults, BusyUnitBeginsWhenTheReplyBeforeIsThrough) {
+  unit.faults.late = 0.5;
+  EXPECT_DOUBLE_EQ(unit.receive(10, "*R07\r*R08\r").at(1).at, 10.5);
+  unit.faults.busy = true;
+  const auto chunks = unit.receive(20, "*R07\r*R08\r*R07\r");
+  ASSERT_EQ(chunks.size(), 3U);
+  EXPECT_DOUBLE_EQ(chunks[0].at, 20.5);
+  EXPECT_DOUBLE_EQ(chunks[1].at, 21);
+  EXPECT_DOUBLE_EQ(chunks[2].at, 21.5);
+  EXPECT_DOUBLE_EQ(unit.receive(30, "*R07\r").at(0).at, 30.5);
+}
+
+TEST_F(Faults, ReplyByteByByte) {
+  unit.faults.byteGap = 0.25;
+  unit.faults.lineEnd = "\r\n";
+  const auto chunks = unit.receive(10, "*R07\r");
+  ASSERT_EQ(chunks.size(), 7U);
+  for (std::size_t at = 0; at < chunks.size(); ++at) {
+    EXPECT_EQ(chunks[at].bytes, std::string("R0704\r\n").substr(at, 1));
+    EXPECT_DOUBLE_EQ(chunks[at].at, 10 + 0.25 * static_cast<double>(at));
+  }
+}
+
 TEST_F(Faults, ReplyInPieces) {
   unit.faults.pieces = {{2, 0.3}, {1, 0.4}};
   const auto chunks = unit.receive(0, "*R07\r");

@@ -102,6 +102,15 @@ TEST(Options, TimesPiecesAndStuckRegisters) {
   EXPECT_EQ(faultsOf("stuck:07,80").stuck.at("07"), 0x80U);
 }
 
+TEST(Options, SlownessAndBytes) {
+  const sim::Faults slow = faultsOf("slow:W,0.9");
+  ASSERT_EQ(slow.slow.size(), 1U);
+  EXPECT_EQ(slow.slow[0].prefix, "W");
+  EXPECT_DOUBLE_EQ(slow.slow[0].seconds, 0.9);
+  EXPECT_TRUE(faultsOf("busy").busy);
+  EXPECT_DOUBLE_EQ(faultsOf("bytes:0.01").byteGap, 0.01);
+}
+
 TEST(Options, FaultsAddUp) {
   const Options options =
       parseOptions({"--fault", "pieces:1,0", "--fault", "pieces:2,0", "--fault", "late:1"});
@@ -113,7 +122,8 @@ TEST(Options, RefusesBadFaultArguments) {
   for (const char* bad :
        {"silent:x", "loop:-1",    "refuse:?43,W,x", "refuse:a,b,1,d", "answer:R07", "stuck:7", "stuck:07,xx",
         "late:",    "late:-1",    "pieces:2",       "pieces:0,1",     "line-end:x", "noise:",  "noise:0",
-        "noise:GG", "noise:00,x", "endless:x",      "stale",          "trailing:",  "hangup",  "hangup:0"}) {
+        "noise:GG", "noise:00,x", "endless:x",      "stale",          "trailing:",  "hangup",  "hangup:0",
+        "slow",     "slow:W",     "slow:W,x",       "slow:W,1,1",     "busy:1",     "bytes",   "bytes:-1"}) {
     EXPECT_NE(parseOptions({"--fault", bad}).problem, "") << bad;
   }
 }
