@@ -2,57 +2,48 @@
 // The sections of the report.
 #include "dialogs/ReportSections.h"
 
-#include <array>
-
+#include "core/Choices.h"
 #include "core/Memo.h"
 #include "core/Model.h"
 #include "core/NumberText.h"
-#include "editor/frmBigFolder.h"
 
 namespace {
 
 using enum RowKind;
-using Editor = BigFolderControls;
 
 // ---- values
 
 std::string text(int record) { return Memo[record].text; }
 std::string number(int record) { return numberText(std::int32_t{Memo[record].value}); }
 std::string seconds(int record) { return number(record) + "s"; }
-std::string flag(int record) { return Memo[record].flag != False ? "True" : "False"; }
-std::string isOne(int record) { return Memo[record].value == 1 ? "True" : "False"; }
-std::string abled(int record) { return Memo[record].value == 1 ? "Enabled" : "Disabled"; }
+std::string item(int record) { return choiceAt(choicesOf(record), Memo[record].value); }
+std::string flag(int record) { return choiceAt(choices::truths, Memo[record].flag != False); }
+std::string isOne(int record) { return choiceAt(choices::truths, Memo[record].value == 1); }
+std::string abled(int record) { return choiceAt(choices::abilities, Memo[record].value == 1); }
 
+// Anything but the first two is the third.
 std::string color(int record) {
-  if (Memo[record].extra == 0) return "Red";
-  return Memo[record].extra == 1 ? "Green" : "Amber";
+  const int index = Memo[record].extra;
+  return choiceAt(choices::colors, index == 0 || index == 1 ? index : 2);
 }
 
-template <auto list>
-std::string item(int record) {
-  return (form<frmBigFolder>().*list).list(Memo[record].value);
-}
-
-std::string protection(int record) {
-  constexpr std::array names{"None", "Setpoints", "Full"};
-  return names.at(static_cast<std::size_t>(record - rec::optIDCode));
-}
+std::string protection(int record) { return choiceAt(choices::protections, record - rec::optIDCode); }
 
 std::string inputType(int first) {
-  if (Memo[first].flag != False) return "TC " + item<&Editor::lstTCTypes>(rec::lstTCTypes) + "-type";
-  if (Memo[first + 1].flag == False) return "Process " + item<&Editor::lstProc>(rec::lstProc);
-  return "RTD " + item<&Editor::cboRTDValue>(rec::cboRTDValue) + " ohm  " +
-         item<&Editor::cboRTDWires>(rec::cboRTDWires) + " wires  " +
-         item<&Editor::cboRTDCurves>(rec::cboRTDCurves);
+  if (Memo[first].flag != False) return "TC " + item(rec::lstTCTypes) + "-type";
+  if (Memo[first + 1].flag == False) return "Process " + item(rec::lstProc);
+  return "RTD " + item(rec::cboRTDValue) + " ohm  " + item(rec::cboRTDWires) + " wires  " +
+         item(rec::cboRTDCurves);
 }
 
+// The first one that is set, the last one where none is.
 std::string decimalPoint(int first) {
-  if (Memo[first].flag != False) return "XXXX.";
-  if (Memo[first + 1].flag != False) return "XXX.X";
-  return Memo[first + 2].flag != False ? "XX.XX" : "X.XXX";
+  int chosen = 0;
+  while (chosen < 3 && Memo[first + chosen].flag == False) ++chosen;
+  return choiceAt(choices::readingFormats, chosen);
 }
 
-std::string voltOrCurrent(int record) { return Memo[record].flag != False ? "Volt" : "Current"; }
+std::string voltOrCurrent(int record) { return choiceAt(choices::analogModes, Memo[record].flag == False); }
 
 // ---- conditions
 
@@ -102,8 +93,8 @@ constexpr ReportRow inputRows[] = {
 constexpr ReportRow readingRows[] = {
     {heading, "Reading Configuration", nullptr, 0, always},
     {field, "Decimal Point:      ", decimalPoint, rec::optDpoint, always},
-    {field, "Temperature Unit:   ", item<&Editor::cboTUnit>, rec::cboTUnit, always},
-    {field, "Filter Constant:    ", item<&Editor::lstFiltConst>, rec::lstFiltConst, always},
+    {field, "Temperature Unit:   ", item, rec::cboTUnit, always},
+    {field, "Filter Constant:    ", item, rec::lstFiltConst, always},
     {heading, "Reading Scale & Offset", nullptr, 0, always},
     {field, "In 1:               ", text, rec::txtIn1, always},
     {field, "Read 1:             ", text, rec::txtRd1, always},
@@ -115,10 +106,10 @@ constexpr ReportRow alarm1Rows[] = {
     {heading, "Alarm 1", nullptr, 0, always},
     {field, "Enabled:            ", number, rec::chkAl1Enabled, always},
     {field, "Color when active: ", color, rec::cboAl1WhenActiveColor, always},
-    {field, "Control:            ", item<&Editor::cboAl1Ctrl>, rec::cboAl1Ctrl, notSimple},
-    {field, "Latch:              ", item<&Editor::cboAl1Latch>, rec::cboAl1Latch, always},
-    {field, "Closure:            ", item<&Editor::cboAl1Closure>, rec::cboAl1Closure, notSimple},
-    {field, "Setup:              ", item<&Editor::cboAl1Setup>, rec::cboAl1Setup, always},
+    {field, "Control:            ", item, rec::cboAl1Ctrl, notSimple},
+    {field, "Latch:              ", item, rec::cboAl1Latch, always},
+    {field, "Closure:            ", item, rec::cboAl1Closure, notSimple},
+    {field, "Setup:              ", item, rec::cboAl1Setup, always},
     // The simple menu has one dead band for both alarms, and it is kept as output 1's proportional band.
     {field, "Dead Band:          ", text, rec::txtOut1PB, simple},
     {field, "Auto Power-On:      ", number, rec::chkAl1AutoPOn, notSimple},
@@ -130,10 +121,10 @@ constexpr ReportRow alarm2Rows[] = {
     {heading, "Alarm 2", nullptr, 0, always},
     {field, "Enabled:            ", number, rec::chkAl2Enabled, always},
     {field, "Color when active: ", color, rec::cboAl2WhenActiveColor, always},
-    {field, "Control:            ", item<&Editor::cboAl2Ctrl>, rec::cboAl2Ctrl, notSimple},
-    {field, "Latch:              ", item<&Editor::cboAl2Latch>, rec::cboAl2Latch, always},
-    {field, "Closure:            ", item<&Editor::cboAl2Closure>, rec::cboAl2Closure, notSimple},
-    {field, "Setup:              ", item<&Editor::cboAl2Setup>, rec::cboAl2Setup, always},
+    {field, "Control:            ", item, rec::cboAl2Ctrl, notSimple},
+    {field, "Latch:              ", item, rec::cboAl2Latch, always},
+    {field, "Closure:            ", item, rec::cboAl2Closure, notSimple},
+    {field, "Setup:              ", item, rec::cboAl2Setup, always},
     {field, "Dead Band:          ", text, rec::txtOut1PB, simple},
     {field, "High Set-Point:     ", text, rec::txtAl2HiSp, notSimple},
     {field, "Low Set-Point:      ", text, rec::txtAl2LoSp, notSimple},
@@ -150,14 +141,14 @@ constexpr ReportRow output1Rows[] = {
     {heading, "Out 1", nullptr, 0, always},
     {field, "Self Enabled:       ", isOne, rec::chkOut1Self, always},
     {field, "4-20mA Enabled:     ", flag, rec::opt420mA, always},
-    {field, "Control Type:       ", item<&Editor::cboOut1Ctrl>, rec::cboOut1Ctrl, always},
-    {field, "Action Type:        ", item<&Editor::cboOut1Action>, rec::cboOut1Action, always},
+    {field, "Control Type:       ", item, rec::cboOut1Ctrl, always},
+    {field, "Action Type:        ", item, rec::cboOut1Action, always},
     {field, "Auto PID:           ", abled, rec::chkOut1AutoPID, always},
     {field, "Anti-Integeral:     ", abled, rec::chkOut1Anti, always},
     {field, "Prop. Band:         ", text, rec::txtOut1PB, isPid<rec::cboOut1Ctrl>},
     {field, "Reset:              ", text, rec::txtOut1Reset, isPid<rec::cboOut1Ctrl>},
     {field, "Rate:               ", text, rec::txtOut1Rate, isPid<rec::cboOut1Ctrl>},
-    {field, "Damping Factor:     ", item<&Editor::lstOut1DamFactor>, rec::lstOut1DamFactor, isPid<rec::cboOut1Ctrl>},
+    {field, "Damping Factor:     ", item, rec::lstOut1DamFactor, isPid<rec::cboOut1Ctrl>},
     {field, "Cycle Time:        ", seconds, rec::HSOut1CycleT, isPid<rec::cboOut1Ctrl>},
     {field, "Dead Band:          ", text, rec::txtOut1DeadBand, isOnOff<rec::cboOut1Ctrl>},
     {field, "Manual % low:       ", text, rec::HSOut1Low, readable},
@@ -167,8 +158,8 @@ constexpr ReportRow output1Rows[] = {
 
 constexpr ReportRow output2Rows[] = {
     {heading, "Out 2", nullptr, 0, always},
-    {field, "Control Type:       ", item<&Editor::cboOut2Ctrl>, rec::cboOut2Ctrl, always},
-    {field, "Action Type:        ", item<&Editor::cboOut2Action>, rec::cboOut2Action, always},
+    {field, "Control Type:       ", item, rec::cboOut2Ctrl, always},
+    {field, "Action Type:        ", item, rec::cboOut2Action, always},
     {field, "Auto PID            ", abled, rec::chkOut2AutoPID, always},
     {field, "Prop. Band:         ", text, rec::txtOut2PB, isPid<rec::cboOut2Ctrl>},
     {field, "Cycle Time:        ", seconds, rec::HSOut2CycleT, isPid<rec::cboOut2Ctrl>},
