@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "Figures.h"
-#include "platform/qt/QtSerialPort.h"
+#include "platform/qt/io/QtSerialPort.h"
 
 namespace {
 

@@ -15,7 +15,7 @@
 #include "Figures.h"
 #include "Responder.h"
 #include "platform/qt/QtHost.h"
-#include "platform/qt/QtSerialPort.h"
+#include "platform/qt/io/QtSerialPort.h"
 #include "protocol/SerialChannel.h"
 
 namespace {

@@ -17,7 +17,7 @@
 #include "core/NumberText.h"
 #include "editor/frmBigFolder.h"
 #include "network/NetworkChannel.h"
-#include "platform/qt/QtSocket.h"
+#include "platform/qt/io/QtSocket.h"
 #include "protocol/frmSerial.h"
 #include "sim/TcpServer.h"
 

@@ -17,7 +17,7 @@
 #include "editor/frmBigFolder.h"
 #include "platform/qt/HelpGuide.h"
 #include "platform/qt/PictureView.h"
-#include "platform/qt/QtText.h"
+#include "platform/qt/io/QtText.h"
 #include "protocol/frmSerial.h"
 #include "qt/TestForm.h"
 

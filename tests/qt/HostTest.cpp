@@ -11,7 +11,7 @@
 #include <QTime>
 #include <functional>
 
-#include "platform/qt/QtSerialPort.h"
+#include "platform/qt/io/QtSerialPort.h"
 #include "qt/Pseudo.h"
 #include "qt/TestForm.h"
 

@@ -27,7 +27,7 @@
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
 #include "platform/qt/PictureView.h"
-#include "platform/qt/QtText.h"
+#include "platform/qt/io/QtText.h"
 #include "protocol/frmSerial.h"
 #include "qt/TestForm.h"
 #include "wizard/frmWizard.h"

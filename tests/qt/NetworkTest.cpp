@@ -19,7 +19,7 @@
 #include "core/Model.h"
 #include "network/NetworkChannel.h"
 #include "platform/qt/QtHost.h"
-#include "platform/qt/QtSocket.h"
+#include "platform/qt/io/QtSocket.h"
 
 namespace {
 

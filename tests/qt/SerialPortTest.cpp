@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The serial port on pseudo terminals: bytes, faults, and what it says of them.
-#include "platform/qt/QtSerialPort.h"
+#include "platform/qt/io/QtSerialPort.h"
 
 #include <gmock/gmock.h>
 #include <sys/stat.h>
@@ -15,7 +15,7 @@
 #include <thread>
 
 #include "platform/RuntimeError.h"
-#include "platform/qt/DeviceFile.h"
+#include "platform/qt/io/DeviceFile.h"
 #include "qt/Pseudo.h"
 
 namespace {

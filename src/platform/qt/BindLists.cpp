@@ -4,7 +4,7 @@
 #include <QEvent>
 
 #include "platform/qt/Bindings.h"
-#include "platform/qt/QtText.h"
+#include "platform/qt/io/QtText.h"
 
 namespace {
 

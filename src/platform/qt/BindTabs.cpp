@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The tab strip: a bar over a stack of pages. A page that can't be chosen is greyed and can be on show.
 #include "platform/qt/Bindings.h"
-#include "platform/qt/QtText.h"
+#include "platform/qt/io/QtText.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <algorithm>
 
 #include "platform/qt/Bindings.h"
-#include "platform/qt/QtText.h"
+#include "platform/qt/io/QtText.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 
 #include "platform/qt/Access.h"
 #include "platform/qt/Bindings.h"
-#include "platform/qt/QtText.h"
+#include "platform/qt/io/QtText.h"
 
 namespace {
 

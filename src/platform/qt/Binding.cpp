@@ -3,7 +3,7 @@
 #include "platform/qt/Binding.h"
 
 #include "platform/qt/Guard.h"
-#include "platform/qt/QtText.h"
+#include "platform/qt/io/QtText.h"
 
 namespace {
 

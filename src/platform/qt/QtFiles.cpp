@@ -10,7 +10,7 @@
 #include <algorithm>
 
 #include "platform/RuntimeError.h"
-#include "platform/qt/QtText.h"
+#include "platform/qt/io/QtText.h"
 
 namespace {
 

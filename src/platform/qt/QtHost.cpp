@@ -15,9 +15,9 @@
 #include "platform/qt/HelpWindow.h"
 #include "platform/qt/QtFiles.h"
 #include "platform/qt/QtPrinterDevice.h"
-#include "platform/qt/QtSerialPort.h"
-#include "platform/qt/QtSocket.h"
-#include "platform/qt/QtText.h"
+#include "platform/qt/io/QtSerialPort.h"
+#include "platform/qt/io/QtSocket.h"
+#include "platform/qt/io/QtText.h"
 
 namespace {
 

@@ -10,9 +10,9 @@
 
 #include "platform/Host.h"
 #include "platform/qt/QtFiles.h"
-#include "platform/qt/QtPorts.h"
-#include "platform/qt/QtSettings.h"
 #include "platform/qt/Windows.h"
+#include "platform/qt/io/QtPorts.h"
+#include "platform/qt/io/QtSettings.h"
 
 class QtHost : public Host {
  public:

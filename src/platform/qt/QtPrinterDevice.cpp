@@ -14,7 +14,7 @@
 #include <utility>
 
 #include "platform/RuntimeError.h"
-#include "platform/qt/QtText.h"
+#include "platform/qt/io/QtText.h"
 
 namespace {
 

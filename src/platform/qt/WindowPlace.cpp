@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <string>
 
-#include "platform/qt/QtText.h"
+#include "platform/qt/io/QtText.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <QRect>
 #include <optional>
 
-#include "platform/qt/QtSettings.h"
+#include "platform/qt/io/QtSettings.h"
 
 // In the screen's own units, which a scale factor makes larger than pixels; the place is the frame's corner,
 // the size that of what is inside.

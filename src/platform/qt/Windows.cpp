@@ -17,8 +17,8 @@
 #include "platform/qt/Binding.h"
 #include "platform/qt/Guard.h"
 #include "platform/qt/Layouts.h"
-#include "platform/qt/QtText.h"
 #include "platform/qt/WindowPlace.h"
+#include "platform/qt/io/QtText.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "platform/Form.h"
-#include "platform/qt/QtSettings.h"
+#include "platform/qt/io/QtSettings.h"
 
 // A top level widget that tells its form what happens to it. The layout may ask for a splash window, without
 // a frame, by the dynamic property "splash"; for one that leaves the keyboard where it is, by "beside"; and

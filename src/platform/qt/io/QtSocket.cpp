@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A TCP connection on Qt.
-#include "platform/qt/QtSocket.h"
+#include "platform/qt/io/QtSocket.h"
 
 #include <QCoreApplication>
 #include <QNetworkProxy>
@@ -8,7 +8,7 @@
 #include <limits>
 #include <utility>
 
-#include "platform/qt/QtText.h"
+#include "platform/qt/io/QtText.h"
 
 namespace {
 

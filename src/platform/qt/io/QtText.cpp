@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Text between the program and the toolkit.
-#include "platform/qt/QtText.h"
+#include "platform/qt/io/QtText.h"
 
 #include <QStringDecoder>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A serial port on a device file: opened exclusively, without handshake.
-#include "platform/qt/QtSerialPort.h"
+#include "platform/qt/io/QtSerialPort.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "platform/RuntimeError.h"
-#include "platform/qt/DeviceFile.h"
-#include "platform/qt/QtText.h"
+#include "platform/qt/io/DeviceFile.h"
+#include "platform/qt/io/QtText.h"
 
 namespace {
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Which device each port name means, in the program's words and the system's.
-#include "platform/qt/QtPorts.h"
+#include "platform/qt/io/QtPorts.h"
 
 #include <QFileInfo>
 #include <QSerialPortInfo>
 #include <algorithm>
 
-#include "platform/qt/DeviceFile.h"
-#include "platform/qt/QtText.h"
+#include "platform/qt/io/DeviceFile.h"
+#include "platform/qt/io/QtText.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The per-user settings tree, on the toolkit's INI files.
-#include "platform/qt/QtSettings.h"
+#include "platform/qt/io/QtSettings.h"
 
-#include "platform/qt/QtText.h"
+#include "platform/qt/io/QtText.h"
 
 namespace {
 

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // What the system's file of a serial device tells: whether it is there, ours to use, or taken.
-#include "platform/qt/DeviceFile.h"
+#include "platform/qt/io/DeviceFile.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <optional>
 
-#include "platform/qt/QtText.h"
+#include "platform/qt/io/QtText.h"
 
 namespace {
 

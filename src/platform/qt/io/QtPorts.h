@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/qt/QtSettings.h"
+#include "platform/qt/io/QtSettings.h"
 
 // A serial device of the system: what opens it, and what its adapter calls itself (or its maker; may be
 // empty).
