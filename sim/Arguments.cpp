@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Arguments of the command line in the forms that several options share.
+// Arguments of faults in the forms that several kinds share.
 #include "sim/Arguments.h"
 
 #include <algorithm>

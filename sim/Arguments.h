@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Arguments of the command line in the forms that several options share. Each is false, or nothing, when the
+// Arguments of faults in the forms that several kinds share. Each is false, or nothing, when the
 // text is not of its form.
 #pragma once
 

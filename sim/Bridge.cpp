@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// One port of an Ethernet bridge in front of the simulated unit: connections and bytes in, timed events out.
+// One port of an Ethernet bridge in front of the simulated units of a line: connections and bytes in, timed
+// events out.
 #include "sim/Bridge.h"
 
 #include <algorithm>
@@ -61,7 +62,7 @@ std::vector<BridgeEvent> Bridge::connect(double now) {
   if (faults.reach == Reach::refuses) return {{start, BridgeEvent::refused}};
   std::vector<BridgeEvent> events{{start, BridgeEvent::accepted}};
   add(events, talk(start, faults.unasked));
-  add(events, packets(unit_.unasked(start)));
+  add(events, packets(bus_.unasked(start)));
   if (faults.closeAfter) events.push_back(end(start + *faults.closeAfter));
   putInOrder(events);
   return events;
@@ -91,7 +92,7 @@ std::vector<BridgeEvent> Bridge::hearLine(double now, const std::string& line) {
 
 std::vector<Chunk> Bridge::ask(double now, const std::string& line) {
   log_.back().direction = '>';
-  return unit_.receive(now, line, faults.line.value_or(unit_.setup().line));
+  return bus_.receive(now, line, faults.line);
 }
 
 std::vector<BridgeEvent> Bridge::drop(double now, const std::string& line) {

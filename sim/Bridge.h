@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: MIT
-// One port of an Ethernet bridge in front of the simulated unit: connections and bytes in, timed events out.
+// One port of an Ethernet bridge in front of the simulated units of a line: connections and bytes in, timed
+// events out.
 #pragma once
 
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "sim/Bus.h"
 #include "sim/Faults.h"
 #include "sim/LineSettings.h"
-#include "sim/Unit.h"
 
 namespace sim {
 
@@ -62,8 +64,8 @@ struct BridgeEvent {
 
 class Bridge {
  public:
-  // The unit outlives the bridge. Several bridges in front of one unit are the ports of one bridge.
-  explicit Bridge(Unit& unit) : unit_(unit) {}
+  // The units outlive the bridge. Several bridges in front of one line are the ports of one bridge.
+  explicit Bridge(Bus bus) : bus_(std::move(bus)) {}
 
   BridgeFaults faults;
 
@@ -83,7 +85,8 @@ class Bridge {
   std::size_t connections() const;         // in the log, refused ones included
   std::vector<std::string> lines() const;  // in the log, without the carriage return
 
-  Unit& unit() const { return unit_; }
+  const Bus& bus() const { return bus_; }
+  Unit& unit() const { return bus_.first(); }
 
  private:
   std::vector<BridgeEvent> hearLine(double now, const std::string& line);
@@ -92,7 +95,7 @@ class Bridge {
   std::vector<BridgeEvent> drop(double now, const std::string& line);
   BridgeEvent end(double at) const;
 
-  Unit& unit_;
+  Bus bus_;
   std::string line_;
   std::vector<LogEntry> log_;
 };

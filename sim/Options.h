@@ -21,6 +21,7 @@ struct Options {
   std::optional<int> tcp;             // port of the bridge, 0 for any
   std::optional<int> terminalServer;  // port at which the bridge is a Terminal Server
   BridgeFaults bridge;
+  std::string plant;  // a table of units, empty for the one that stands here
   bool checkLine = false;
   bool quiet = false;
   bool help = false;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A unit on a pseudo terminal, in the caller's thread or in one of its own.
+// The units of a line on a pseudo terminal, in the caller's thread or in one of its own.
 #include "sim/PseudoTerminal.h"
 
 #include <poll.h>
@@ -8,6 +8,7 @@
 #include <array>
 #include <cmath>
 #include <filesystem>
+#include <optional>
 #include <system_error>
 #include <utility>
 
@@ -45,7 +46,7 @@ timespec duration(double seconds) {
 
 }  // namespace
 
-Server::Server(Unit& unit, ServerOptions options) : unit_(unit), options_(std::move(options)) {
+Server::Server(Bus bus, ServerOptions options) : bus_(std::move(bus)), options_(std::move(options)) {
   makeLink(options_.link, path());
 }
 
@@ -96,7 +97,7 @@ double Server::now() const {
 
 double Server::untilDue() {
   const std::scoped_lock lock(mutex_);
-  queue(unit_.unasked(now()));
+  queue(bus_.unasked(now()));
   return due_.empty() ? noEnd : std::max(0.0, due_.begin()->first - now());
 }
 
@@ -117,7 +118,7 @@ void Server::serve() {
   if (std::exchange(otherReady_, false)) options_.onOther();
   hear();
   tell();
-  if (unit_.unplugged()) return hangUp();
+  if (bus_.unplugged()) return hangUp();
   deliver();
 }
 
@@ -125,14 +126,16 @@ void Server::hear() {
   const std::string bytes = pty_.read();
   if (bytes.empty()) return;
   pty_.allowOthers();
-  const LineSettings own = unit_.setup().line;
-  queue(unit_.receive(now(), bytes, options_.checkLine ? pty_.spoken(own) : own));
-  if (options_.onExchange) options_.onExchange(unit_);
+  std::optional<LineSettings> spoken;
+  if (options_.checkLine) spoken = pty_.spoken(bus_.first().setup().line);
+  queue(bus_.receive(now(), bytes, spoken));
+  if (!options_.onExchange) return;
+  for (const Unit* const unit : bus_.units()) options_.onExchange(*unit);
 }
 
 void Server::tell() {
   if (!options_.onTraffic) return;
-  for (const LogEntry& entry : unit_.takeLog()) options_.onTraffic(entry);
+  for (const LogEntry& entry : bus_.takeLog()) options_.onTraffic(entry);
 }
 
 void Server::queue(std::vector<Chunk> chunks) {

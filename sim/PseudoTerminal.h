@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A unit on a pseudo terminal, in the caller's thread or in one of its own.
+// The units of a line on a pseudo terminal, in the caller's thread or in one of its own.
 #pragma once
 
 #include <atomic>
@@ -11,8 +11,8 @@
 #include <thread>
 #include <utility>
 
+#include "sim/Bus.h"
 #include "sim/PtyPair.h"
-#include "sim/Unit.h"
 #include "sim/WakeUp.h"
 
 namespace sim {
@@ -20,24 +20,24 @@ namespace sim {
 struct ServerOptions {
   std::string link = {};   // a symbolic link to the device file, for a name that stays; empty for none
   bool checkLine = false;  // compare the far end's line settings with the unit's, as far as they are known
-  std::function<void(const LogEntry&)> onTraffic = {};  // takes each line out of the unit's log
-  std::function<void(const Unit&)> onExchange = {};     // after the unit has heard something
+  std::function<void(const LogEntry&)> onTraffic = {};  // takes each line out of the units' logs
+  std::function<void(const Unit&)> onExchange = {};     // after a unit has heard something
   int otherFile = -1;                                   // one more source in the same loop; -1 for none ...
   std::function<void()> onOther = {};  // ... and who serves it when it is readable; may use the unit
 };
 
 class Server {
  public:
-  // Throws std::system_error when there is no pseudo terminal or the link can't be made. The unit outlives
+  // Throws std::system_error when there is no pseudo terminal or the link can't be made. The units outlive
   // the server.
-  explicit Server(Unit& unit, ServerOptions options = {});
+  explicit Server(Bus bus, ServerOptions options = {});
   ~Server();
   Server(const Server&) = delete;
   Server& operator=(const Server&) = delete;
 
   const std::string& path() const { return pty_.path(); }
 
-  double now() const;  // seconds since the start; the unit's clock
+  double now() const;  // seconds since the start; the units' clock
 
   // In the caller's thread: waits for traffic, at most this long in seconds (below 0: without end), and
   // serves what there is. False once the line is unplugged.
@@ -52,14 +52,14 @@ class Server {
   void unplug();
   bool unplugged() const;
 
-  // The unit and its faults while a thread serves it, not from inside the callbacks above:
+  // The first unit and its faults while a thread serves it, not from inside the callbacks above:
   // server.with([](Unit& unit) { return unit.count("W");
   // }).
   template <typename Use>
   auto with(Use use) {
     const WakeAtEnd wakeAtEnd{bell_};
     const std::scoped_lock lock(mutex_);
-    return use(unit_);
+    return use(bus_.first());
   }
 
   // Lets run() return; may be called from a signal handler.
@@ -81,7 +81,7 @@ class Server {
   void hangUp();
   void queue(std::vector<Chunk> chunks);
 
-  Unit& unit_;
+  Bus bus_;
   ServerOptions options_;
   PtyPair pty_;
   WakeUp bell_;

@@ -190,7 +190,8 @@ void TcpServer::hear(int file) {
   if (!readSome(file, bytes)) return hangUp(file, false);
   if (link.ended || bytes.empty()) return;
   queue(link, link.bridge->receive(now(), bytes));
-  if (options_.onExchange) options_.onExchange(link.bridge->unit());
+  if (!options_.onExchange) return;
+  for (const Unit* const unit : link.bridge->bus().units()) options_.onExchange(*unit);
 }
 
 void TcpServer::queue(Link& link, std::vector<BridgeEvent> events) {

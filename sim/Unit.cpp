@@ -100,7 +100,7 @@ void Unit::hearLine(std::string line, double at, const LineSettings& spoken, std
     unplugged_ = true;
     return;
   }
-  if (!useUp(faults.silentAfter)) return;
+  if (faults.silentAfter == 0 || (command.mine && !useUp(faults.silentAfter))) return;
   if (useUp(faults.loopback)) return say(line, at, out);
   if (command.mine) answerLine(command, at, spoken, out);
 }

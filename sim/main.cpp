@@ -1,18 +1,23 @@
 // SPDX-License-Identifier: MIT
-// The program unit-simulator: a unit on a pseudo terminal, and behind a bridge if told.
+// The program unit-simulator: a unit on a pseudo terminal, and behind a bridge if told; or a whole plant.
 #include <atomic>
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <filesystem>
+#include <fstream>
+#include <initializer_list>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "sim/Numbers.h"
+#include "sim/Keeper.h"
 #include "sim/Options.h"
+#include "sim/Plant.h"
+#include "sim/PlantFile.h"
 #include "sim/PseudoTerminal.h"
-#include "sim/RegisterFile.h"
 #include "sim/TcpServer.h"
 #include "sim/TrafficText.h"
 
@@ -39,37 +44,9 @@ void print(std::FILE* where, const std::string& line) {
   std::fflush(where);
 }
 
-// Registers as they are kept from one start to the next.
-class Keeper {
- public:
-  explicit Keeper(const sim::Options& options) : options_(options) {}
-
-  std::string load(sim::Unit& unit) const {
-    if (options_.registers.empty()) return {};
-    std::string problem = sim::loadRegisters(unit, options_.registers);
-    if (options_.addressGiven) restoreAddress(unit);
-    unit.powerOn();
-    return problem;
-  }
-
-  void save(const sim::Unit& unit) {
-    if (options_.registers.empty()) return;
-    const std::string text = sim::registerText(unit);
-    if (text == saved_) return;
-    const std::string problem = sim::saveRegisters(unit, options_.registers);
-    if (!problem.empty()) print(stderr, problem);
-    saved_ = text;
-  }
-
- private:
-  void restoreAddress(sim::Unit& unit) const {
-    const sim::Unit asTold(options_.setup);
-    for (const char* index : {"1F", "21"}) unit.setRegister(index, asTold.registerHex(index));
-  }
-
-  const sim::Options& options_;
-  std::string saved_;
-};
+void complain(const std::string& problem) {
+  if (!problem.empty()) print(stderr, problem);
+}
 
 // The ports of the bridge that the command line asks for.
 class BridgePorts {
@@ -99,11 +76,11 @@ class BridgePorts {
   std::vector<std::string> lines_;
 };
 
-int serve(sim::Unit& unit, const sim::Options& options, Keeper& keeper) {
+int serve(sim::Unit& unit, const sim::Options& options, sim::Keeper& keeper) {
   const auto show = [&](const sim::LogEntry& entry) {
     if (!options.quiet) print(stdout, sim::trafficLine(entry));
   };
-  const auto keep = [&](const sim::Unit& changed) { keeper.save(changed); };
+  const auto keep = [&](const sim::Unit& changed) { complain(keeper.save(changed)); };
   // What went on to the unit shows in the unit's own traffic.
   const auto showUnlessPassed = [&](const sim::LogEntry& entry) {
     if (entry.direction != '>') show(entry);
@@ -123,19 +100,55 @@ int serve(sim::Unit& unit, const sim::Options& options, Keeper& keeper) {
   server.run();
   served = nullptr;
   if (server.unplugged()) print(stdout, "unplugged");
-  keeper.save(unit);
+  keep(unit);
   return 0;
 }
 
 int serve(const sim::Options& options) {
   sim::Unit unit(options.setup);
   unit.faults = options.faults;
-  Keeper keeper(options);
-  if (const std::string problem = keeper.load(unit); !problem.empty()) {
+  sim::Keeper keeper(options.registers);
+  if (const std::string problem = keeper.load(unit, options.addressGiven); !problem.empty()) {
     print(stderr, problem);
     return 2;
   }
   return serve(unit, options, keeper);
+}
+
+// A signal that comes before or between the waits stays until the next of them.
+void waitForTheEnd(const sigset_t& signals) {
+  int signal = 0;
+  sigwait(&signals, &signal);
+}
+
+sigset_t heldBack(std::initializer_list<int> signals) {
+  sigset_t set;
+  sigemptyset(&set);
+  for (const int signal : signals) sigaddset(&set, signal);
+  pthread_sigmask(SIG_BLOCK, &set, nullptr);
+  return set;
+}
+
+int servePlant(const sim::Options& options) {
+  std::ifstream in(options.plant, std::ios::binary);
+  const std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+  if (!in) {
+    print(stderr, options.plant + ": can't be read");
+    return 2;
+  }
+  const sim::PlantTable table = sim::parsePlant(text, {.setup = options.setup, .faults = options.faults});
+  for (const std::string& problem : table.problems) print(stderr, options.plant + ": " + problem);
+  if (!table.problems.empty()) return 2;
+  const sigset_t ends = heldBack({SIGINT, SIGTERM, SIGHUP});
+  sim::PlantOptions serving{.folder = std::filesystem::path(options.plant).parent_path()};
+  serving.checkLine = options.checkLine;
+  serving.traffic = !options.quiet;
+  serving.bridge = options.bridge;
+  serving.print = [](const std::string& line) { print(stdout, line); };
+  const sim::Plant plant(table.units, serving);
+  for (const std::string& line : plant.announcement()) print(stdout, line);
+  waitForTheEnd(ends);
+  return 0;
 }
 
 }  // namespace
@@ -152,7 +165,7 @@ int main(int count, char** arguments) {
   }
   handleSignals();
   try {
-    return serve(options);
+    return options.plant.empty() ? serve(options) : servePlant(options);
   } catch (const std::exception& fault) {
     print(stderr, fault.what());
     return 1;
