@@ -16,6 +16,7 @@ void askForModel(const Handler& behindDialog) {
   form<frmHardware>().showModal();
   if (behindDialog) behindDialog();
   unload<frmHardware>();
+  form<frmBigFolder>().followMenu();  // before a tab is left and committed: the menu may be another
   form<frmBigFolder>().leaveUnavailableTab();
 }
 

@@ -66,6 +66,7 @@ void frmBigFolder::cmdAutoDetect_Click() {
   form<frmWizard>().showModal();
   Memo[rec::menuKind].extra = form<frmWizard>().wizardResultMode;
   DeviceState.MenuKind = Memo[rec::menuKind].extra;
+  followMenu();
   ::unload<frmWizard>();
   SilentSetup = True;
   cmdCnfg_Click();

@@ -71,6 +71,7 @@ void frmBigFolder::reForm() {
 
 // The range is still that of the old format, which stands in the records until the tab is left.
 void frmBigFolder::optDpoint_Click(int index) {
+  formatChosen_ = true;
   const double limit = setPointLimits[index];
   if (index > 0 && (entryNumber(txtSp1.text()) > limit || entryNumber(txtSp2.text()) > limit)) {
     messageBox(" Reenter setpoints values", "Setpoints overrange");

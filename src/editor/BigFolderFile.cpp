@@ -43,7 +43,7 @@ bool frmBigFolder::readConfigurationFile(const std::string& path, std::int16_t& 
 }
 
 void frmBigFolder::showLoaded(std::int16_t tab) {
-  for (std::int16_t each = 0; each < tabBig.tabs(); ++each) loadMemo(each);
+  showRecords();
   attempt([&] { tabBig.setTab(tab); });
   attempt([this] { reForm(); });
   Global.DeviceSpecified = False;

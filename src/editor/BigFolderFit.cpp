@@ -3,26 +3,13 @@
 #include "core/Memo.h"
 #include "core/Model.h"
 #include "dialogs/frmHardware.h"
+#include "editor/AlarmSetup.h"
 #include "editor/ControlGroups.h"
 #include "editor/frmBigFolder.h"
 
 namespace {
 
 enum : int { alarmsOnlyKind = 1, simpleMenuKind = 2 };
-
-// The simple menu knows "Above" and "Below" only.
-void shortenSetup(ComboBox& setup) {
-  if (setup.listCount() == 4) {
-    setup.removeItem(3);
-    setup.setListIndex(0);
-    setup.setText("Above");
-  }
-  if (setup.listCount() == 3) setup.removeItem(2);
-}
-
-void lengthenSetup(ComboBox& setup) {
-  if (setup.listCount() == 2) setup.addItem("Hi/Lo");
-}
 
 void forceOnOff(ComboBox& control) {
   control.setListIndex(0);
@@ -34,6 +21,7 @@ void forceOnOff(ComboBox& control) {
 
 void frmBigFolder::cmdCnfg_Click() {
   writeMemo(tabBig.tab());
+  simpleMenuShown_ = Memo[rec::menuKind].extra == simpleMenuKind;
   if (isLoaded<frmHardware>() && !form<frmHardware>().isOfThisUnit()) ::unload<frmHardware>();
   if (SilentSetup != False) {
     form<frmHardware>().cmdOk_Click();
@@ -47,6 +35,7 @@ void frmBigFolder::cmdCnfg_Click() {
 }
 
 void frmBigFolder::fitToModel() {
+  followMenu();
   if (const auto cut = BaseModel.find("-C"); cut != std::string::npos) BaseModel.resize(cut);
   const bool analogOut = Hardware.Out1.Analog != False;
   if (!analogOut) {
@@ -86,8 +75,8 @@ void frmBigFolder::fitToFullUnit() {
   for (Control* control : onShow) control->setVisible(true);
   fraAl1Deadband.setVisible(false);
   fraAl2Deadband.setVisible(false);
-  lengthenSetup(cboAl1Setup);
-  lengthenSetup(cboAl2Setup);
+  alarmSetup::offerHiLo(cboAl1Setup);
+  alarmSetup::offerHiLo(cboAl2Setup);
   chkAl1Enabled.setEnabled(true);
   chkAl2Enabled.setEnabled(true);
 }
@@ -119,8 +108,8 @@ void frmBigFolder::fitToSimpleMenu() {
   fraAl1Deadband.setVisible(true);
   fraAl2Deadband.setVisible(true);
   for (Control* control : hidden) control->setVisible(false);
-  shortenSetup(cboAl1Setup);
-  shortenSetup(cboAl2Setup);
+  alarmSetup::shorten(cboAl1Setup);
+  alarmSetup::shorten(cboAl2Setup);
   for (int tab : {tab::out1, tab::out2, tab::rampSoak}) tabBig.setTabAvailable(tab, false);
   forceOnOff(cboOut2Ctrl);
 }

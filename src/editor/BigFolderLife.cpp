@@ -88,7 +88,7 @@ void frmBigFolder::keepSplashUp(double start) const {
 void frmBigFolder::initBigFolder() {
   centre();
   initMemory();
-  for (std::int16_t tab = 0; tab < tabBig.tabs(); ++tab) loadMemo(tab);
+  showRecords();
   Hardware.ModelNumber = "Tv(8,16,32)[case]";
   Hardware.Out1.SSR = True;
   Hardware.Out2.SSR = True;

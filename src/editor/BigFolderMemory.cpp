@@ -16,10 +16,12 @@ constexpr std::int16_t simpleMenuKind = 2;
 }  // namespace
 
 // In the order in which a tab is shown: options run their handlers, and these arrange other controls.
-// The protection level is shown with tab 0 and stored with tab 1; the dead bands of the alarm tabs are shown
-// with the outputs.
+// The protection level is shown with tab 0 and stored with tab 1. A dead band has two boxes, on the tab of the
+// output and on that of the alarm: both are shown with the output, and in the simple menu, which has no tab of
+// the outputs, the alarm's box is shown and stored with the alarm and wins over its twin.
 std::vector<frmBigFolder::Field> frmBigFolder::fieldTable() {
   using enum Copy;
+  using enum Menu;
   // clang-format off
   return {
       // shown, stored, record, copy, control
@@ -64,6 +66,7 @@ std::vector<frmBigFolder::Field> frmBigFolder::fieldTable() {
       {4, 4, rec::cboAl1WhenActiveColor, extra, &cboAl1WhenActiveColor},
       {4, 4, rec::txtAl1HiSp, reading, &txtAl1HiSp},
       {4, 4, rec::txtAl1LoSp, reading, &txtAl1LoSp},
+      {4, 4, rec::txtOut1DeadBand, reading, &txtAl1Deadband, inSimpleMenu},
 
       {5, 5, rec::cboAl2Ctrl, value, &cboAl2Ctrl},
       {5, 5, rec::cboAl2Latch, value, &cboAl2Latch},
@@ -73,6 +76,7 @@ std::vector<frmBigFolder::Field> frmBigFolder::fieldTable() {
       {5, 5, rec::cboAl2WhenActiveColor, extra, &cboAl2WhenActiveColor},
       {5, 5, rec::txtAl2HiSp, reading, &txtAl2HiSp},
       {5, 5, rec::txtAl2LoSp, reading, &txtAl2LoSp},
+      {5, 5, rec::txtOut2DeadBand, reading, &txtAl2Deadband, inSimpleMenu},
 
       {6, 6, rec::chkLBAEnabled, value, &chkLBAEnabled},
       {6, 6, rec::chkIDEnabled, value, &chkIDEnabled},
@@ -91,6 +95,7 @@ std::vector<frmBigFolder::Field> frmBigFolder::fieldTable() {
       {7, 7, rec::cboOut1Action, value, &cboOut1Action},
       {7, notStored, rec::txtOut1DeadBand, reading, &txtAl1Deadband},
       {7, 7, rec::txtOut1DeadBand, reading, &txtOut1DeadBand},
+      {notShown, 7, rec::txtOut1DeadBand, reading, &txtAl1Deadband, inSimpleMenu},
       {7, 7, rec::txtOut1PB, reading, &txtOut1PB},
       {7, 7, rec::txtOut1Rate, tenths, &txtOut1Rate},
       {7, 7, rec::txtOut1Reset, plain, &txtOut1Reset},
@@ -103,6 +108,7 @@ std::vector<frmBigFolder::Field> frmBigFolder::fieldTable() {
       {8, 8, rec::HSOut2CycleT, position, &HSOut2CycleT},
       {8, notStored, rec::txtOut2DeadBand, reading, &txtAl2Deadband},
       {8, 8, rec::txtOut2DeadBand, reading, &txtOut2DeadBand},
+      {notShown, 8, rec::txtOut2DeadBand, reading, &txtAl2Deadband, inSimpleMenu},
       {8, 8, rec::txtOut2PB, reading, &txtOut2PB},
 
       {9, 9, rec::chkRampEn, value, &chkRampEn},
@@ -137,7 +143,7 @@ std::vector<frmBigFolder::Field> frmBigFolder::fieldTable() {
 
 void frmBigFolder::loadMemo(std::int16_t tab) {
   for (const Field& field : fields_) {
-    if (field.loadTab == tab) attempt([&] { load(field); });
+    if (field.loadTab == tab && isInUse(field)) attempt([&] { load(field); });
   }
   if (tab == 2) attempt([this] { doInputImage(); });
   if (tab == 11) loadModelCopies();
@@ -146,13 +152,13 @@ void frmBigFolder::loadMemo(std::int16_t tab) {
 void frmBigFolder::writeMemo(std::int16_t tab) {
   if (tab < 0 || tab >= tab::count) return;
   for (const Field& field : fields_) {
-    if (field.storeTab == tab) store(field);
+    if (field.storeTab == tab && isInUse(field)) store(field);
   }
-  // The simple menu has its dead bands on the alarm tabs: their boxes win.
-  const bool simpleMenu = Memo[rec::menuKind].extra == simpleMenuKind;
-  if (tab == 7 && simpleMenu) Memo[rec::txtOut1DeadBand].text = txtAl1Deadband.text();
-  if (tab == 8 && simpleMenu) Memo[rec::txtOut2DeadBand].text = txtAl2Deadband.text();
   if (tab == 11) storeModelCopies();
+}
+
+bool frmBigFolder::isInUse(const Field& field) {
+  return field.menu == Menu::any || Memo[rec::menuKind].extra == simpleMenuKind;
 }
 
 void frmBigFolder::reCover() {

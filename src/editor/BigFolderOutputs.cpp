@@ -61,11 +61,14 @@ void frmBigFolder::chkOut2AutoPID_Click() {
 }
 
 // Auto-tune needs an output in PID with auto PID on.
+bool frmBigFolder::canAutoTune() const {
+  return (cboOut1Ctrl.listIndex() > 0 && chkOut1AutoPID.value() != 0) ||
+         (cboOut2Ctrl.listIndex() > 0 && chkOut2AutoPID.value() != 0);
+}
+
 void frmBigFolder::autoTuneRule() {
-  const bool possible = (cboOut1Ctrl.listIndex() > 0 && chkOut1AutoPID.value() != 0) ||
-                        (cboOut2Ctrl.listIndex() > 0 && chkOut2AutoPID.value() != 0);
-  chkOut1Start.setEnabled(possible);
-  if (!possible) chkOut1Start.setValue(0);
+  chkOut1Start.setEnabled(canAutoTune());
+  if (!canAutoTune()) chkOut1Start.setValue(0);
 }
 
 void frmBigFolder::Out1AutoDisable(bool enable) {

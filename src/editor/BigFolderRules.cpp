@@ -3,12 +3,13 @@
 // reading.
 #include "core/Memo.h"
 #include "core/Model.h"
+#include "dialogs/frmHardware.h"
+#include "editor/AlarmSetup.h"
 #include "editor/ControlGroups.h"
 #include "editor/frmBigFolder.h"
 
 namespace {
 
-enum : int { above = 0, below = 1, hiLo = 2, band = 3 };
 enum : int { absolute = 0, deviation = 1 };
 
 bool isSimpleMenu() { return Memo[rec::menuKind].extra == 2; }
@@ -16,26 +17,14 @@ bool isSimpleMenu() { return Memo[rec::menuKind].extra == 2; }
 // Which of the two set points an alarm uses.
 void setPointRule(const ComboBox& setup, TextBox& high, TextBox& low) {
   const int index = setup.listIndex();
-  if (index < above || index > band) return;
-  high.setEnabled(index != below);
-  low.setEnabled(index == below || index == hiLo);
+  if (index < alarmSetup::above || index > alarmSetup::band) return;
+  high.setEnabled(index != alarmSetup::below);
+  low.setEnabled(index == alarmSetup::below || index == alarmSetup::hiLo);
 }
 
-// "Band" belongs to deviation alarms.
-void offerBand(ComboBox& setup) {
-  if (setup.listCount() == 2) setup.addItem("Hi/Lo");
-  if (setup.listCount() == 3) setup.addItem("Band");
-}
-
-void withdrawBand(ComboBox& setup) {
-  if (setup.listCount() != 4) return;
-  setup.removeItem(3);
-  setup.setListIndex(above);
-}
-
-// The simple menu has no "Hi/Lo".
-void withdrawHiLo(ComboBox& setup) {
-  if (setup.listCount() == 3) setup.removeItem(2);
+// The dialog decides while it stands open: what it has chosen enters the model with OK.
+bool hasAnalogOutput() {
+  return Hardware.Out1.Analog != False || (isLoaded<frmHardware>() && form<frmHardware>().optOut[3].value());
 }
 
 }  // namespace
@@ -45,7 +34,7 @@ void frmBigFolder::wireDependentControls() {
     optInType(index).onClick = [this, index] { optInType_Click(index); };
   }
   lstProc.onClick = cboRTDValue.onClick = cboRTDWires.onClick = [this] { doInputImage(); };
-  chkAl1Enabled.onClick = [this] { Al1Disabled(chkAl1Enabled.value() != 0); };
+  chkAl1Enabled.onClick = [this] { alarm1Enabled_Click(); };
   chkAl2Enabled.onClick = [this] { Al2Disabled(chkAl2Enabled.value() != 0); };
   cboAl1Setup.onClick = [this] { setPointRule(cboAl1Setup, txtAl1HiSp, txtAl1LoSp); };
   cboAl2Setup.onClick = [this] { setPointRule(cboAl2Setup, txtAl2HiSp, txtAl2LoSp); };
@@ -87,6 +76,14 @@ void frmBigFolder::optInType_Click(std::size_t index) {
   doInputImage();
 }
 
+// Without an analog output the enable of one would keep the bit that it shares with the alarm's set in the
+// unit, and the alarm could never be switched off.
+void frmBigFolder::alarm1Enabled_Click() {
+  const bool enabled = chkAl1Enabled.value() != 0;
+  Al1Disabled(enabled);
+  if (!enabled && !hasAnalogOutput()) chkAnalogOutputEnabled.setValue(0);
+}
+
 void frmBigFolder::Al1Disabled(bool enable) {
   enableAll({&cboAl1Ctrl, &cboAl1Latch, &cboAl1Closure, &cboAl1Setup, &cboAl1WhenActiveColor}, enable);
   if (isSimpleMenu()) {
@@ -108,25 +105,27 @@ void frmBigFolder::Al2Disabled(bool enable) {
 
 void frmBigFolder::cboAl1Ctrl_Click() {
   if (cboAl1Ctrl.listIndex() == deviation) {
-    offerBand(cboAl1Setup);
+    alarmSetup::offerBand(cboAl1Setup);
   } else if (cboAl1Ctrl.listIndex() == absolute && isSimpleMenu()) {
-    withdrawHiLo(cboAl1Setup);
+    alarmSetup::withdrawHiLo(cboAl1Setup);
   } else if (cboAl1Ctrl.listIndex() == absolute) {
-    if (cboAl1Setup.listCount() == 2) cboAl1Setup.addItem("Hi/Lo");
-    withdrawBand(cboAl1Setup);
+    alarmSetup::offerHiLo(cboAl1Setup);
+    alarmSetup::withdrawBand(cboAl1Setup);
   }
 }
 
 // On "Absolute" this one has always looked at alarm 1's list for "Hi/Lo", with another count; units in the
-// field are prepared with it so.
+// field are prepared with it so. What it does about it, it does to its own list, which never offers an action
+// twice.
 void frmBigFolder::cboAl2Ctrl_Click() {
+  const bool threeOfAlarm1 = cboAl1Setup.listCount() == alarmSetup::absoluteCount;
   if (cboAl2Ctrl.listIndex() == deviation) {
-    offerBand(cboAl2Setup);
+    alarmSetup::offerBand(cboAl2Setup);
   } else if (cboAl2Ctrl.listIndex() == absolute && isSimpleMenu()) {
-    withdrawHiLo(cboAl1Setup);
+    if (threeOfAlarm1) alarmSetup::withdrawHiLo(cboAl2Setup);
   } else if (cboAl2Ctrl.listIndex() == absolute) {
-    if (cboAl1Setup.listCount() == 3) cboAl1Setup.addItem("Hi/Lo");
-    withdrawBand(cboAl2Setup);
+    if (threeOfAlarm1) alarmSetup::offerHiLo(cboAl2Setup);
+    alarmSetup::withdrawBand(cboAl2Setup);
   }
 }
 
@@ -141,17 +140,17 @@ void frmBigFolder::idDisable(bool show) {
   lblIDDisabled.setVisible(!show);
 }
 
-// Only a process signal has a scale of its own and more than one decimal.
+// Only a process signal has a scale of its own and more than one decimal. The choice moves with its record, or
+// the next commit would bring the decimals back.
 void frmBigFolder::rdSOffsetDisable(bool show) {
   fraSOffset.setVisible(show);
   fraNoSOffset.setVisible(!show);
-  if (!show) {
-    for (int finer : {rec::optDpoint + 2, rec::optDpoint + 3}) {
-      if (Memo[finer].flag == False) continue;
-      Memo[finer].flag = False;
-      Memo[rec::optDpoint + 1].flag = True;
-      break;
-    }
+  for (int finer : {rec::optDpoint + 2, rec::optDpoint + 3}) {
+    if (show || Memo[finer].flag == False) continue;
+    Memo[finer].flag = False;
+    Memo[rec::optDpoint + 1].flag = True;
+    optDpoint(1).setValue(true);
+    break;
   }
   enableAll({&optDpoint(2), &optDpoint(3)}, show);
   cboTUnit.setVisible(!show);

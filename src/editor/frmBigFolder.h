@@ -45,6 +45,17 @@ class frmBigFolder : public BigFolderControls {
   void reCover();  // writeMemo of all tabs
   std::string formDPt() const;
 
+  // A whole setup: BigFolderSetup.cpp. `between` runs after each of the twelve tabs.
+  // Shows all records, whatever the window showed before. What a control can't show becomes the nearest thing
+  // that it can, never what was left over; nothing is committed.
+  void showRecords(const Handler& between = {});
+  // Commits all tabs for a run. Boxes that are still in another reading format than the one chosen are
+  // repaired first, with their warnings.
+  void commitForRun(const Handler& between = {});
+  // After a change to the simple menu or away from it: each dead band is now committed from its other box, and
+  // both show the record, so that no older digits win.
+  void followMenu();
+
   // Configuration files: BigFolderFile.cpp. A file that can't be read is told of in a box, and Memo is again
   // what the controls show.
   void FileOpen(const std::string& path);
@@ -93,19 +104,28 @@ class frmBigFolder : public BigFolderControls {
  private:
   // How a record and its control are copied into each other.
   enum class Copy { flag, value, extra, plain, fourDigits, tenths, reading, position, positionText };
+  enum class Menu { any, inSimpleMenu };
   using AnyControl = std::variant<TextBox*, CheckBox*, OptionButton*, ListControl*, ScrollBar*>;
   struct Field {
-    int loadTab;
+    int loadTab;   // notShown: stored only
     int storeTab;  // notStored: shown only
     int record;
     Copy copy;
     AnyControl control;
+    Menu menu = Menu::any;
   };
-  static constexpr int notStored = -1;
+  static constexpr int notShown = 0x10000;  // no tab has such a number
+  static constexpr int notStored = notShown;
 
   std::vector<Field> fieldTable();
+  static bool isInUse(const Field& field);
   void load(const Field& field);
   void store(const Field& field) const;
+  void settleReadingFormat();
+  void showNearest(const Field& field);
+  void showAlarmSetups();
+  void repairReadings();
+  void showDeadBands();
   void loadModelCopies();
   void storeModelCopies() const;
 
@@ -144,9 +164,13 @@ class frmBigFolder : public BigFolderControls {
   void chkRampEn_Click();
   void cboAl1Ctrl_Click();
   void cboAl2Ctrl_Click();
+  void alarm1Enabled_Click();
+  bool canAutoTune() const;
   void autoTuneRule();
   void txtOut2CycleT_KeyPress();
 
   const std::vector<Field> fields_;
+  bool simpleMenuShown_ = false;  // the menu that the boxes of the dead bands were last shown for
+  bool formatChosen_ = false;  // a reading format was chosen since all records were shown or committed
   Registry settings_;
 };

@@ -101,11 +101,7 @@ bool frmSerial::serialPath() {
 
 // What is on the main window enters the working image before any run.
 void frmSerial::commitTabs() {
-  auto& editor = form<frmBigFolder>();
-  for (std::int16_t tab = 0; tab < editor.tabBig.tabs(); ++tab) {
-    attempt([&] { editor.writeMemo(tab); });
-    host().yield();
-  }
+  form<frmBigFolder>().commitForRun([] { host().yield(); });
 }
 
 void frmSerial::runOverSerial() {

@@ -59,11 +59,7 @@ bool frmSerial::givesUp(int& failedSteps) {
 }
 
 void frmSerial::showOnTabs() {
-  auto& editor = form<frmBigFolder>();
-  for (std::int16_t tab = 0; tab < editor.tabBig.tabs(); ++tab) {
-    editor.loadMemo(tab);
-    host().yield();
-  }
+  form<frmBigFolder>().showRecords([] { host().yield(); });
 }
 
 void frmSerial::readRow(const RegisterStep& row) {

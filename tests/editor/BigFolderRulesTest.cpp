@@ -173,7 +173,6 @@ using ReadingScale = EditorTest;
 const std::vector<std::string> two = {"Above", "Below"};
 const std::vector<std::string> three = {"Above", "Below", "Hi/Lo"};
 const std::vector<std::string> four = {"Above", "Below", "Hi/Lo", "Band"};
-const std::vector<std::string> doubled = {"Above", "Below", "Hi/Lo", "Hi/Lo"};
 
 void shape(ComboBox& list, const std::vector<std::string>& items) {
   list.clear();
@@ -202,11 +201,13 @@ const Lists listRules[] = {
     {"absolute in the simple menu leaves four", 1, 0, 2, four, three, four, three},
     {"second alarm, deviation lengthens its own", 2, 1, 0, two, two, two, four},
     {"second alarm, deviation leaves four", 2, 1, 2, two, four, two, four},
-    {"second alarm, absolute lengthens the first of three", 2, 0, 0, three, three, doubled, three},
-    {"second alarm, absolute leaves the first of two", 2, 0, 0, two, two, two, two},
+    {"second alarm, absolute lengthens two beside a first of three", 2, 0, 0, three, two, three, three},
+    {"second alarm, absolute leaves three beside a first of three", 2, 0, 0, three, three, three, three},
+    {"second alarm, absolute leaves two beside a first of two", 2, 0, 0, two, two, two, two},
     {"second alarm, absolute takes its own band away", 2, 0, 1, four, four, four, three},
-    {"second alarm, absolute in the simple menu shortens the first", 2, 0, 2, three, three, two, three},
-    {"second alarm, absolute in the simple menu leaves its own", 2, 0, 2, two, four, two, four},
+    {"second alarm, absolute in the simple menu shortens its own", 2, 0, 2, three, three, three, two},
+    {"second alarm, absolute in the simple menu leaves three beside a first of two", 2, 0, 2, two, three, two, three},
+    {"second alarm, absolute in the simple menu leaves four", 2, 0, 2, three, four, three, four},
 };
 
 TEST_F(AlarmLists, FollowTheControl) {
@@ -234,9 +235,25 @@ TEST_F(AlarmLists, ChooseAboveWhenBandIsTakenAway) {
   }
 }
 
-TEST_F(AlarmLists, HoldTheSlipOfTheSecondAlarmFromTheStart) {
-  EXPECT_EQ(editor.cboAl1Setup.items(), doubled);
+TEST_F(AlarmLists, OfferThreeActionsFromTheStart) {
+  EXPECT_EQ(editor.cboAl1Setup.items(), three);
   EXPECT_EQ(editor.cboAl2Setup.items(), three);
+}
+
+TEST_F(AlarmLists, FallBackToAboveWhenHiLoIsTakenAway) {
+  for (int alarm : {1, 2}) {
+    ComboBox& control = alarm == 1 ? editor.cboAl1Ctrl : editor.cboAl2Ctrl;
+    ComboBox& setup = alarm == 1 ? editor.cboAl1Setup : editor.cboAl2Setup;
+    Memo[rec::menuKind].extra = 0;
+    control.setListIndex(1);
+    shape(editor.cboAl1Setup, three);
+    shape(setup, three);
+    setup.setListIndex(2);
+    simpleMenu();
+    control.setListIndex(0);
+    EXPECT_EQ(setup.items(), two) << alarm;
+    EXPECT_EQ(setup.text(), "Above") << alarm;
+  }
 }
 
 TEST_F(ReadingScale, HasOneDecimalAtMostUnlessTheInputIsAProcess) {

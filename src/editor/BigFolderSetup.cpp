@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+// A whole setup at once: all of it onto the window after a file or a read, all of it off the window for a run.
+#include <algorithm>
+
+#include "core/Memo.h"
+#include "core/Model.h"
+#include "core/NumberText.h"
+#include "editor/AlarmSetup.h"
+#include "editor/EntryRules.h"
+#include "editor/frmBigFolder.h"
+#include "platform/RuntimeError.h"
+
+namespace {
+
+constexpr std::int16_t simpleMenuKind = 2;
+
+// They hold boxes in the reading format, or choices that another of them may take away meanwhile.
+constexpr std::int16_t tabsShownTwice[] = {tab::setpoints, tab::alarm1, tab::alarm2,
+                                           tab::lbAlarm,   tab::out1,   tab::out2};
+
+bool isInPicture(const std::string& text, std::string_view picture) {
+  bool same = false;
+  attempt([&] { same = formatText(text, picture) == text; });
+  return same;
+}
+
+bool isSimpleMenu() { return Memo[rec::menuKind].extra == simpleMenuKind; }
+
+int setupCount(const ComboBox& control) {
+  if (isSimpleMenu()) return alarmSetup::simpleCount;
+  return control.listIndex() > 0 ? alarmSetup::deviationCount : alarmSetup::absoluteCount;
+}
+
+}  // namespace
+
+// The first time round, the boxes of the reading are shown in the format of the setup before, and an output may
+// be judged by the other one of that setup. The second time everything that they depend on is in place.
+void frmBigFolder::showRecords(const Handler& between) {
+  for (std::int16_t tab = 0; tab < tabBig.tabs(); ++tab) {
+    loadMemo(tab);
+    if (between) between();
+  }
+  settleReadingFormat();
+  for (const Field& field : fields_) {
+    if (field.loadTab >= 0 && field.loadTab < tab::comm) attempt([&] { showNearest(field); });
+  }
+  showAlarmSetups();
+  for (std::int16_t tab : tabsShownTwice) loadMemo(tab);
+  if (!canAutoTune()) chkOut1Start.setValue(0);
+  simpleMenuShown_ = isSimpleMenu();
+  formatChosen_ = false;
+}
+
+// A unit that names no format counts its readings without decimals.
+void frmBigFolder::settleReadingFormat() {
+  if (optInType(0).value() || optInType(1).value()) rdSOffsetDisable(false);
+  for (std::size_t format = 0; format < optDpoint.count(); ++format) {
+    if (optDpoint(format).value()) return;
+  }
+  optDpoint(0).setValue(true);
+}
+
+// Of what a list or a bar refused, the end that comes nearest. The percentages of the Rkw77 line, which its
+// tab doesn't show, are taken over as well: the tab commits them.
+void frmBigFolder::showNearest(const Field& field) {
+  const MemoField& record = Memo[field.record];
+  if (auto* const* list = std::get_if<ListControl*>(&field.control)) {
+    const int index = field.copy == Copy::extra ? record.extra : record.value;
+    if (*list != &cboAl1Setup && *list != &cboAl2Setup)
+      (*list)->setListIndex(std::clamp(index, 0, (*list)->listCount() - 1));
+  } else if (auto* const* bar = std::get_if<ScrollBar*>(&field.control)) {
+    const double position = field.copy == Copy::positionText ? entryNumber(record.text) : record.value;
+    (*bar)->setValue(toInt16(std::clamp<double>(position, (*bar)->min(), (*bar)->max())));
+  }
+}
+
+// A setup that was on show before may have left either list too short or too long.
+void frmBigFolder::showAlarmSetups() {
+  alarmSetup::show(cboAl1Setup, setupCount(cboAl1Ctrl), Memo[rec::cboAl1Setup].value);
+  alarmSetup::show(cboAl2Setup, setupCount(cboAl2Ctrl), Memo[rec::cboAl2Setup].value);
+}
+
+void frmBigFolder::commitForRun(const Handler& between) {
+  for (std::int16_t tab = 0; tab < tabBig.tabs(); ++tab) {
+    attempt([&] { writeMemo(tab); });
+    if (between) between();
+  }
+  repairReadings();
+  showDeadBands();
+  formatChosen_ = false;
+}
+
+// A box whose tab wasn't visited since the format changed still has its point in the old place, and the unit
+// would get ten times its number or a tenth. A box in the format is left alone, for a read may have put more
+// into it than a user could; after a change of the format all are held against the new range. Of two boxes of
+// one record only the one that was committed counts.
+void frmBigFolder::repairReadings() {
+  for (const Field& field : fields_) {
+    if (field.copy != Copy::reading || field.storeTab == notStored || !isInUse(field)) continue;
+    TextBox& box = *std::get<TextBox*>(field.control);
+    if (box.text() != Memo[field.record].text) continue;
+    if (!formatChosen_ && isInPicture(box.text(), formDPt())) continue;
+    validate(box, entryField(box.name()));
+    writeMemo(static_cast<std::int16_t>(field.storeTab));
+  }
+}
+
+void frmBigFolder::followMenu() {
+  if (isSimpleMenu() == simpleMenuShown_) return;
+  simpleMenuShown_ = isSimpleMenu();
+  showDeadBands();
+}
+
+void frmBigFolder::showDeadBands() {
+  const std::pair<TextBox*, int> boxes[] = {{&txtAl1Deadband, rec::txtOut1DeadBand},
+                                            {&txtOut1DeadBand, rec::txtOut1DeadBand},
+                                            {&txtAl2Deadband, rec::txtOut2DeadBand},
+                                            {&txtOut2DeadBand, rec::txtOut2DeadBand}};
+  for (const auto& [box, record] : boxes) {
+    const std::string& text = Memo[record].text;
+    if (box->text() != text) attempt([&, shown = box] { shown->setText(formatText(text, formDPt())); });
+  }
+}
