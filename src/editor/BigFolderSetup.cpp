@@ -46,6 +46,7 @@ void frmBigFolder::showRecords(const Handler& between) {
   }
   showAlarmSetups();
   for (std::int16_t tab : tabsShownTwice) loadMemo(tab);
+  cboOut1Ctrl_Click();  // an analog output forces it, also where the setup before showed the same choice
   if (!canAutoTune()) chkOut1Start.setValue(0);
   simpleMenuShown_ = isSimpleMenu();
   formatChosen_ = false;
