@@ -16,9 +16,9 @@ constexpr std::int16_t simpleMenuKind = 2;
 }  // namespace
 
 // In the order in which a tab is shown: options run their handlers, and these arrange other controls.
-// The protection level is shown with tab 0 and stored with tab 1. A dead band has two boxes, on the tab of the
-// output and on that of the alarm: both are shown with the output, and in the simple menu, which has no tab of
-// the outputs, the alarm's box is shown and stored with the alarm and wins over its twin.
+// The protection level is shown with tab 0 and stored with tab 1. A dead band has two boxes, on the tab of
+// the output and on that of the alarm: both are shown with the output, and in the simple menu, which has no
+// tab of the outputs, the alarm's box is shown and stored with the alarm and wins over its twin.
 std::vector<frmBigFolder::Field> frmBigFolder::fieldTable() {
   using enum Copy;
   using enum Menu;

@@ -140,8 +140,8 @@ void frmBigFolder::idDisable(bool show) {
   lblIDDisabled.setVisible(!show);
 }
 
-// Only a process signal has a scale of its own and more than one decimal. The choice moves with its record, or
-// the next commit would bring the decimals back.
+// Only a process signal has a scale of its own and more than one decimal. The choice moves with its record,
+// or the next commit would bring the decimals back.
 void frmBigFolder::rdSOffsetDisable(bool show) {
   fraSOffset.setVisible(show);
   fraNoSOffset.setVisible(!show);

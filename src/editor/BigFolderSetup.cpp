@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A whole setup at once: all of it onto the window after a file or a read, all of it off the window for a run.
+// A whole setup at once: all of it onto the window after a file or a read, all of it off the window for a
+// run.
 #include <algorithm>
 
 #include "core/Memo.h"
@@ -33,8 +34,8 @@ int setupCount(const ComboBox& control) {
 
 }  // namespace
 
-// The first time round, the boxes of the reading are shown in the format of the setup before, and an output may
-// be judged by the other one of that setup. The second time everything that they depend on is in place.
+// The first time round, the boxes of the reading are shown in the format of the setup before, and an output
+// may be judged by the other one of that setup. The second time everything that they depend on is in place.
 void frmBigFolder::showRecords(const Handler& between) {
   for (std::int16_t tab = 0; tab < tabBig.tabs(); ++tab) {
     loadMemo(tab);

@@ -52,8 +52,8 @@ class frmBigFolder : public BigFolderControls {
   // Commits all tabs for a run. Boxes that are still in another reading format than the one chosen are
   // repaired first, with their warnings.
   void commitForRun(const Handler& between = {});
-  // After a change to the simple menu or away from it: each dead band is now committed from its other box, and
-  // both show the record, so that no older digits win.
+  // After a change to the simple menu or away from it: each dead band is now committed from its other box,
+  // and both show the record, so that no older digits win.
   void followMenu();
 
   // Configuration files: BigFolderFile.cpp. A file that can't be read is told of in a box, and Memo is again
@@ -171,6 +171,6 @@ class frmBigFolder : public BigFolderControls {
 
   const std::vector<Field> fields_;
   bool simpleMenuShown_ = false;  // the menu that the boxes of the dead bands were last shown for
-  bool formatChosen_ = false;  // a reading format was chosen since all records were shown or committed
+  bool formatChosen_ = false;     // a reading format was chosen since all records were shown or committed
   Registry settings_;
 };

@@ -206,7 +206,8 @@ const Lists listRules[] = {
     {"second alarm, absolute leaves two beside a first of two", 2, 0, 0, two, two, two, two},
     {"second alarm, absolute takes its own band away", 2, 0, 1, four, four, four, three},
     {"second alarm, absolute in the simple menu shortens its own", 2, 0, 2, three, three, three, two},
-    {"second alarm, absolute in the simple menu leaves three beside a first of two", 2, 0, 2, two, three, two, three},
+    {"second alarm, absolute in the simple menu leaves three beside a first of two", 2, 0, 2, two, three, two,
+     three},
     {"second alarm, absolute in the simple menu leaves four", 2, 0, 2, three, four, three, four},
 };
 

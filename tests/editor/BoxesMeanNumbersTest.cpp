@@ -15,10 +15,10 @@ struct ReadingBox {
   Encoded (*make)();
 };
 
-constexpr ReadingBox readingBoxes[] = {
-    {"txtSp1", makeSp1},         {"txtSp2", makeSp2},         {"txtAl1HiSp", makeAl1High},
-    {"txtAl1LoSp", makeAl1Low},  {"txtAl2HiSp", makeAl2High}, {"txtAl2LoSp", makeAl2Low},
-    {"txtTAdjust", makeCJOffset}};
+constexpr ReadingBox readingBoxes[] = {{"txtSp1", makeSp1},         {"txtSp2", makeSp2},
+                                       {"txtAl1HiSp", makeAl1High}, {"txtAl1LoSp", makeAl1Low},
+                                       {"txtAl2HiSp", makeAl2High}, {"txtAl2LoSp", makeAl2Low},
+                                       {"txtTAdjust", makeCJOffset}};
 
 double numberIn(const Control& box) { return Val(dynamic_cast<const TextBox&>(box).text()); }
 
@@ -69,7 +69,8 @@ class BoxesMeanNumbers : public EditorTest {
   void expectAgreement(int round) {
     const int decimals = decimalsOf(editor);
     for (const auto& [box, make] : readingBoxes) {
-      EXPECT_NEAR(shownByUnit(make().payload, decimals), numberIn(named(editor, box)), 1e-9) << round << " " << box;
+      EXPECT_NEAR(shownByUnit(make().payload, decimals), numberIn(named(editor, box)), 1e-9)
+          << round << " " << box;
     }
     const std::string band = makeOut1PropBand().payload;
     const TextBox& source = editor.cboOut1Ctrl.listIndex() == 0 ? editor.txtOut1DeadBand : editor.txtOut1PB;

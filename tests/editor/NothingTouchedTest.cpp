@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Read a unit, touch nothing, write it: what changes in the unit is what can't be given back as it came, and
 // nothing else, whatever the window showed before.
-#include <algorithm>
-
 #include "tests/editor/EditorTest.h"
 #include "tests/editor/PlausibleUnit.h"
 #include "tests/support/RandomMemo.h"
@@ -66,8 +64,9 @@ const Loss losses[] = {
 bool isAllowed(const Unit& unit, const std::string& index, int changed) {
   int bits = 0;
   for (const Loss& loss : losses) {
-    const auto names = words(loss.registers);
-    if (std::ranges::find(names, index) != names.end() && loss.happens(unit)) bits |= loss.bits;
+    if (std::string_view(loss.registers).find(index) != std::string_view::npos && loss.happens(unit)) {
+      bits |= loss.bits;
+    }
   }
   return (changed & ~bits) == 0;
 }
@@ -98,6 +97,7 @@ class NothingTouched : public EditorTest {
     editor.commitForRun();
     for (const auto& [index, after] : afterWrite(unit.registers)) {
       const int changed = std::stoi(after, nullptr, 16) ^ unit.bits(index.c_str());
+      if (changed == 0) continue;
       EXPECT_TRUE(isAllowed(unit, index, changed))
           << round << ", kind " << unit.kind << (unit.analog ? " analog, " : ", ") << index << " was "
           << unit.registers.at(index) << ", is " << after << "; 07 " << unit.registers.at("07") << " 08 "

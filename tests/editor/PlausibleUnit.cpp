@@ -42,7 +42,9 @@ int colors(std::mt19937& random) {
   return between(random, 0, 2) + between(random, 0, 2) * 4 + between(random, 0, 2) * 16;
 }
 
-bool isAsked(const PlanRow& row) { return *row.reg != 0 && (row.readOnRkw77 || DeviceState.IsRkw77 == False); }
+bool isAsked(const PlanRow& row) {
+  return *row.reg != 0 && (row.readOnRkw77 || DeviceState.IsRkw77 == False);
+}
 
 const RegisterUnderTest& registerOf(const std::string& index) {
   for (const RegisterUnderTest& reg : allRegisters()) {
@@ -80,8 +82,11 @@ Registers plausibleRegisters(std::mt19937& random) {
   all["11"] = hex(colors(random), 2);
   all["24"] = hex(between(random, 0, 255), 2);
   all["1F"] = hex(0x34 + between(random, 0, 1) * 8, 2);
-  for (const char* index : {"14", "0F"}) all[index] = hex(between(random, 1, 6), 1) + hex(between(random, 1, 0xFFFFF), 5);
-  for (const char* index : {"03", "04"}) all[index] = hex(between(random, 2, 7) + between(random, 0, 1) * 8, 1) + hex(between(random, 0, 999999), 5);
+  for (const char* index : {"14", "0F"})
+    all[index] = hex(between(random, 1, 6), 1) + hex(between(random, 1, 0xFFFFF), 5);
+  for (const char* index : {"03", "04"})
+    all[index] =
+        hex(between(random, 2, 7) + between(random, 0, 1) * 8, 1) + hex(between(random, 0, 999999), 5);
   return all;
 }
 
@@ -99,7 +104,8 @@ Registers afterWrite(const Registers& before) {
     const std::string payload = registerOf(row.reg).make().payload;
     if (payload.starts_with('!')) continue;
     const std::uint32_t old = numberOf(before.at(row.reg));
-    after[row.reg] = hex(static_cast<int>((numberOf(payload) & mask) | (old & ~mask)), before.at(row.reg).size());
+    after[row.reg] =
+        hex(static_cast<int>((numberOf(payload) & mask) | (old & ~mask)), before.at(row.reg).size());
   }
   return after;
 }

@@ -17,5 +17,6 @@ Registers plausibleRegisters(std::mt19937& random);
 
 // The registers go through their decoders, those that this kind of unit isn't asked for left out.
 void decodeAll(const Registers& registers);
-// What a write would send, by register: the payload merged into what the unit holds, under the register's mask.
+// What a write would send, by register: the payload merged into what the unit holds, under the register's
+// mask.
 Registers afterWrite(const Registers& before);
