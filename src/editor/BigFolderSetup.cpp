@@ -42,13 +42,13 @@ void frmBigFolder::showRecords(const Handler& between) {
     if (between) between();
   }
   settleReadingFormat();
+  for (std::int16_t tab : tabsShownTwice) loadMemo(tab);
   for (const Field& field : fields_) {
-    if (field.loadTab >= 0 && field.loadTab < tab::comm) attempt([&] { showNearest(field); });
+    if (field.loadTab < tab::comm) attempt([&] { showNearest(field); });
   }
   showAlarmSetups();
-  for (std::int16_t tab : tabsShownTwice) loadMemo(tab);
   cboOut1Ctrl_Click();  // an analog output forces it, also where the setup before showed the same choice
-  if (!canAutoTune()) chkOut1Start.setValue(0);
+  chkOut1Start.setValue(canAutoTune() ? Memo[rec::chkOut1Start].value : 0);
   simpleMenuShown_ = isSimpleMenu();
   formatChosen_ = false;
 }
