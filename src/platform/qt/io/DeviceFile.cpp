@@ -3,8 +3,10 @@
 #include "platform/qt/io/DeviceFile.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 #include <optional>
 
 #include "platform/qt/io/QtText.h"
@@ -51,6 +53,23 @@ std::string noRight(const std::string& device) {
          " $USER\", then log out and in again";
 }
 
+bool hasOpen(const QString& process, const QString& device) {
+  const QDir files("/proc/" + process + "/fd");
+  const QFileInfoList links = files.entryInfoList(QDir::Files | QDir::System | QDir::NoDotAndDotDot);
+  return std::ranges::any_of(links, [&](const QFileInfo& link) { return link.symLinkTarget() == device; });
+}
+
+// A device may be locked under the name of a link to it, and opened under its own.
+std::optional<qint64> openedBy(const std::string& device) {
+  const QString file = QFileInfo(QString::fromStdString(device)).canonicalFilePath();
+  if (file.isEmpty()) return std::nullopt;
+  for (const QString& process : QDir("/proc").entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+    const qint64 number = process.toLongLong();
+    if (number > 0 && number != QCoreApplication::applicationPid() && hasOpen(process, file)) return number;
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
 bool isMissing(const std::string& device) {
@@ -69,4 +88,12 @@ std::string obstacle(const std::string& device) {
   if (isForbidden(device)) return noRight(device);
   const auto holder = lockHolder(device);
   return holder ? heldBy(*holder) : std::string();
+}
+
+std::optional<DeviceHolder> deviceHolder(const std::string& device) {
+  auto holder = lockHolder(device);
+  if (holder == QCoreApplication::applicationPid()) return std::nullopt;
+  if (!holder) holder = openedBy(device);
+  if (!holder) return std::nullopt;
+  return DeviceHolder{*holder, processName(*holder)};
 }

@@ -2,6 +2,8 @@
 // What the system's file of a serial device tells: whether it is there, ours to use, or taken.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 // Devices are paths from the root. Where the system gives them names of their own instead ("COM3"), there is
@@ -15,3 +17,12 @@ bool isTaken(const std::string& device);
 // What keeps this device from being opened, in words that help: missing, no right, taken; empty if nothing
 // does.
 std::string obstacle(const std::string& device);
+
+struct DeviceHolder {
+  std::int64_t process;
+  std::string program;
+};
+
+// Who has the device open: by its lock file, else by what each process that this user may look at has open.
+// This process does not count.
+std::optional<DeviceHolder> deviceHolder(const std::string& device);

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// The program torvane-unit: units from a shell, without a window.
+#include <QCoreApplication>
+#include <cstdio>
+#include <exception>
+#include <string>
+#include <vector>
+
+#include "core/Program.h"
+#include "platform/RuntimeError.h"
+#include "tool/CommandLine.h"
+
+namespace {
+
+int run(const std::vector<std::string>& words) {
+  const tool::Output output(tool::wantsJson(words));
+  try {
+    const tool::Invocation asked = tool::parseCommandLine(words);
+    if (asked.subcommand != nullptr) return static_cast<int>(asked.subcommand->run(asked.arguments, output));
+    std::fputs(asked.words.c_str(), stdout);
+    return 0;
+  } catch (const tool::Problem& problem) {
+    output.complain(problem);
+    return static_cast<int>(problem.code);
+  } catch (const RuntimeError& fault) {
+    output.complain({tool::ExitCode::file, fault.what()});
+    return static_cast<int>(tool::ExitCode::file);
+  }
+}
+
+}  // namespace
+
+int main(int count, char** words) {
+  const QCoreApplication application(count, words);
+  QCoreApplication::setApplicationName(program::title);
+  QCoreApplication::setOrganizationName(program::company);
+  return run({words + 1, words + count});
+}
