@@ -29,6 +29,8 @@ std::string_view trimmed(std::string_view text) {
   return text;
 }
 
+bool isControl(char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }
+
 std::string_view withoutComment(std::string_view line) {
   if (line.starts_with('#')) return {};
   const std::size_t comment = line.find(" #");
@@ -65,6 +67,11 @@ std::string_view checkedBody(std::string_view bytes) {
 
 // ---- its lines
 
+// "R07 04", and not the key of "R0: 1".
+bool isRegister(std::string_view text) {
+  return text.size() > 3 && text[0] == 'R' && text[2] != ':' && text[3] == ' ';
+}
+
 class LineReader {
  public:
   UnitImage image;
@@ -72,9 +79,10 @@ class LineReader {
   void take(std::string_view line) {
     ++number_;
     if (line.find('\r') != line.npos) fail("the line end was changed by another program");
+    if (std::ranges::any_of(line, isControl)) fail("it holds characters that are no text");
     const std::string_view text = withoutComment(line);
     if (number_ == 1 || text.empty()) return;
-    text.size() > 3 && text.starts_with('R') && text[3] == ' ' ? takeRegister(text) : takeKey(text);
+    isRegister(text) ? takeRegister(text) : takeKey(text);
   }
   void finish() const {
     if (!kindKnown_) refuse("The copy does not tell what kind of unit it is of.");
@@ -108,7 +116,7 @@ class LineReader {
     if (place_ >= 0) fail("keys stand before the registers");
     const std::string key(trimmed(text.substr(0, colon)));
     const std::string value(trimmed(text.substr(colon + 1)));
-    if (key.empty() || value.empty()) fail("a key and a value are wanted");
+    if (key.empty() || value.empty() || value.starts_with('#')) fail("a key and a value are wanted");
     if (std::ranges::find(keys_, key) != keys_.end()) fail("\"" + key + "\" stands there twice");
     keys_.push_back(key);
     store(key, value);

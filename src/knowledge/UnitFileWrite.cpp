@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A copy of a unit becomes text.
+#include <algorithm>
+
 #include "core/Sha256.h"
 #include "knowledge/UnitFile.h"
 
@@ -25,9 +27,12 @@ void addKey(std::string& text, const std::string& key, const std::string& value)
   if (!line.empty()) text += key + ": " + line + "\n";
 }
 
-std::string commented(std::string line, const std::string& comment) {
+// "R07 04        # Input: ..."
+std::string registerLine(const std::string& reg, const std::string& content, const std::string& comment) {
+  std::string line = "R";
+  line.append(reg).append(" ").append(content);
   line.resize(std::max(line.size() + 1, commentColumn), ' ');
-  return line + "# " + comment + "\n";
+  return line.append("# ").append(comment).append("\n");
 }
 
 void addRegisters(std::string& text, const UnitImage& image) {
@@ -37,9 +42,9 @@ void addRegisters(std::string& text, const UnitImage& image) {
     const auto& [payload, reason] = image.registers[place];
     if (!hasRegister(reg, image.kind)) continue;
     if (!payload.empty())
-      text += commented("R" + reg + " " + payload, describeRegister(reg, payload, context));
+      text += registerLine(reg, payload, describeRegister(reg, payload, context));
     else if (!reason.empty())
-      text += commented("R" + reg + " -", oneLine(reason));
+      text += registerLine(reg, "-", oneLine(reason));
   }
 }
 

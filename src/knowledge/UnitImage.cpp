@@ -14,7 +14,7 @@ bool isPlain(char c) {
 std::string plain(std::string_view text) {
   std::string name;
   for (const char c : text) {
-    if (isPlain(c) && !(c == '.' && name.empty()))
+    if (isPlain(c) && (c != '.' || !name.empty()))
       name += c;
     else if (!name.empty() && !name.ends_with('-'))
       name += '-';

@@ -168,6 +168,9 @@ TEST(UnitFile, WithLinesThatMeanNothingIsRefusedWithTheLine) {
   EXPECT_EQ(faultOfLines("what\n"), start + "it is neither \"key: value\" nor a register.");
   EXPECT_EQ(faultOfLines(": 1\n"), start + "it is neither \"key: value\" nor a register.");
   EXPECT_EQ(faultOfLines("model:\n"), start + "a key and a value are wanted.");
+  EXPECT_EQ(faultOfLines("model:#5\n"), start + "a key and a value are wanted.");
+  EXPECT_EQ(faultOfLines("model: \x04\n"), start + "it holds characters that are no text.");
+  EXPECT_EQ(faultOfLines("a\tb: c\n"), start + "it holds characters that are no text.");
   EXPECT_EQ(faultOfLines("kind: 0\n"), start + "\"kind\" stands there twice.");
   EXPECT_EQ(faultOfLines("address: 200\n"), start + "a number from 0 to 199 is wanted.");
   EXPECT_EQ(faultOfLines("address: 1x\n"), start + "a number from 0 to 199 is wanted.");
