@@ -133,6 +133,33 @@ TEST_F(WholeRuns, AUnitAndItsBoxesAgreeAfterAWrite) {
   EXPECT_EQ(editor.txtAl2LoSp.text(), "-0100.");
 }
 
+// Any format, with any tabs visited behind it, sent to a unit and read again.
+TEST_F(WholeRuns, AUnitAndItsBoxesAgreeInAnyFormat) {
+  auto& editor = form<frmBigFolder>();
+  std::mt19937 random{3};
+  host.toleratesBoxes = true;
+  editor.tabBig.setTab(tab::inputType);
+  editor.optInType(2).userClicked();
+  for (int round = 0; round < 500 && !HasFailure(); ++round) {
+    const int decimals = between(random, 0, 3);
+    editor.tabBig.setTab(tab::reading);
+    editor.optDpoint(static_cast<std::size_t>(decimals)).userClicked();
+    for (int visits = between(random, 0, 3); visits > 0; --visits)
+      editor.tabBig.setTab(between(random, 0, 11));
+    runWrite();
+    const std::pair<const char*, const TextBox*> sent[] = {
+        {"01", &editor.txtSp1},     {"13", &editor.txtAl1HiSp}, {"12", &editor.txtAl1LoSp},
+        {"16", &editor.txtAl2HiSp}, {"15", &editor.txtAl2LoSp}, {"25", &editor.txtTAdjust}};
+    for (const auto& [reg, box] : sent) {
+      EXPECT_NEAR(shownByUnit(unit.registerHex(reg), decimals), Val(box->text()), 1e-9)
+          << round << " " << reg;
+    }
+    const std::string before = editor.txtAl1LoSp.text();
+    runRead();
+    EXPECT_EQ(editor.txtAl1LoSp.text(), before) << round;
+  }
+}
+
 TEST_F(WholeRuns, ASecondUnitInAnotherFormatKeepsItsSetPoint) {
   unit.setRegister("07", "02");
   unit.setRegister("08", "4C");
