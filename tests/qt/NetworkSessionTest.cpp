@@ -15,7 +15,7 @@
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
 #include "protocol/frmSerial.h"
-#include "session/ScriptedHost.h"
+#include "qt/QuickHost.h"
 #include "sim/TcpServer.h"
 #include "wizard/frmWizard.h"
 
@@ -23,13 +23,13 @@ namespace {
 
 frmBigFolder& editor() { return form<frmBigFolder>(); }
 
-ScriptedHost* user = nullptr;
+QuickHost* user = nullptr;
 
 // The program is started and the model chosen once, since the splash stands for six seconds.
 class NetworkSession : public ::testing::Test {
  protected:
   static void SetUpTestSuite() {
-    user = new ScriptedHost;
+    user = new QuickHost;
     setHost(user);
     user->saveSetting("Torvane Configuration/Persist/Warn", "True");
     form<frmBigFolder>();
@@ -76,6 +76,7 @@ class NetworkSession : public ::testing::Test {
 };
 
 TEST_F(NetworkSession, WhatIsTypedReachesTheUnitAndWhatTheUnitHoldsIsShown) {
+  const TrueSpeed here(*user);
   type(*user, editor(), "txtSp1", "123.4");
   std::string target;
   user->whenShown("frmWrite", [] { click(*user, form<frmWrite>(), "cmdNetwork"); });

@@ -21,21 +21,21 @@
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
 #include "protocol/frmSerial.h"
-#include "session/ScriptedHost.h"
+#include "qt/QuickHost.h"
 #include "sim/PseudoTerminal.h"
 
 namespace {
 
 frmBigFolder& editor() { return form<frmBigFolder>(); }
 
-ScriptedHost* user = nullptr;
+QuickHost* user = nullptr;
 
 // The program is started and the model chosen once, since the splash stands for six seconds; each test has a
 // unit of its own.
 class Session : public ::testing::Test {
  protected:
   static void SetUpTestSuite() {
-    user = new ScriptedHost;
+    user = new QuickHost;
     setHost(user);
     user->saveSetting("Torvane Configuration/Persist/CommPort", "-1");
     user->saveSetting("Torvane Configuration/Persist/Baud", "5");
@@ -96,6 +96,7 @@ class Session : public ::testing::Test {
 std::string shown(const char* box) { return widget<QLineEdit>(*user, editor(), box).text().toStdString(); }
 
 TEST_F(Session, WhatIsTypedReachesTheUnitAndWhatTheUnitHoldsIsShown) {
+  const TrueSpeed here(*user);
   EXPECT_EQ(editor().lblCommStat.caption(), "Port is available");
   clickTab(*user, editor(), "tabBig", 1);
   type(*user, editor(), "txtSp1", "123.4");

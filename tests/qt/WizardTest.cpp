@@ -17,8 +17,8 @@
 #include "core/Model.h"
 #include "editor/frmBigFolder.h"
 #include "protocol/frmSerial.h"
+#include "qt/QuickHost.h"
 #include "qt/TestForm.h"
-#include "session/ScriptedHost.h"
 #include "sim/PseudoTerminal.h"
 
 namespace {
@@ -38,8 +38,8 @@ constexpr const char* longVerdicts[] = {
     "Data has unexpectedly been received.  If using Relayon/Ethernet hardware, please disable Host or "
     "Continuous mode\rFound device connected to the web server\rFound the Torvane device\rTorvane "
     "Temperature Meter",
-    "Meter detected.\r\rTorvane Temperature Meter\rConnection Wizard detected your controller on "
-    "COM10.\r\rTo finalize the configuration, click Finish.",
+    ("Meter detected.\r\rTorvane Temperature Meter\rConnection Wizard detected your controller on "
+     "COM10.\r\rTo finalize the configuration, click Finish."),
 };
 
 // A wizard that is bound but not loaded.
@@ -102,7 +102,7 @@ TEST_F(WizardLayout, LetsItsPartsTakeTurnsOnOnePlace) {
 }
 
 // The program is started once, since the splash stands for six seconds.
-ScriptedHost* user = nullptr;
+QuickHost* user = nullptr;
 
 frmBigFolder& editor() { return form<frmBigFolder>(); }
 frmWizard& wizard() { return form<frmWizard>(); }
@@ -116,7 +116,7 @@ void press(Qt::Key key, Qt::KeyboardModifier modifier = Qt::NoModifier) {
 class WizardSession : public ::testing::Test {
  protected:
   static void SetUpTestSuite() {
-    user = new ScriptedHost;
+    user = new QuickHost;
     setHost(user);
     user->saveSetting("Torvane Configuration/Persist/CommPort", "-1");
     user->saveSetting("Torvane Configuration/Persist/Baud", "6");
@@ -159,6 +159,7 @@ class WizardSession : public ::testing::Test {
 };
 
 TEST_F(WizardSession, FindsTheUnitWithEnterAlone) {
+  const TrueSpeed here(*user);
   const auto runs = [] { return isLoaded<frmWizard>() && wizard().prgProgress.value() >= 14; };
   connect([&] {
     EXPECT_TRUE(wizardWindow().isModal());
