@@ -5,6 +5,7 @@
 #include "core/Global.h"
 #include "core/Memo.h"
 #include "core/Model.h"
+#include "dialogs/frmHardware.h"
 #include "tests/support/Bench.h"
 
 namespace {
@@ -263,6 +264,46 @@ TEST_F(ReadAndWriteChoosers, FitTheFormToTheUnitThatWasFoundWithoutAsking) {
   write();
   EXPECT_FALSE(editor().tabBig.tabAvailable(9));
   EXPECT_EQ(editor().SilentSetup, False) << "it holds for one fitting";
+}
+
+// The fitting after a read is the chooser's own, not the run's: it comes even where no unit has answered.
+TEST_F(ReadAndWriteChoosers, FitTheFormAfterAReadWithoutAsking) {
+  for (const bool answers : {true, false}) {
+    unit.faults.silentAfter = answers ? sim::unlimited : 0;
+    if (!answers) host.expectBox("Communication with controller cannot be established.");
+    editor().tabBig.setTabAvailable(9, false);
+    host.events.clear();
+    read();
+    EXPECT_TRUE(editor().tabBig.tabAvailable(9)) << answers;
+    EXPECT_EQ(shown("frmHardware"), 0) << answers;
+    EXPECT_EQ(editor().SilentSetup, False) << answers;
+  }
+}
+
+// What the tab shows by the time that the hardware dialog closes is committed by a write alone.
+TEST_F(ReadAndWriteChoosers, CommitTheTabAfterTheHardwareDialogOfAWriteAlone) {
+  editor().tabBig.setTab(1);
+  host.toleratesBoxes = true;
+  host.whenever("frmHardware", [this] {
+    editor().txtSp1.setText("077.7");
+    form<frmHardware>().cmdCancel.userClicked();
+  });
+  Global.DeviceSpecified = False;
+  atRead([](frmRead& chooser) {
+    chooser.cmdSerial.userClicked();
+    EXPECT_EQ(Memo[rec::txtSp1].text, "000.0");
+    chooser.OKButton.userClicked();
+  });
+  editor().cmdOpen.userClicked();
+  editor().txtSp1.setText("000.0");
+  atWrite([](frmWrite& chooser) {
+    chooser.cmdSerial.userClicked();
+    EXPECT_EQ(Memo[rec::txtSp1].text, "077.7");
+    chooser.cmdCancel.userClicked();
+  });
+  editor().cmdWrite.userClicked();
+  EXPECT_EQ(shown("frmHardware"), 2);
+  EXPECT_EQ(shown("frmSerial"), 0);
 }
 
 TEST_F(ReadAndWriteChoosers, BringAUnitsSetupBackToTheTabs) {

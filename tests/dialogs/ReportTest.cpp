@@ -168,6 +168,17 @@ TEST_F(Report, ShowsWhatTheScreenShowsAndCommitsIt) {
   EXPECT_EQ(Memo[rec::txtAOutOut2].text, "05.00");
 }
 
+// The ID code and its protection stand on the first tab, which is not that of any dialog in front of the
+// report.
+TEST_F(Report, ShowsWhatTheFirstTabShows) {
+  editor.txtIDCode.setText("4321");
+  editor.optIDCode(2).setValue(true);
+  printReport();
+  EXPECT_NE(paper->asText().find("4321"), std::string::npos);
+  EXPECT_EQ(Memo[rec::txtIDCode].text, "4321");
+  EXPECT_EQ(Memo[rec::optIDCode + 2].flag, True);
+}
+
 // ---- where it stands: a letter page, 144 twips a character, 240 a line
 
 TEST_F(Report, StartsWithTheNameInTheMiddleAndTheTitleBlockBelow) {

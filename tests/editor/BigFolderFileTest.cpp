@@ -244,14 +244,53 @@ TEST_F(Files, TheSecondWayToOpenKeepsTheModelIndexOfTheFile) {
     index = DeviceState.ModelIndex;
     form<frmHardware>().cmdCancel.userClicked();
   });
-  const std::string model = BaseModel;
   host.chosenFiles = {path};
   editor.OpenConfiguration();
+  EXPECT_EQ(index, 7);
   EXPECT_EQ(host.filters.back(), configFilter);
   host.chosenFiles = {};
   editor.txtSp1.setText("9");
   editor.OpenConfiguration();
   EXPECT_EQ(editor.txtSp1.text(), "9") << "cancelled";
+}
+
+// An older file ends in front of the kind of unit, so that what it leaves is what stood there before.
+TEST_F(Files, AnOlderFileDoesNotBringTheUnitBackThatWasFoundBefore) {
+  save();
+  host.files[path].resize(saved().size() - 36);
+  for (const bool secondWay : {false, true}) {
+    DeviceState.DeviceClass = 4;
+    DeviceState.IsGr2 = DeviceState.IsHyt = 1;
+    std::int32_t meanwhile = 4;
+    host.whenever("frmHardware", [&] {
+      meanwhile = DeviceState.DeviceClass;
+      form<frmHardware>().cmdCancel.userClicked();
+    });
+    host.chosenFiles = {path};
+    secondWay ? editor.OpenConfiguration() : editor.FileOpen(path);
+    EXPECT_EQ(meanwhile, -1) << secondWay;
+    EXPECT_EQ(DeviceState.IsGr2, -1);
+    EXPECT_EQ(DeviceState.IsHyt, -1);
+  }
+}
+
+// The tab that the file names may be on top already, and then nothing but the load itself looks at its
+// entries.
+TEST_F(Files, EntriesOfTheTabOnTopAreRepairedAndCommittedByEitherWay) {
+  showTab(1);
+  save();
+  const std::string good = saved();
+  const std::size_t at = good.find("000.0");
+  ASSERT_NE(at, std::string::npos);
+  for (const bool secondWay : {false, true}) {
+    host.files[path] = good.substr(0, at) + "x00.0" + good.substr(at + 5);
+    host.chosenFiles = {path};
+    Global.WarningsOff = True;
+    secondWay ? editor.OpenConfiguration() : editor.FileOpen(path);
+    EXPECT_EQ(editor.tabBig.tab(), 1);
+    EXPECT_EQ(editor.txtSp1.text(), "000.0") << secondWay;
+    EXPECT_EQ(Memo[rec::txtSp1].text, "000.0") << secondWay;
+  }
 }
 
 TEST_F(Files, AnyBytesOpenWithoutHarm) {

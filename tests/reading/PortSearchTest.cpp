@@ -81,6 +81,17 @@ TEST_F(PortSearch, EndsWhereAUnitIs) {
   EXPECT_EQ(editor.MSComm1->commPort, 3);
 }
 
+// A quarter for the chosen port, twelve for each other, the one left out too.
+TEST_F(PortSearch, MovesTheBarByAQuarterAndThenByTwelveForEachPort) {
+  silenceAll();
+  choosePort(4);
+  std::vector<int> values;
+  wizard().prgProgress.onRedraw = [&] { values.push_back(wizard().prgProgress.value()); };
+  wizard().prgProgress.setValue(7);
+  search();
+  EXPECT_EQ(values, (std::vector{7, 0, 25, 37, 49, 73, 85, 97, 100}));
+}
+
 TEST_F(PortSearch, ChosenPortBeyondTenComesFirstAndThenAllTen) {
   silenceAll();
   choosePort(12);

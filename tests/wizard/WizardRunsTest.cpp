@@ -270,6 +270,23 @@ TEST_F(WizardRuns, TestTheNetworkWithoutTouchingTheSerialPorts) {
   EXPECT_FALSE(isLoaded<frmSerial>());
 }
 
+TEST_F(WizardRuns, OverTheNetworkForgetAnEarlierUnitBeforeTheyLook) {
+  useNetwork();
+  bridge.faults.reach = sim::Reach::never;
+  std::int32_t meanwhile = 4;
+  connect([&] {
+    next(2);
+    DeviceState.DeviceClass = 4;
+    DeviceState.IsGr2 = 1;
+    host.expect([this] { return wizard().prgProgress.value() > 0; },
+                [&] { meanwhile = DeviceState.DeviceClass; });
+    next();
+    EXPECT_EQ(DeviceState.IsGr2, -1);
+    cancel();
+  });
+  EXPECT_EQ(meanwhile, -1);
+}
+
 TEST_F(WizardRuns, GoOnBeyondTheirPagesWhereTheUnitComplainedTwice) {
   useNetwork();
   bridge.faults.refusals = {{"?46", "", sim::unlimited}};
