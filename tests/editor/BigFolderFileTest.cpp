@@ -283,13 +283,13 @@ TEST_F(Files, EntriesOfTheTabOnTopAreRepairedAndCommittedByEitherWay) {
   const std::size_t at = good.find("000.0");
   ASSERT_NE(at, std::string::npos);
   for (const bool secondWay : {false, true}) {
-    host.files[path] = good.substr(0, at) + "x00.0" + good.substr(at + 5);
+    host.files[path] = good.substr(0, at) + "5000." + good.substr(at + 5);
     host.chosenFiles = {path};
     Global.WarningsOff = True;
     secondWay ? editor.OpenConfiguration() : editor.FileOpen(path);
     EXPECT_EQ(editor.tabBig.tab(), 1);
-    EXPECT_EQ(editor.txtSp1.text(), "000.0") << secondWay;
-    EXPECT_EQ(Memo[rec::txtSp1].text, "000.0") << secondWay;
+    EXPECT_EQ(editor.txtSp1.text(), "999.9") << secondWay;
+    EXPECT_EQ(Memo[rec::txtSp1].text, "999.9") << secondWay;
   }
 }
 
