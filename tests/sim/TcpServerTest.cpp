@@ -90,6 +90,7 @@ TEST_F(Tcp, TerminalServerOnOnePortAndTheUnitOnTheOther) {
   EXPECT_NE(prompt.readTo('>').find("Terminal"), std::string::npos);
   EXPECT_EQ(TestSocket(port).ask("*U01"), "U01\r");
   EXPECT_EQ(server.with([&] { return unit.count("U01"); }), 1U);
+  server.stop();  // before its second bridge goes
 }
 
 TEST_F(Tcp, RefusesAndAcceptsAsTold) {
