@@ -149,7 +149,10 @@ class WizardSession : public ::testing::Test {
 
   // Presses Connect and does this in the wizard.
   static void connect(const std::function<void()>& deed) {
-    user->whenShown("frmWizard", deed);
+    user->whenShown("frmWizard", [deed] {
+      EXPECT_TRUE(QTest::qWaitForWindowActive(&wizardWindow())) << "keys go nowhere";
+      deed();
+    });
     click(*user, editor(), "cmdAutoDetect");
     EXPECT_FALSE(isLoaded<frmWizard>());
   }
