@@ -4,9 +4,12 @@
 #include <QEvent>
 
 #include "platform/qt/Bindings.h"
+#include "platform/qt/Bounds.h"
 #include "platform/qt/io/QtText.h"
 
 namespace {
+
+constexpr int mostPlaceholder = 60;  // characters; the box is as wide as they are
 
 bool sameItems(const ListControl& control, const auto& textOf, int count) {
   if (count != control.listCount()) return false;
@@ -21,11 +24,16 @@ void fill(const ListControl& control, auto& widget) {
   for (const std::string& item : control.items()) widget.addItem(shown(item));
 }
 
+QString rowText(const std::string& item, const QListWidget& widget) {
+  const QString text = shown(item);
+  return widget.wordWrap() ? breakable(text) : shortened(text);
+}
+
 // Row by row: a list that is filled anew lays out every row, and the narrative of a run grows by the line.
 void showItems(const ListBox& control, QListWidget& widget) {
   while (widget.count() > control.listCount()) delete widget.takeItem(widget.count() - 1);
   for (int index = 0; index < control.listCount(); ++index) {
-    const QString text = shown(control.list(index));
+    const QString text = rowText(control.list(index), widget);
     if (index == widget.count()) {
       widget.addItem(text);
     } else if (widget.item(index)->text() != text) {
@@ -53,7 +61,7 @@ void showCombo(const ComboBox& control, QComboBox& widget) {
   const int index = ownText && !widget.isEditable() ? -1 : control.listIndex();
   if (widget.currentIndex() != index) widget.setCurrentIndex(index);
   const QString text = shown(control.text());
-  widget.setPlaceholderText(index < 0 ? text : QString());
+  widget.setPlaceholderText(index < 0 ? shortened(text, mostPlaceholder) : QString());
   if (widget.isEditable() && widget.currentText() != text) widget.setEditText(text);
 }
 

@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include "platform/qt/Bindings.h"
+#include "platform/qt/Bounds.h"
 #include "platform/qt/io/QtText.h"
+#include "platform/qt/TextLines.h"
 
 namespace {
 
@@ -29,14 +31,26 @@ void showGround(const Label& control, QLabel& widget) {
   widget.setAutoFillBackground(true);
 }
 
+// A text that is not broken into lines takes half a window at the most.
+int widestLine(const QLabel& widget) { return 64 * widget.fontMetrics().horizontalAdvance(QChar('0')); }
+
+QString textWithin(const QLabel& widget, const QString& text) {
+  if (qobject_cast<const TextLines*>(&widget) != nullptr) return shortened(text);
+  return widget.wordWrap() ? breakable(text, 2 * bounds::reply)
+                           : elided(text, widget.fontMetrics(), widestLine(widget));
+}
+
 void showLabel(const Label& control, QLabel& widget) {
-  const QString caption = withMnemonic(shown(control.caption()), widget.property("mnemonic").toString());
+  const QString caption =
+      withMnemonic(textWithin(widget, shown(control.caption())), widget.property("mnemonic").toString());
   if (widget.text() != caption) widget.setText(caption);
   showGround(control, widget);
 }
 
+int widestTitle(const QGroupBox& widget) { return 40 * widget.fontMetrics().horizontalAdvance(QChar('0')); }
+
 void showFrame(const Frame& control, QGroupBox& widget) {
-  const QString caption = shown(control.caption());
+  const QString caption = elided(shown(control.caption()), widget.fontMetrics(), widestTitle(widget));
   if (widget.title() != caption) widget.setTitle(caption);
 }
 

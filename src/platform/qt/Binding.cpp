@@ -2,6 +2,7 @@
 // The tie between one control and one widget, with its guard against feedback.
 #include "platform/qt/Binding.h"
 
+#include "platform/qt/Bounds.h"
 #include "platform/qt/Guard.h"
 #include "platform/qt/io/QtText.h"
 
@@ -35,7 +36,7 @@ void Binding::show() {
   show_();
   if (qobject_cast<QPushButton*>(&widget_) != nullptr) keepKeyboard();
   showCommon(widget_);
-  const QString tip = shown(control_->toolTip());
+  const QString tip = tipText(shown(control_->toolTip()));
   if (widget_.toolTip() != tip) widget_.setToolTip(tip);
   for (const auto& follower : followers_) {
     if (follower) showCommon(*follower);

@@ -12,6 +12,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "platform/qt/Bounds.h"
 #include "platform/qt/HelpWindow.h"
 #include "platform/qt/QtFiles.h"
 #include "platform/qt/QtPrinterDevice.h"
@@ -20,6 +21,8 @@
 #include "platform/qt/io/QtText.h"
 
 namespace {
+
+constexpr int longestLineOfBox = 600;  // characters
 
 QMessageBox::Icon iconOf(Icon icon) {
   switch (icon) {
@@ -96,7 +99,7 @@ void QtHost::repaint(Form& form) { windows_.repaint(form); }
 Answer QtHost::messageBox(std::string_view text, std::string_view title, Icon icon, Buttons buttons) {
   const QPointer<QMessageBox> box(new QMessageBox(front()));
   box->setTextFormat(Qt::PlainText);
-  box->setText(shown(text));
+  box->setText(breakable(shown(text), longestLineOfBox));
   box->setWindowTitle(title.empty() ? QString(programTitle) : shown(title));
   box->setIcon(iconOf(icon));
   setButtons(*box, buttons);

@@ -15,6 +15,7 @@
 
 #include "platform/qt/Binder.h"
 #include "platform/qt/Binding.h"
+#include "platform/qt/Bounds.h"
 #include "platform/qt/Guard.h"
 #include "platform/qt/Layouts.h"
 #include "platform/qt/WindowPlace.h"
@@ -43,9 +44,9 @@ bool isRemembered(const QWidget& window) { return window.property("remembered").
 FormWindow::FormWindow(Form& form, QtSettings& settings) : form_(&form), settings_(settings) {
   layoutOf(form).build(*this);
   bindForm(form, *this);
-  setWindowTitle(shown(form.caption()));
+  setWindowTitle(shortened(shown(form.caption())));
   if (property("splash").toBool()) setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
-  form.onRedraw = [this] { setWindowTitle(shown(form_->caption())); };
+  form.onRedraw = [this] { setWindowTitle(shortened(shown(form_->caption()))); };
 }
 
 void FormWindow::release() {
