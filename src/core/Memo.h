@@ -23,6 +23,7 @@ class MemoArray {
   // An index outside 0 to 110 is an error.
   MemoField& operator[](int index);
   void reset();  // every record empty
+  bool operator==(const MemoArray&) const = default;
 
  private:
   std::array<MemoField, count> records_;

@@ -17,6 +17,8 @@ struct OutputFit {
   std::int16_t Pulse = False;   // 4
   std::int16_t Analog = False;  // 5, output 1 only
   std::int16_t None = False;    // 0, output 2 only
+
+  bool operator==(const OutputFit&) const = default;
 };
 
 struct HardwareRecord {
@@ -25,6 +27,8 @@ struct HardwareRecord {
   OutputFit Out2;
   std::int16_t BusMode = 0;     // communication option: 0 and 2 unaddressed, 1, 3 and 4 addressed
   std::int16_t BusAddress = 0;  // 0 to 199
+
+  bool operator==(const HardwareRecord&) const = default;
 };
 
 // The values of resetDeviceState stand in Model.cpp; a new process starts with zeros.
@@ -41,6 +45,8 @@ struct DeviceStateRecord {
   std::int16_t SpareFlag = False;
   std::int16_t AnalogFound = False;
   std::int32_t ModelIndex = 0;
+
+  bool operator==(const DeviceStateRecord&) const = default;
 };
 
 // Written by the hardware dialog, identification and the file; read by almost everyone.

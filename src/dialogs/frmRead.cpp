@@ -6,6 +6,7 @@
 #include "core/Global.h"
 #include "core/Model.h"
 #include "dialogs/RunHead.h"
+#include "editor/Replacement.h"
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
 #include "protocol/frmSerial.h"
@@ -22,12 +23,14 @@ void frmRead::Form_Load() { centre(); }
 void frmRead::cmdFile_Click() {
   const std::string path = host().chooseFileToOpen(configFilter);
   if (path.empty()) return;
+  const Replacement undoable("open");
   form<frmBigFolder>().FileOpen(path);
   unload();
 }
 
 void frmRead::cmdSerial_Click() {
   if (!prepareRun()) return;
+  const Replacement undoable("read");
   Global.AutoDetect = False;
   Global.ReadConfirmed = 1;
   auto& run = form<frmSerial>();

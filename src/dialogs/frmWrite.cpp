@@ -29,11 +29,18 @@ frmWrite::frmWrite() : Form("frmWrite", "Write to...") {
 void frmWrite::Form_Load() {
   centre();
   showReset();
+  showVerdict();
 }
 
 void frmWrite::Form_Activate() { showReset(); }
 
 void frmWrite::showReset() { chkReset.setValue(Global.ResetAfterWrite != False ? 1 : 0); }
+
+void frmWrite::showVerdict() {
+  const Label& line = form<frmBigFolder>().lblVerdict;
+  lblVerdict.setCaption(line.caption());
+  lblVerdict.setMark(line.mark());
+}
 
 // Hardware goes into the file as it is before the tabs are committed.
 void frmWrite::cmdFile_Click() {

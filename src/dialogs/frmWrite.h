@@ -27,7 +27,10 @@ class frmWrite : public Form {
   CommandButton cmdFile{fraWriteTo, "cmdFile", "File", "Save the current configuration to File", "file"};
   Label Label1{fraWriteTo, "Label1",
                "Choose File to write the configuration file for retrieval at a later time."};
+  Label lblVerdict{*this, "lblVerdict"};  // what the last run came to
   CommandButton cmdCancel{*this, "cmdCancel", "Close"};
+
+  void showVerdict();  // as it stands on the main window
 
   void Form_Load() override;
   void Form_Activate() override;

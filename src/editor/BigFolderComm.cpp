@@ -5,6 +5,7 @@
 #include "core/NumberText.h"
 #include "dialogs/frmCommModeWarning.h"
 #include "dialogs/frmWrite.h"
+#include "editor/Replacement.h"
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
 #include "wizard/frmWizard.h"
@@ -62,6 +63,7 @@ void frmBigFolder::cmdAutoDetect_Click() {
     messageBox("Please provide a TCP/IP Port number");
     return;
   }
+  const Replacement undoable("wizard");
   ::unload<frmWizard>();
   form<frmWizard>().showModal();
   Memo[rec::menuKind].extra = form<frmWizard>().wizardResultMode;

@@ -328,7 +328,13 @@ struct BigFolderControls : Form {
       fraTCPIPPort, "optPortNum", {"1000 (Initial)", "2000 (Typical)", "Non-standard"}};
   TextBox txtTCPPort{fraTCPIPPort, "txtTCPPort", "TCP port of the bridge"};
 
-  // Below the tabs: the communication option of the chosen hardware, and the row of commands.
+  // Below the tabs: what the last run came to.
+  Label lblVerdict{*this, "lblVerdict"};
+  Label lblNote{*this, "lblNote"};
+  CommandButton cmdDetails{*this, "cmdDetails", "Details", "Shows what the last run did, step by step"};
+  CommandButton cmdUndo{*this, "cmdUndo", "Undo"};
+
+  // The communication option of the chosen hardware, and the row of commands.
   Label lblStatus{*this, "lblStatus", "RS-232"};
   CommandButton cmdHelp{*this, "cmdHelp", "Help", "Get help"};
   CommandButton cmdCnfg{*this, "cmdCnfg", "Hardware", "Set-up controller and test the connection"};

@@ -10,6 +10,7 @@
 #include "dialogs/frmHardware.h"
 #include "dialogs/frmPreferences.h"
 #include "dialogs/frmRead.h"
+#include "dialogs/frmRunDetails.h"
 #include "dialogs/frmSplash.h"
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
@@ -38,6 +39,8 @@ std::int16_t storedNumber(const std::string& text, std::int16_t ifMissing) {
 
 frmBigFolder::frmBigFolder() : MSComm1(host().makeSerialPort()), fields_(fieldTable()) {
   wireTabs();
+  wireVerdict();
+  wireUndo();
   wireCommTab();
   wireDependentControls();
   wireOutputs();
@@ -158,6 +161,7 @@ void frmBigFolder::Form_Unload() {
   ::unload<frmWrite>();
   ::unload<frmWizard>();
   ::unload<frmPreferences>();
+  ::unload<frmRunDetails>();
   ::unload<frmSplash>();
   ::unload<frmCommModeWarning>();
 }

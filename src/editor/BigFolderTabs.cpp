@@ -8,6 +8,7 @@
 #include "dialogs/frmPreferences.h"
 #include "dialogs/frmRead.h"
 #include "dialogs/frmWrite.h"
+#include "editor/Replacement.h"
 #include "editor/frmBigFolder.h"
 #include "protocol/frmSerial.h"
 
@@ -98,6 +99,7 @@ void frmBigFolder::cmdPref_Click() {
 }
 
 void frmBigFolder::cmdFactoryDefaults_Click() {
+  const Replacement undoable("defaults");
   initBigFolder();
   Global.DeviceSpecified = False;
   resetDeviceState();

@@ -7,13 +7,17 @@
 #include <cstdint>
 #include <initializer_list>
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
 #include "core/Registry.h"
 #include "editor/BigFolderControls.h"
+#include "editor/SetupSnapshot.h"
 #include "platform/SerialPort.h"
+#include "runs/RunRecord.h"
 
 struct EntryField;
 
@@ -85,6 +89,17 @@ class frmBigFolder : public BigFolderControls {
   void cmdAutoDetect_Click();
   void optCommunicationMode_Click(int index);
 
+  // What the last run came to, until the next one begins: BigFolderVerdict.cpp. A note stands below the
+  // verdict; whoever has something to add to it sets one.
+  void forgetRun();
+  void keepRun(const RunOutcome& outcome, std::vector<HistoryLine> history);
+  void setVerdict(std::string_view text, bool bad);
+  void setNote(std::string_view text, bool bad);
+  RunRecord lastRun;
+
+  // Undo of a replacement of the whole setup (Replacement.h): BigFolderUndo.cpp.
+  void offerUndo(const std::string& what, SetupSnapshot before);
+
   // Entries: BigFolderEntries.cpp. A box repairs its text on Enter and on leaving, and says so unless
   // warnings are off; it never keeps the user back.
   void reForm();  // repairs and commits what depends on the reading format, on the tab on show
@@ -130,6 +145,10 @@ class frmBigFolder : public BigFolderControls {
   void storeModelCopies() const;
 
   void wireTabs();
+  void wireVerdict();
+  void wireUndo();
+  void withdrawUndo();
+  void cmdUndo_Click();
   void firstLooks();
   void wireCommTab();
   void wireEntries();
@@ -173,4 +192,6 @@ class frmBigFolder : public BigFolderControls {
   bool simpleMenuShown_ = false;  // the menu that the boxes of the dead bands were last shown for
   bool formatChosen_ = false;     // a reading format was chosen since all records were shown or committed
   Registry settings_;
+  std::optional<SetupSnapshot> undo_;
+  std::string undoName_;
 };

@@ -130,6 +130,7 @@ void ListControl::setItem(int index, std::string_view item) {
 void ListControl::removeItem(int index) {
   refuseUnless(index >= 0 && index < listCount());
   items_.erase(items_.begin() + index);
+  if (index < static_cast<int>(marks_.size())) marks_.erase(marks_.begin() + index);
   if (index == listIndex_) {
     listIndex_ = -1;
     indexChanged();
@@ -141,8 +142,22 @@ void ListControl::removeItem(int index) {
 
 void ListControl::clear() {
   items_.clear();
+  marks_.clear();
   listIndex_ = -1;
   indexChanged();
+  redraw();
+}
+
+Mark ListControl::itemMark(int index) const {
+  return index >= 0 && index < static_cast<int>(marks_.size()) ? marks_[static_cast<std::size_t>(index)]
+                                                               : Mark::none;
+}
+
+void ListControl::setItemMark(int index, Mark mark) {
+  refuseUnless(index >= 0 && index < listCount());
+  if (itemMark(index) == mark) return;
+  if (marks_.size() < items_.size()) marks_.resize(items_.size(), Mark::none);
+  marks_[static_cast<std::size_t>(index)] = mark;
   redraw();
 }
 

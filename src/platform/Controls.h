@@ -44,6 +44,23 @@ class Container {
   Container* parent_;
 };
 
+// What a text says beyond its words; the view shows it in a colour of its own.
+enum class Mark { none, error };
+
+// All that a control holds, to be put back later; what a kind of control hasn't got stays empty.
+struct ControlState {
+  bool enabled = true;
+  bool visible = true;
+  std::string toolTip = {};
+  std::string text = {};                // a text or caption
+  std::vector<std::string> items = {};  // of a list
+  int number = 0;                       // a value, an index or a tab
+  std::optional<std::uint32_t> color = {};
+  std::vector<bool> available = {};  // the pages of a tab strip
+
+  bool operator==(const ControlState&) const = default;
+};
+
 class Control {
  public:
   // `name` is the control's own; a member of an array carries its index, as "optInType_0".
@@ -64,6 +81,9 @@ class Control {
 
   // Enabled and visible, and so are all containers around it.
   bool reachable() const;
+  // As it is, and as it was: putting back raises no handler.
+  virtual ControlState state() const;
+  virtual void putBack(const ControlState& state);
   // Has the view paint the control in the next wait, be it for the serial line.
   void refresh() const;
 
@@ -100,6 +120,9 @@ class CaptionedControl : public Control {
   const std::string& caption() const { return caption_; }
   void setCaption(std::string_view caption) { assign(caption_, std::string(caption)); }
 
+  ControlState state() const override;
+  void putBack(const ControlState& state) override;
+
  private:
   std::string caption_;
 };
@@ -112,8 +135,14 @@ class Label : public CaptionedControl {
   // 24-bit colour, red in the low byte; none is the window's own ground.
   std::optional<std::uint32_t> backColor() const { return backColor_; }
   void setBackColor(std::uint32_t color) { assign(backColor_, std::optional(color)); }
+  Mark mark() const { return mark_; }
+  void setMark(Mark mark) { assign(mark_, mark); }
+
+  ControlState state() const override;
+  void putBack(const ControlState& state) override;
 
  private:
+  Mark mark_ = Mark::none;
   std::optional<std::uint32_t> backColor_;
 };
 
@@ -162,6 +191,9 @@ class TextBox : public Control {
   const std::string& text() const { return text_; }
   void setText(std::string_view text);
 
+  ControlState state() const override;
+  void putBack(const ControlState& state) override;
+
   void userTyped(std::string_view text);
   void userLeft() const;
   void userPressedEnter() const;
@@ -185,6 +217,9 @@ class CheckBox : public CaptionedControl {
   // 0 clears the box, anything else ticks it.
   void setValue(int value);
 
+  ControlState state() const override;
+  void putBack(const ControlState& state) override;
+
   void userClicked();
 
   Handler onClick;
@@ -200,6 +235,9 @@ class OptionButton : public CaptionedControl {
   bool value() const { return value_; }
   // True clears the others of the group and raises the click of this one; false raises nothing.
   void setValue(bool value);
+
+  ControlState state() const override;
+  void putBack(const ControlState& state) override;
 
   void userClicked();
 
@@ -246,6 +284,12 @@ class ListControl : public Control {
   // Removing the chosen item leaves none chosen, and raises no click.
   void removeItem(int index);
   void clear();
+  // An item's mark goes with it.
+  Mark itemMark(int index) const;
+  void setItemMark(int index, Mark mark);
+
+  ControlState state() const override;
+  void putBack(const ControlState& state) override;
 
   void userOpened();  // the list was dropped down
   void userChose(int index);
@@ -258,6 +302,7 @@ class ListControl : public Control {
 
  private:
   std::vector<std::string> items_;
+  std::vector<Mark> marks_;  // of the first items; those behind them have none
   std::int16_t listIndex_ = -1;
 };
 
@@ -277,6 +322,9 @@ class ComboBox : public ListControl {
 
   const std::string& text() const { return text_; }
   void setText(std::string_view text);
+
+  ControlState state() const override;
+  void putBack(const ControlState& state) override;
 
   void userTyped(std::string_view text);
 
@@ -298,6 +346,9 @@ class ScrollBar : public Control {
   std::int16_t value() const { return value_; }
   // Refuses what is outside the range with an error and changes nothing.
   void setValue(int value);
+
+  ControlState state() const override;
+  void putBack(const ControlState& state) override;
 
   void userScrolled(int value);
 
@@ -365,6 +416,9 @@ class TabStrip : public Control {
   void setTab(int index);
   bool tabAvailable(int index) const { return page(static_cast<std::size_t>(index)).available; }
   void setTabAvailable(int index, bool available);
+
+  ControlState state() const override;
+  void putBack(const ControlState& state) override;
 
   void userClicked(int index);
 

@@ -60,11 +60,16 @@ class Host {
   // Writes over a file from its start, in one step: what fails leaves the old file whole and is a
   // RuntimeError in the system's words. What an older, longer file holds after the new bytes stays.
   virtual void exchangeFile(const std::string& path, std::string_view bytes) = 0;
+  // Writes a file anew, in one step: nothing of an older one stays. What fails is a RuntimeError in the
+  // system's words, and leaves the old file whole.
+  virtual void replaceFile(const std::string& path, std::string_view bytes) = 0;
   // Texts in the machine's single-byte code page; Windows-1252 unless the machine has one of its own.
   virtual std::string toCodePage(std::string_view text);
   virtual std::string fromCodePage(std::string_view bytes);
   virtual bool fileExists(const std::string& path) = 0;
   virtual std::string programFolder() = 0;
+
+  virtual void copyText(std::string_view text) = 0;  // onto the clipboard
 
   // The printer chooser, set to the default printer; a cancel is a RuntimeError. The document's name, which
   // may be a file's path, is what the queue shows.

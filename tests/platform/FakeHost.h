@@ -58,6 +58,8 @@ class FakeHost : public Host {
   std::string chooseFileToSave(const std::string&) override { return ""; }
   std::string readFile(const std::string&, std::size_t) override { return ""; }
   void exchangeFile(const std::string&, std::string_view) override {}
+  void replaceFile(const std::string&, std::string_view) override {}
+  void copyText(std::string_view) override {}
   bool fileExists(const std::string& path) override { return files.contains(path); }
   std::string programFolder() override { return "/program"; }
   std::unique_ptr<Printer> choosePrinter(const std::string&) override { return nullptr; }

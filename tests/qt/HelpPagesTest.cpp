@@ -11,6 +11,7 @@
 #include "dialogs/frmHardware.h"
 #include "dialogs/frmPreferences.h"
 #include "dialogs/frmRead.h"
+#include "dialogs/frmRunDetails.h"
 #include "dialogs/frmTimedMessage.h"
 #include "dialogs/frmWarning.h"
 #include "dialogs/frmWrite.h"
@@ -173,6 +174,7 @@ void expectPage() {
 TEST_F(HelpWordsTest, EachDialogsPageTellsOfAllItsControls) {
   expectPage<frmRead>();
   expectPage<frmWrite>();
+  expectPage<frmRunDetails>();
   expectPage<frmSerial>();
   expectPage<frmWarning>();
   expectPage<frmCommModeWarning>();

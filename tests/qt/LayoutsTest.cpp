@@ -21,6 +21,7 @@
 #include "dialogs/frmHardware.h"
 #include "dialogs/frmPreferences.h"
 #include "dialogs/frmRead.h"
+#include "dialogs/frmRunDetails.h"
 #include "dialogs/frmSplash.h"
 #include "dialogs/frmTimedMessage.h"
 #include "dialogs/frmWarning.h"
@@ -50,7 +51,7 @@ class LayoutsTest : public QtTest {
 
 using ProgramForms =
     testing::Types<frmBigFolder, frmHardware, frmRead, frmWrite, frmSerial, frmSplash, frmWarning,
-                   frmCommModeWarning, frmPreferences, frmTimedMessage, frmWizard>;
+                   frmCommModeWarning, frmPreferences, frmTimedMessage, frmWizard, frmRunDetails>;
 TYPED_TEST_SUITE(LayoutsTest, ProgramForms);
 
 TYPED_TEST(LayoutsTest, FitsItsForm) {

@@ -13,6 +13,7 @@
 #include "dialogs/frmHardware.h"
 #include "dialogs/frmPreferences.h"
 #include "dialogs/frmRead.h"
+#include "dialogs/frmRunDetails.h"
 #include "dialogs/frmTimedMessage.h"
 #include "dialogs/frmWarning.h"
 #include "dialogs/frmWrite.h"
@@ -85,8 +86,9 @@ class LongTexts : public QtTest {
   std::shared_ptr<Form> form_ = std::make_shared<Kind>();
 };
 
-using ProgramForms = testing::Types<frmBigFolder, frmHardware, frmRead, frmWrite, frmSerial, frmWarning,
-                                    frmCommModeWarning, frmPreferences, frmTimedMessage, frmWizard>;
+using ProgramForms =
+    testing::Types<frmBigFolder, frmHardware, frmRead, frmWrite, frmSerial, frmWarning, frmCommModeWarning,
+                   frmPreferences, frmTimedMessage, frmWizard, frmRunDetails>;
 TYPED_TEST_SUITE(LongTexts, ProgramForms);
 
 // One after the other, so that each is the only one that could widen the window, and all together.

@@ -163,4 +163,9 @@ void VirtualHost::exchangeFile(const std::string& path, std::string_view bytes) 
   file = std::string(bytes) + (file.size() > bytes.size() ? file.substr(bytes.size()) : "");
 }
 
+void VirtualHost::replaceFile(const std::string& path, std::string_view bytes) {
+  if (!diskFault.empty()) throw RuntimeError(Fault::fileFault, diskFault);
+  files[path] = bytes;
+}
+
 std::string VirtualHost::serialPortHint(int commPort) { return "COM " + std::to_string(commPort) + " here"; }

@@ -54,6 +54,7 @@ class VirtualHost : public Host {
   std::shared_ptr<Paper> paper;              // in the printer that the user chooses; none: cancel
   std::vector<std::string> events;           // "show frmSplash", "hide frmSplash", "repaint ..." and so on
   std::vector<std::string> failures;
+  std::string clipboard;
   int beeps = 0;
   int portOpenings = 0;
 
@@ -90,6 +91,8 @@ class VirtualHost : public Host {
   std::string chooseFileToSave(const std::string& filter) override;
   std::string readFile(const std::string& path, std::size_t most) override;
   void exchangeFile(const std::string& path, std::string_view bytes) override;
+  void replaceFile(const std::string& path, std::string_view bytes) override;
+  void copyText(std::string_view text) override { clipboard = text; }
   bool fileExists(const std::string& path) override { return !missingFiles.contains(path); }
   std::string programFolder() override { return "/program"; }
   std::unique_ptr<Printer> choosePrinter(const std::string& document) override;

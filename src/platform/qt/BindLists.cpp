@@ -5,6 +5,7 @@
 
 #include "platform/qt/Bindings.h"
 #include "platform/qt/Bounds.h"
+#include "platform/qt/Ink.h"
 #include "platform/qt/io/QtText.h"
 
 namespace {
@@ -42,6 +43,18 @@ void showItems(const ListBox& control, QListWidget& widget) {
   }
 }
 
+// The rows behind the first failure follow it, so that it is at the top as soon as there are enough of them.
+void showMarks(const ListBox& control, QListWidget& widget) {
+  for (int index = 0; index < control.listCount(); ++index) {
+    QListWidgetItem& item = *widget.item(index);
+    const bool marked = control.itemMark(index) != Mark::none;
+    const QBrush ink = marked ? QBrush(errorInk(widget.palette().color(QPalette::Base))) : QBrush();
+    if (item.foreground() != ink) item.setData(Qt::ForegroundRole, marked ? QVariant(ink) : QVariant());
+  }
+  if (control.itemMark(control.listIndex()) == Mark::none) return;
+  widget.scrollToItem(widget.item(control.listIndex()), QAbstractItemView::PositionAtTop);
+}
+
 void showList(const ListBox& control, QListWidget& widget) {
   showItems(control, widget);
   if (widget.currentRow() != control.listIndex()) widget.setCurrentRow(control.listIndex());
@@ -50,6 +63,7 @@ void showList(const ListBox& control, QListWidget& widget) {
   } else if (!widget.item(control.listIndex())->isSelected()) {
     widget.item(control.listIndex())->setSelected(true);
   }
+  showMarks(control, widget);
 }
 
 // The toolkit ties the text to the index; a text of the control's own takes the place of the one chosen.

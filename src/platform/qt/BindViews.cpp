@@ -4,6 +4,7 @@
 
 #include "platform/qt/Bindings.h"
 #include "platform/qt/Bounds.h"
+#include "platform/qt/Ink.h"
 #include "platform/qt/io/QtText.h"
 #include "platform/qt/TextLines.h"
 
@@ -40,11 +41,25 @@ QString textWithin(const QLabel& widget, const QString& text) {
                            : elided(text, widget.fontMetrics(), widestLine(widget));
 }
 
+// The ground is that of the program, whatever the label's own palette has been changed to.
+void showMark(const Label& control, QLabel& widget) {
+  const bool marked = control.mark() != Mark::none;
+  if (!marked && !widget.property("marked").toBool()) return;
+  widget.setProperty("marked", marked);
+  QPalette palette;
+  if (marked) palette.setColor(QPalette::WindowText, errorInk(palette.color(QPalette::Window)));
+  if (widget.palette() != palette) widget.setPalette(palette);
+  QFont font = widget.font();
+  font.setBold(marked);
+  if (font != widget.font()) widget.setFont(font);
+}
+
 void showLabel(const Label& control, QLabel& widget) {
   const QString caption =
       withMnemonic(textWithin(widget, shown(control.caption())), widget.property("mnemonic").toString());
   if (widget.text() != caption) widget.setText(caption);
   showGround(control, widget);
+  showMark(control, widget);
 }
 
 int widestTitle(const QGroupBox& widget) { return 40 * widget.fontMetrics().horizontalAdvance(QChar('0')); }

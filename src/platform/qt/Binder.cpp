@@ -213,6 +213,12 @@ void bindForm(Form& form, QWidget& window) {
   tameInputs(window);
 }
 
+void showBindings(QWidget& window) {
+  for (QObject* child : window.findChildren<QObject*>("binding")) {
+    if (auto* binding = dynamic_cast<Binding*>(child)) binding->show();
+  }
+}
+
 void releaseForm(QWidget& window) {
   for (QObject* child : window.findChildren<QObject*>("binding")) {
     if (auto* binding = dynamic_cast<Binding*>(child)) binding->release();

@@ -15,6 +15,9 @@
 // "stack".
 void bindForm(Form& form, QWidget& window);
 
+// Shows every control again: after a change of the desktop's colours.
+void showBindings(QWidget& window);
+
 // The form is about to end: its controls are let go, the widgets stay as they are.
 void releaseForm(QWidget& window);
 

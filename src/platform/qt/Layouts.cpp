@@ -7,6 +7,7 @@
 #include "ui_frmHardware.h"
 #include "ui_frmPreferences.h"
 #include "ui_frmRead.h"
+#include "ui_frmRunDetails.h"
 #include "ui_frmSerial.h"
 #include "ui_frmSplash.h"
 #include "ui_frmTimedMessage.h"
@@ -25,11 +26,17 @@ void build(QWidget& window) {
 
 std::vector<Layout>& layouts() {
   static std::vector<Layout> table = {
-      {"frmBigFolder", build<Ui::frmBigFolder>}, {"frmCommModeWarning", build<Ui::frmCommModeWarning>},
-      {"frmHardware", build<Ui::frmHardware>},   {"frmPreferences", build<Ui::frmPreferences>},
-      {"frmRead", build<Ui::frmRead>},           {"frmSerial", build<Ui::frmSerial>},
-      {"frmSplash", build<Ui::frmSplash>},       {"frmTimedMessage", build<Ui::frmTimedMessage>},
-      {"frmWarning", build<Ui::frmWarning>},     {"frmWizard", build<Ui::frmWizard>},
+      {"frmBigFolder", build<Ui::frmBigFolder>},
+      {"frmCommModeWarning", build<Ui::frmCommModeWarning>},
+      {"frmHardware", build<Ui::frmHardware>},
+      {"frmPreferences", build<Ui::frmPreferences>},
+      {"frmRead", build<Ui::frmRead>},
+      {"frmRunDetails", build<Ui::frmRunDetails>},
+      {"frmSerial", build<Ui::frmSerial>},
+      {"frmSplash", build<Ui::frmSplash>},
+      {"frmTimedMessage", build<Ui::frmTimedMessage>},
+      {"frmWarning", build<Ui::frmWarning>},
+      {"frmWizard", build<Ui::frmWizard>},
       {"frmWrite", build<Ui::frmWrite>},
   };
   return table;

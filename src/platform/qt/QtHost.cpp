@@ -3,6 +3,7 @@
 #include "platform/qt/QtHost.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDate>
 #include <QFileInfo>
 #include <QLocale>
@@ -155,6 +156,10 @@ std::string QtHost::chooseFileToSave(const std::string& filter) { return files_.
 std::string QtHost::readFile(const std::string& path, std::size_t most) { return readWhole(path, most); }
 
 void QtHost::exchangeFile(const std::string& path, std::string_view bytes) { exchangeWhole(path, bytes); }
+
+void QtHost::replaceFile(const std::string& path, std::string_view bytes) { replaceWhole(path, bytes); }
+
+void QtHost::copyText(std::string_view text) { QGuiApplication::clipboard()->setText(shown(text)); }
 
 std::string QtHost::programFolder() { return typed(QCoreApplication::applicationDirPath()); }
 

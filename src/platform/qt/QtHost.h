@@ -44,6 +44,8 @@ class QtHost : public Host {
   std::string chooseFileToSave(const std::string& filter) override;
   std::string readFile(const std::string& path, std::size_t most) override;
   void exchangeFile(const std::string& path, std::string_view bytes) override;
+  void replaceFile(const std::string& path, std::string_view bytes) override;
+  void copyText(std::string_view text) override;
   bool fileExists(const std::string& path) override;
   std::string programFolder() override;
 

@@ -146,6 +146,7 @@ QPushButton* FormWindow::buttonForEnter() const {
 
 void FormWindow::changeEvent(QEvent* event) {
   if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) applyColumns(*this);
+  if (event->type() == QEvent::PaletteChange) showBindings(*this);
   QWidget::changeEvent(event);
 }
 

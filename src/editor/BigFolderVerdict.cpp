@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+// The line that stays after a run: when, where, which way, which unit, and what it came to.
+#include <algorithm>
+#include <cmath>
+#include <set>
+
+#include "core/NumberText.h"
+#include "dialogs/frmRunDetails.h"
+#include "dialogs/frmWrite.h"
+#include "editor/frmBigFolder.h"
+#include "platform/Host.h"
+
+namespace {
+
+struct RegisterOnTabs {
+  const char* reg;
+  std::initializer_list<int> tabs;
+};
+
+// The tabs that show what a register holds.
+const RegisterOnTabs registersOnTabs[] = {
+    {"07", {tab::inputType}},
+    {"08", {tab::reading}},
+    {"01", {tab::setpoints}},
+    {"02", {tab::setpoints}},
+    {"14", {tab::reading}},
+    {"03", {tab::reading}},
+    {"09", {tab::alarm1}},
+    {"13", {tab::alarm1}},
+    {"12", {tab::alarm1}},
+    {"0A", {tab::alarm2}},
+    {"16", {tab::alarm2}},
+    {"15", {tab::alarm2}},
+    {"0B", {tab::lbAlarm}},
+    {"25", {tab::lbAlarm}},
+    {"05", {tab::idCode}},
+    {"0C", {tab::out1}},
+    {"0D", {tab::out2}},
+    {"17", {tab::out1}},
+    {"18", {tab::out1}},
+    {"19", {tab::out1}},
+    {"1A", {tab::out1}},
+    {"1C", {tab::out2}},
+    {"1D", {tab::out2}},
+    {"0E", {tab::rampSoak}},
+    {"1E", {tab::rampSoak}},
+    {"11", {tab::setpoints, tab::alarm1, tab::alarm2}},
+    {"24", {tab::idCode, tab::setpoints, tab::lbAlarm, tab::out1}},
+    {"0F", {tab::analog}},
+    {"04", {tab::analog}},
+    {"27", {tab::out1}},
+    {"28", {tab::out1}},
+    {"1F", {tab::comm}},
+    {"21", {tab::comm}},
+};
+
+bool isTold(const RunOutcome& outcome, const std::string& reg) {
+  return std::ranges::find(outcome.registers, reg, &RegisterOutcome::reg) != outcome.registers.end();
+}
+
+// A register that a whole read has passed over is none of this unit's.
+bool keepsOldValue(const RunOutcome& outcome, const std::string& reg) {
+  const auto isOld = [&](const RegisterOutcome& each) {
+    return each.reg == reg && each.verdict == Verdict::failed;
+  };
+  if (std::ranges::any_of(outcome.registers, isOld)) return true;
+  return outcome.end != RunEnd::finished && !isTold(outcome, reg);
+}
+
+std::set<int> tabsWithOldSetup(const RunOutcome& outcome) {
+  std::set<int> tabs;
+  for (const auto& [reg, on] : registersOnTabs) {
+    if (keepsOldValue(outcome, reg)) tabs.insert(on.begin(), on.end());
+  }
+  return tabs;
+}
+
+std::string oldSetupSentence(const RunOutcome& outcome, const TabStrip& strip) {
+  const std::set<int> old = outcome.reading ? tabsWithOldSetup(outcome) : std::set<int>();
+  if (old.empty()) return {};
+  if (static_cast<int>(old.size()) == strip.tabs()) return "All tabs show the old setup. ";
+  std::string names;
+  for (const int tab : old) {
+    names += (names.empty() ? "" : ", ") + strip.page(static_cast<std::size_t>(tab)).caption;
+  }
+  return (old.size() == 1 ? "The tab " : "The tabs ") + names +
+         (old.size() == 1 ? " shows the old setup, wholly or in part. "
+                          : " show the old setup, wholly or in part. ");
+}
+
+const char* verdictWord(const RunOutcome& outcome) {
+  if (outcome.passed()) return "Good: ";
+  return outcome.end == RunEnd::cancelled ? "STOPPED: " : "FAILED: ";
+}
+
+// As "14:05".
+std::string timeOfDay() {
+  const auto minutes = static_cast<int>(std::fmod(host().now(), 86400.0) / 60);
+  const auto twoDigits = [](int number) { return formatNumber(static_cast<double>(number), "00"); };
+  return twoDigits(minutes / 60) + ":" + twoDigits(minutes % 60);
+}
+
+// The text of the line may name the address itself.
+std::string whereOf(const RunOutcome& outcome) {
+  const bool named = !outcome.address || outcome.line.find("address") != std::string::npos;
+  return named ? outcome.line : outcome.line + ", address " + std::to_string(*outcome.address);
+}
+
+std::string wayOf(const RunOutcome& outcome) {
+  const std::string unit = outcome.unit.empty() ? "the unit" : outcome.unit;
+  return (outcome.reading ? "read from " : "write to ") + unit;
+}
+
+}  // namespace
+
+void frmBigFolder::wireVerdict() {
+  cmdDetails.onClick = [] { form<frmRunDetails>().showModal(); };
+  cmdDetails.setEnabled(false);
+}
+
+void frmBigFolder::forgetRun() {
+  lastRun = {};
+  setVerdict("", false);
+  setNote("", false);
+  cmdDetails.setEnabled(false);
+}
+
+void frmBigFolder::keepRun(const RunOutcome& outcome, std::vector<HistoryLine> history) {
+  const std::string summary = summaryOf(outcome);
+  lastRun = {outcome,
+             verdictWord(outcome) + timeOfDay() + ", " + whereOf(outcome) + ", " + wayOf(outcome) + ". " +
+                 oldSetupSentence(outcome, tabBig) + summary,
+             std::move(history)};
+  setVerdict(lastRun.verdict, !outcome.passed());
+  cmdDetails.setEnabled(true);
+}
+
+void frmBigFolder::setVerdict(std::string_view text, bool bad) {
+  lblVerdict.setCaption(text);
+  lblVerdict.setMark(bad ? Mark::error : Mark::none);
+  if (isLoaded<frmWrite>()) form<frmWrite>().showVerdict();
+}
+
+void frmBigFolder::setNote(std::string_view text, bool bad) {
+  lblNote.setCaption(text);
+  lblNote.setMark(bad ? Mark::error : Mark::none);
+}

@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+// The line that stays on the main window after a run, and the chooser that shows it too.
+#include "dialogs/frmRunDetails.h"
+#include "tests/editor/EditorTest.h"
+#include "tests/support/Outcomes.h"
+
+namespace {
+
+class VerdictLine : public EditorTest {
+ protected:
+  const std::string& line() { return editor.lblVerdict.caption(); }
+  void keep(const RunOutcome& outcome) { editor.keepRun(outcome, {{"a line", false}}); }
+};
+
+TEST_F(VerdictLine, IsEmptyBeforeTheFirstRun) {
+  EXPECT_EQ(line(), "");
+  EXPECT_EQ(editor.lblNote.caption(), "");
+  EXPECT_FALSE(editor.cmdDetails.enabled());
+}
+
+TEST_F(VerdictLine, SaysWhenWhereWhichWayWhichUnitAndWhatItCameTo) {
+  host.clock = 14 * 3600 + 5 * 60 + 59.0;
+  keep(outcomeOf(false,
+                 {took("07", "Input Type", Verdict::written), took("01", "Set-Point 1", Verdict::same)}));
+  EXPECT_EQ(line(),
+            "Good: 14:05, COM 1, 9600,o,7,1, address 17, write to Torvane TMP. "
+            "2 steps: 1 written, 1 already so");
+  EXPECT_EQ(editor.lblVerdict.mark(), Mark::none);
+  EXPECT_TRUE(editor.cmdDetails.enabled());
+}
+
+TEST_F(VerdictLine, TellsTheTimeOfDayAlsoAfterMidnight) {
+  host.clock = 86400 + 9 * 60;
+  keep(outcomeOf(false, {}));
+  EXPECT_TRUE(line().starts_with("Good: 00:09, ")) << line();
+}
+
+TEST_F(VerdictLine, SaysInWordsAndInColourThatSomethingFailed) {
+  keep(outcomeOf(false,
+                 {took("07", "Input Type", Verdict::written), failed("01", "Set-Point 1", "no answer")}));
+  EXPECT_TRUE(line().starts_with("FAILED: ")) << line();
+  EXPECT_TRUE(line().ends_with("2 steps: 1 written, 1 failed: Set-Point 1")) << line();
+  EXPECT_EQ(editor.lblVerdict.mark(), Mark::error);
+}
+
+TEST_F(VerdictLine, SaysThatARunWasStopped) {
+  keep(outcomeOf(false, {took("07", "Input Type", Verdict::written)}, RunEnd::cancelled));
+  EXPECT_TRUE(line().starts_with("STOPPED: ")) << line();
+  EXPECT_EQ(editor.lblVerdict.mark(), Mark::error);
+}
+
+TEST_F(VerdictLine, NamesTheTabsThatShowTheOldSetupAfterARead) {
+  keep(outcomeOf(true, {took("07", "Input Type", Verdict::read), failed("01", "Set-Point 1", "no answer"),
+                        failed("13", "Alarm 1 High", "no answer")}));
+  EXPECT_NE(line().find("The tabs Setpoints, Alarm 1 show the old setup, wholly or in part."),
+            std::string::npos)
+      << line();
+  keep(outcomeOf(true, {took("07", "Input Type", Verdict::read), failed("01", "Set-Point 1", "no answer")}));
+  EXPECT_NE(line().find("The tab Setpoints shows the old setup"), std::string::npos) << line();
+}
+
+TEST_F(VerdictLine, NamesTheTabsOfWhatAStoppedReadDidNotComeTo) {
+  keep(outcomeOf(true, {took("07", "Input Type", Verdict::read)}, RunEnd::cancelled));
+  EXPECT_EQ(line().find("Input type,"), std::string::npos) << line();
+  EXPECT_NE(line().find("Reading, Alarm 1, Alarm 2"), std::string::npos) << line();
+  keep(outcomeOf(true, {}, RunEnd::noUnit));
+  EXPECT_NE(line().find("All tabs show the old setup."), std::string::npos) << line();
+}
+
+TEST_F(VerdictLine, OfAWriteSaysNothingOfTheTabs) {
+  keep(outcomeOf(false, {failed("01", "Set-Point 1", "no answer")}));
+  EXPECT_EQ(line().find("old setup"), std::string::npos);
+}
+
+TEST_F(VerdictLine, TakesANote) {
+  editor.setNote("Not taken over exactly: Input type", true);
+  EXPECT_EQ(editor.lblNote.caption(), "Not taken over exactly: Input type");
+  EXPECT_EQ(editor.lblNote.mark(), Mark::error);
+}
+
+TEST_F(VerdictLine, GoesWhenTheNextRunBegins) {
+  keep(outcomeOf(false, {failed("01", "Set-Point 1", "no answer")}));
+  editor.setNote("a note", true);
+  editor.forgetRun();
+  EXPECT_EQ(line(), "");
+  EXPECT_EQ(editor.lblVerdict.mark(), Mark::none);
+  EXPECT_EQ(editor.lblNote.caption(), "");
+  EXPECT_FALSE(editor.cmdDetails.enabled());
+  EXPECT_TRUE(editor.lastRun.history.empty());
+}
+
+TEST_F(VerdictLine, StandsInTheChooserThatStaysOpenToo) {
+  keep(outcomeOf(false, {failed("01", "Set-Point 1", "no answer")}));
+  auto& chooser = form<frmWrite>();
+  EXPECT_EQ(chooser.lblVerdict.caption(), line());
+  EXPECT_EQ(chooser.lblVerdict.mark(), Mark::error);
+  keep(outcomeOf(false, {took("01", "Set-Point 1", Verdict::written)}));
+  EXPECT_EQ(chooser.lblVerdict.caption(), line());
+  EXPECT_EQ(chooser.lblVerdict.mark(), Mark::none);
+}
+
+TEST_F(VerdictLine, ShowsTheHistoryAgain) {
+  keep(outcomeOf(false, {took("01", "Set-Point 1", Verdict::written)}));
+  host.whenShown("frmRunDetails", [] {
+    EXPECT_EQ(form<frmRunDetails>().lstHistory.list(0), "a line");
+    form<frmRunDetails>().cmdClose.userClicked();
+  });
+  editor.cmdDetails.userClicked();
+  EXPECT_TRUE(host.scriptDone());
+  EXPECT_FALSE(isLoaded<frmRunDetails>());
+}
+
+}  // namespace
