@@ -56,10 +56,15 @@ std::vector<HistoryLine> StatusHistory::lines() const {
 
 void StatusHistory::show() {
   list_.setItem(list_.listCount() - 1, narrative_ + failure_);
-  if (firstFailure_ >= 0) list_.setListIndex(firstFailure_);
+  keepInView();
 }
 
 void StatusHistory::addLine(std::string_view text) {
   list_.addItem(text);
-  list_.setListIndex(firstFailure_ >= 0 ? firstFailure_ : list_.listCount() - 1);
+  keepInView();
+}
+
+void StatusHistory::keepInView() {
+  const bool failed = firstFailure_ >= 0 && firstFailure_ < list_.listCount();
+  list_.setListIndex(failed ? firstFailure_ : list_.listCount() - 1);
 }

@@ -27,6 +27,7 @@ class StatusHistory {
  private:
   void show();
   void addLine(std::string_view text);
+  void keepInView();
 
   ListBox& list_;
   std::string narrative_;   // of the present line ...

@@ -4,7 +4,7 @@
 #include "editor/Replacement.h"
 #include "tests/editor/EditorTest.h"
 #include "tests/support/RandomMemo.h"
-#include "wizard/frmWizard.h"
+#include "tests/support/WizardBench.h"
 
 namespace {
 
@@ -163,6 +163,23 @@ TEST_F(Undo, SendsNothingAndAsksNothing) {
   editor.cmdUndo.userClicked();
   EXPECT_EQ(unit.commands().size(), commands);
   EXPECT_TRUE(host.boxes.empty());
+}
+
+class UndoOfTheWizard : public WizardBench {};
+
+TEST_F(UndoOfTheWizard, BringsBackPortModelAndFit) {
+  moveUnitTo(3);
+  editor.tabBig.setTab(tab::comm);
+  editor.cboBaud.setListIndex(6);
+  editor.writeMemo(tab::comm);
+  const SetupSnapshot before = takeSnapshot(editor);
+  host.whenShown("frmWizard", [this] { next(5); });
+  editor.cmdAutoDetect.userClicked();
+  EXPECT_EQ(editor.cboCommPort.listIndex(), 2);
+  EXPECT_EQ(editor.cmdUndo.caption(), "Undo wizard");
+  editor.cmdUndo.userClicked();
+  EXPECT_TRUE(takeSnapshot(editor) == before);
+  EXPECT_EQ(editor.cboBaud.listIndex(), 6);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 // What is marked as an error stands in a colour that can be read on a light, a dark and a black ground, and
 // follows the desktop's colours.
 #include <QApplication>
+#include <QLabel>
 #include <QListWidget>
 #include <cmath>
 
