@@ -5,8 +5,8 @@
 #include "platform/qt/Bindings.h"
 #include "platform/qt/Bounds.h"
 #include "platform/qt/Ink.h"
-#include "platform/qt/io/QtText.h"
 #include "platform/qt/TextLines.h"
+#include "platform/qt/io/QtText.h"
 
 namespace {
 
