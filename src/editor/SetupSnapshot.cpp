@@ -34,6 +34,8 @@ SetupSnapshot takeSnapshot(const frmBigFolder& editor) {
                          .analogScale = Global.AnalogScale,
                          .commPort = editor.MSComm1->commPort,
                          .lineSettings = editor.MSComm1->settings,
+                         .simpleMenuShown = editor.simpleMenuShown_,
+                         .formatChosen = editor.formatChosen_,
                          .controls = {}};
   for (const Control* control : controlsOfSetup(editor)) snapshot.controls.push_back(control->state());
   return snapshot;
@@ -52,6 +54,8 @@ void putBack(frmBigFolder& editor, const SetupSnapshot& snapshot) {
   Global.AnalogScale = snapshot.analogScale;
   editor.MSComm1->commPort = snapshot.commPort;
   editor.MSComm1->settings = snapshot.lineSettings;
+  editor.simpleMenuShown_ = snapshot.simpleMenuShown;
+  editor.formatChosen_ = snapshot.formatChosen;
   const auto controls = controlsOfSetup(editor);
   for (std::size_t at = 0; at < controls.size(); ++at) controls[at]->putBack(snapshot.controls.at(at));
 }

@@ -25,6 +25,8 @@ struct SetupSnapshot {
   std::string analogScale;
   int commPort = 0;
   std::string lineSettings;
+  bool simpleMenuShown = false;
+  bool formatChosen = false;
   std::vector<ControlState> controls;
 
   bool operator==(const SetupSnapshot&) const = default;

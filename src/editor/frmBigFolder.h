@@ -117,6 +117,9 @@ class frmBigFolder : public BigFolderControls {
   void doLKImage();
 
  private:
+  friend SetupSnapshot takeSnapshot(const frmBigFolder& editor);
+  friend void putBack(frmBigFolder& editor, const SetupSnapshot& snapshot);
+
   // How a record and its control are copied into each other.
   enum class Copy { flag, value, extra, plain, fourDigits, tenths, reading, position, positionText };
   enum class Menu { any, inSimpleMenu };
