@@ -31,7 +31,7 @@ class CellBench : public NetworkBench {
     chooseWay(body == Body::serial);
   }
 
-  RunOutcome run(const ListedFault* fault, int step) {
+  CellOutcome run(const ListedFault* fault, int step) {
     outcome_.body = body_;
     outcome_.direction = direction_;
     fault_ = fault;
@@ -139,15 +139,15 @@ class CellBench : public NetworkBench {
   std::size_t next_ = 0;  // the one whose label comes next
   int said_ = 0;          // texts behind the label of the present row
   std::string label_;
-  RunOutcome outcome_;
+  CellOutcome outcome_;
 };
 
-bool isTold(const RunOutcome& outcome, std::size_t row, const std::string& text) {
+bool isTold(const CellOutcome& outcome, std::size_t row, const std::string& text) {
   const auto found = outcome.told.find(row);
   return found != outcome.told.end() && found->second == text;
 }
 
-std::string brokenByWrite(const RunOutcome& outcome, const RunOutcome& sound) {
+std::string brokenByWrite(const CellOutcome& outcome, const CellOutcome& sound) {
   for (std::size_t row = 0; row < runPlan().size(); ++row) {
     const std::string reg = runPlan()[row].reg;
     if (reg.empty()) continue;
@@ -161,7 +161,7 @@ std::string brokenByWrite(const RunOutcome& outcome, const RunOutcome& sound) {
 
 // The points of a line are worked out of its scale and its offset: where the scale could not be read, which
 // is told, they are those of the new offset and the scale before.
-bool isWorkedOut(const RunOutcome& outcome, int record) {
+bool isWorkedOut(const CellOutcome& outcome, int record) {
   const auto failed = [&](const char* reg) {
     const auto row = std::ranges::find(runPlan(), std::string(reg), &PlanRow::reg);
     return isTold(outcome, static_cast<std::size_t>(row - runPlan().begin()), "Fail");
@@ -170,7 +170,7 @@ bool isWorkedOut(const RunOutcome& outcome, int record) {
          (record >= rec::txtAOutRd1 && record <= rec::txtAOutOut2 && failed("0F"));
 }
 
-std::string brokenByRead(const RunOutcome& outcome, const RunOutcome& sound) {
+std::string brokenByRead(const CellOutcome& outcome, const CellOutcome& sound) {
   for (const auto& [row, text] : outcome.told) {
     if (text != "Fail" && text != sound.told.at(row))
       return std::string(runPlan()[row].reg) + " is told as " + text;
@@ -187,7 +187,7 @@ std::string brokenByRead(const RunOutcome& outcome, const RunOutcome& sound) {
 }
 
 // Even where a forged reply was taken for the old value: the bits that a write is about are verified.
-std::string falseSuccess(const RunOutcome& outcome, const RunOutcome& sound) {
+std::string falseSuccess(const CellOutcome& outcome, const CellOutcome& sound) {
   const auto number = [](const std::string& hex) { return std::stoul(hex, nullptr, 16); };
   for (std::size_t row = 0; row < runPlan().size(); ++row) {
     const PlanRow& planned = runPlan()[row];
@@ -200,22 +200,22 @@ std::string falseSuccess(const RunOutcome& outcome, const RunOutcome& sound) {
 }
 
 // Neither side holds it.
-std::string thirdValue(const RunOutcome& outcome, const RunOutcome& sound) {
+std::string thirdValue(const CellOutcome& outcome, const CellOutcome& sound) {
   return outcome.direction == Direction::write ? brokenByWrite(outcome, sound) : brokenByRead(outcome, sound);
 }
 
-bool stopped(const RunOutcome& outcome, const RunOutcome& sound) {
+bool stopped(const CellOutcome& outcome, const CellOutcome& sound) {
   return outcome.told.size() < sound.told.size();
 }
 
 }  // namespace
 
-RunOutcome runWith(const ListedFault* fault, int step, Body body, Direction direction) {
+CellOutcome runWith(const ListedFault* fault, int step, Body body, Direction direction) {
   CellBench bench(body, direction);
   return bench.run(fault, step);
 }
 
-char verdictOn(const RunOutcome& outcome, const RunOutcome& sound, int step) {
+char verdictOn(const CellOutcome& outcome, const CellOutcome& sound, int step) {
   if (!thirdValue(outcome, sound).empty()) return 'x';
   if (stopped(outcome, sound)) return 'S';
   char verdict = '.';
@@ -227,14 +227,14 @@ char verdictOn(const RunOutcome& outcome, const RunOutcome& sound, int step) {
   return verdict;
 }
 
-bool mayForge(const ListedFault& fault, const RunOutcome& outcome) {
+bool mayForge(const ListedFault& fault, const CellOutcome& outcome) {
   const bool write = outcome.direction == Direction::write;
   const unsigned run = outcome.body == Body::serial ? (write ? forged::serialWrite : forged::serialRead)
                                                     : (write ? forged::networkWrite : forged::networkRead);
   return (fault.forges & run) != 0;
 }
 
-std::string brokenRule(const RunOutcome& outcome, const RunOutcome& sound, const ListedFault& fault) {
+std::string brokenRule(const CellOutcome& outcome, const CellOutcome& sound, const ListedFault& fault) {
   if (!outcome.ended) return "the run did not come to its end";
   if (outcome.seconds > (outcome.body == Body::serial ? longestSerial : longestNetwork))
     return "the run took too long";

@@ -15,7 +15,7 @@ enum class Direction { write, read };
 
 inline constexpr int everyStep = 31;
 
-struct RunOutcome {
+struct CellOutcome {
   Body body = Body::serial;
   Direction direction = Direction::write;
   double seconds = 0;                       // of virtual time
@@ -30,7 +30,7 @@ struct RunOutcome {
 };
 
 // A run of a full controller; null: nothing is wrong.
-RunOutcome runWith(const ListedFault* fault, int step, Body body, Direction direction);
+CellOutcome runWith(const ListedFault* fault, int step, Body body, Direction direction);
 
 // How a run has come through, beside one with which nothing was wrong, as the table shows it.
 //   .  nothing is lost
@@ -38,13 +38,13 @@ RunOutcome runWith(const ListedFault* fault, int step, Body body, Direction dire
 //   F  later steps fail too, and are told; the run goes through its whole plan
 //   S  the run stops with a message
 //   x  a register or a record holds what neither side had
-char verdictOn(const RunOutcome& outcome, const RunOutcome& sound, int step);
+char verdictOn(const CellOutcome& outcome, const CellOutcome& sound, int step);
 
 // What breaks the rules in a run, in words; empty when nothing does. The rules: it ends, in bounded time, and
 // tells when it stops early; a read changes nothing in the unit; every register and every record holds its
 // old or its new value; what is told as done is done. The last three are lifted where the fault itself
 // forges.
-std::string brokenRule(const RunOutcome& outcome, const RunOutcome& sound, const ListedFault& fault);
+std::string brokenRule(const CellOutcome& outcome, const CellOutcome& sound, const ListedFault& fault);
 
 // Whether the list says that this fault may lead to what neither side had in such a run.
-bool mayForge(const ListedFault& fault, const RunOutcome& outcome);
+bool mayForge(const ListedFault& fault, const CellOutcome& outcome);

@@ -26,7 +26,7 @@ class FaultMatrix : public testing::TestWithParam<MatrixPart> {
     return fault.over == Over::both || (fault.over == Over::serial) == (GetParam().body == Body::serial);
   }
 
-  RunOutcome run(const ListedFault* fault, int step) const {
+  CellOutcome run(const ListedFault* fault, int step) const {
     return runWith(fault, step, GetParam().body, GetParam().direction);
   }
 
@@ -35,10 +35,10 @@ class FaultMatrix : public testing::TestWithParam<MatrixPart> {
     std::string verdicts;
     double longest = 0;
   };
-  Row rowOf(const ListedFault& fault, const RunOutcome& sound) const {
+  Row rowOf(const ListedFault& fault, const CellOutcome& sound) const {
     Row row;
     for (int step = 0; step < everyStep; ++step) {
-      const RunOutcome outcome = run(&fault, step);
+      const CellOutcome outcome = run(&fault, step);
       EXPECT_EQ(brokenRule(outcome, sound, fault), "") << fault.name << " at step " << step;
       row.verdicts += verdictOn(outcome, sound, step);
       row.longest = std::max(row.longest, outcome.seconds);
@@ -65,7 +65,7 @@ void store(const std::string& name, const std::string& table) {
 }
 
 TEST_P(FaultMatrix, IsWithinTheRules) {
-  const RunOutcome sound = run(nullptr, 0);
+  const CellOutcome sound = run(nullptr, 0);
   ASSERT_EQ(sound.told.size(), 33U);
   ASSERT_TRUE(sound.ended);
   std::string table = heading(GetParam().title);
