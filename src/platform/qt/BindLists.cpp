@@ -48,7 +48,7 @@ void showMarks(const ListBox& control, QListWidget& widget) {
   for (int index = 0; index < control.listCount(); ++index) {
     QListWidgetItem& item = *widget.item(index);
     const bool marked = control.itemMark(index) != Mark::none;
-    const QBrush ink = marked ? QBrush(errorInk(widget.palette().color(QPalette::Base))) : QBrush();
+    const QBrush ink = marked ? QBrush(errorInk(QPalette().color(QPalette::Base))) : QBrush();
     if (item.foreground() != ink) item.setData(Qt::ForegroundRole, marked ? QVariant(ink) : QVariant());
   }
   if (control.itemMark(control.listIndex()) == Mark::none) return;
