@@ -56,7 +56,7 @@ void frmBigFolder::wireCommTab() {
   cmdAutoDetect.onClick = [this] { cmdAutoDetect_Click(); };
 }
 
-// A wizard that a run has filled in its own way begins anew.
+// A wizard that a run has filled in its own way begins anew. One that has found no unit changes nothing here.
 void frmBigFolder::cmdAutoDetect_Click() {
   writeMemo(tab::comm);
   if (Memo[rec::optCommunicationMode].flag == False && txtTCPPort.text().empty()) {
@@ -66,6 +66,7 @@ void frmBigFolder::cmdAutoDetect_Click() {
   const Replacement undoable("wizard");
   ::unload<frmWizard>();
   form<frmWizard>().showModal();
+  if (form<frmWizard>().unitFound == False) return ::unload<frmWizard>();
   Memo[rec::menuKind].extra = form<frmWizard>().wizardResultMode;
   DeviceState.MenuKind = Memo[rec::menuKind].extra;
   followMenu();

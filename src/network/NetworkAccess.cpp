@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The first access to a unit behind the bridge, and its reset.
+#include "network/NetworkAccess.h"
+
 #include <algorithm>
 #include <iterator>
 
 #include "core/Model.h"
 #include "network/NetworkChannel.h"
-#include "platform/Host.h"
-#include "protocol/SerialChannel.h"
 #include "protocol/Waits.h"
-#include "protocol/frmSerial.h"
 #include "reading/DeviceDetection.h"
 
 namespace {
@@ -19,7 +18,7 @@ constexpr double restBehindDetection = 1.0;
 
 enum class Chosen { any, torvane, larkspur };  // the line that the setup is made for
 
-struct Verdict {
+struct AccessVerdict {
   std::int32_t result;
   Chosen chosen;
   bool granted;
@@ -28,7 +27,7 @@ struct Verdict {
 };
 
 // A result that isn't here is refused without a word.
-constexpr Verdict verdicts[] = {
+constexpr AccessVerdict verdicts[] = {
     {family::torvane, Chosen::torvane, true, "Torvane controller found", nullptr},
     {family::torvane, Chosen::larkspur, false, "Torvane controller found",
      "An Torvane controller was found instead of device you specified. "
@@ -51,51 +50,57 @@ constexpr Verdict verdicts[] = {
      "Device not recognized. Device access has been cancelled."},
 };
 
-const Verdict* verdictOn(std::int32_t result) {
+const AccessVerdict* verdictOn(std::int32_t result) {
   const Chosen chosen = DeviceState.IsRkw77 != False ? Chosen::larkspur : Chosen::torvane;
-  const auto found = std::ranges::find_if(verdicts, [&](const Verdict& each) {
+  const auto found = std::ranges::find_if(verdicts, [&](const AccessVerdict& each) {
     return each.result == result && (each.chosen == Chosen::any || each.chosen == chosen);
   });
   return found == std::end(verdicts) ? nullptr : found;
 }
 
-}  // namespace
-
-// No probe is sent in front of the detection: whatever stands behind the bridge counts as found until then.
-bool frmSerial::NetworkCommunicationOK(bool reset) {
-  if (reset) return resetOverNetwork();
-  upStat(false, "Looking for device");
-  if (readMode == False) waitOut(restBeforeWrite);
-  upStat(false, "Found device");
-  const Verdict* const verdict = verdictOn(detectFamily());
-  if (verdict != nullptr) {
-    if (verdict->status != nullptr) upStat(false, verdict->status);
-    if (verdict->box != nullptr) messageBox(verdict->box);
-  }
-  waitOut(restBehindDetection);
-  return verdict != nullptr && verdict->granted;
-}
-
-bool frmSerial::resetOverNetwork() {
-  upStat(false, "Test access to the unit");
+bool resetUnit(Run& run, NetworkChannel& channel) {
+  run.view.upStat(false, "Test access to the unit");
   waitOut(restBeforeReset);
-  const std::string reply = network->NetworkWritePort(framed("Z02"));
-  network->Text1.clear();
-  network->note(reply);
-  upStat(true, "Got " + reply + "\r");
+  const std::string reply = channel.NetworkWritePort(framed("Z02"));
+  channel.Text1.clear();
+  channel.note(reply);
+  run.view.upStat(true, "Got " + reply + "\r");
   const bool done = reply.starts_with(addressPart() + "Z02");
-  upStat(true, done ? "Request done" : "Request failed");
+  run.view.upStat(true, done ? "Request done" : "Request failed");
   return done;
 }
 
-std::int32_t frmSerial::detectFamily() {
-  detection->Reset();
+std::int32_t detectFamily(NetworkChannel& channel, DeviceDetection& detection) {
+  detection.Reset();
   std::int32_t result = family::undecided;
   while (result == family::undecided) {
-    const std::string command = framed(detection->DetectionString());
-    std::string reply = network->NetworkWritePort(command);
-    if (contains(reply, "Time")) reply = network->NetworkWritePort(command);
-    detection->CheckResponse(reply, result);
+    const std::string command = framed(detection.DetectionString());
+    std::string reply = channel.NetworkWritePort(command);
+    if (contains(reply, "Time")) reply = channel.NetworkWritePort(command);
+    detection.CheckResponse(reply, result);
   }
   return result;
+}
+
+void tell(Run& run, const AccessVerdict& verdict) {
+  if (verdict.status != nullptr) run.view.upStat(false, verdict.status);
+  if (verdict.box != nullptr) run.view.box(verdict.box);
+  if (verdict.result == family::torvane) run.outcome.unit = "Torvane";
+  if (verdict.result == family::larkspur) run.outcome.unit = "Larkspur";
+  const bool ofOtherLine = verdict.result == family::torvane || verdict.result == family::larkspur;
+  if (!verdict.granted && ofOtherLine) run.outcome.end = RunEnd::otherLine;
+}
+
+}  // namespace
+
+// No probe is sent in front of the detection: whatever stands behind the bridge counts as found until then.
+bool NetworkCommunicationOK(Run& run, NetworkChannel& channel, DeviceDetection& detection, bool reset) {
+  if (reset) return resetUnit(run, channel);
+  run.view.upStat(false, "Looking for device");
+  if (!run.reading) waitOut(restBeforeWrite);
+  run.view.upStat(false, "Found device");
+  const AccessVerdict* const verdict = verdictOn(detectFamily(channel, detection));
+  if (verdict != nullptr) tell(run, *verdict);
+  waitOut(restBehindDetection);
+  return verdict != nullptr && verdict->granted;
 }

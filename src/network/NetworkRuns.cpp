@@ -1,64 +1,74 @@
 // SPDX-License-Identifier: MIT
-// The runs of the status window through the bridge.
+// The runs through the bridge.
+#include "network/NetworkRuns.h"
+
 #include "core/Global.h"
 #include "core/Model.h"
-#include "dialogs/frmTimedMessage.h"
+#include "network/NetworkAccess.h"
 #include "network/NetworkChannel.h"
-#include "platform/Host.h"
-#include "protocol/RunBody.h"
 #include "protocol/Waits.h"
-#include "protocol/frmSerial.h"
+#include "protocol/WriteRun.h"
+#include "reading/ReadRun.h"
 
 namespace {
 
 constexpr double connectLimit = 2.0;  // seconds
 constexpr double restBehindConnecting = 0.5;
 
-enum : std::int16_t { tookPlace = 0, noBridge = -1, noUnit = -2 };
+void doJob(Run& run, NetworkChannel& channel) {
+  if (!run.reading) {
+    NetworkWriteToDevice(run, channel);
+  } else if (Global.ReadConfirmed != 0) {
+    NetworkReadFromDevice(run, channel);
+    Global.ReadConfirmed = 0;
+  } else {
+    run.view.box("endless loop");
+  }
+}
 
-void tellNoConnection() {
-  auto& notice = form<frmTimedMessage>();
-  notice.message = "Unable to establish network connection";
-  notice.showModal();
+bool findsBridge(Run& run, NetworkChannel& channel) {
+  run.view.upStat(false, "Looking for the web server...");
+  if (channel.socket().state() != SocketState::closed) channel.socket().close();
+  channel.takeTarget();
+  channel.connect();
+  if (!waitFor(channel.socketConnected, connectLimit)) {
+    run.view.upStat(false, "Could not found web server...");
+    return false;
+  }
+  run.view.upStat(false, "Found web server...");
+  waitOut(restBehindConnecting);
+  return true;
+}
+
+// A refusal that names its own reason keeps it.
+void endWithoutUnit(Run& run) {
+  if (run.outcome.end == RunEnd::finished) run.outcome.end = RunEnd::noUnit;
 }
 
 }  // namespace
 
-std::int16_t frmSerial::NetworkFullConnect() {
-  cmdCancel.setCaption("Cancel");
-  upStat(false, "Looking for the web server...");
-  if (winSock1->state() != SocketState::closed) winSock1->close();
-  network->takeTarget();
-  network->connect();
-  if (!waitFor(network->socketConnected, connectLimit)) {
-    upStat(false, "Could not found web server...");
-    return noBridge;
+std::int16_t NetworkFullConnect(Run& run, NetworkChannel& channel, DeviceDetection& detection) {
+  run.view.offerCancel();
+  if (!findsBridge(run, channel)) {
+    run.outcome.end = RunEnd::noBridge;
+    return job::noBridge;
   }
-  upStat(false, "Found web server...");
-  waitOut(restBehindConnecting);
-  if (!NetworkCommunicationOK(false)) return noUnit;
-  if (NetworkCommunicationOK(false)) {
-    commitTabs();
-    runOverNetwork();
+  if (!NetworkCommunicationOK(run, channel, detection, false)) {
+    endWithoutUnit(run);
+    return job::noUnit;
+  }
+  if (NetworkCommunicationOK(run, channel, detection, false)) {
+    run.view.commitTabs();
+    doJob(run, channel);
   } else {
-    tellNoConnection();
+    endWithoutUnit(run);
+    run.view.notice("Unable to establish network connection");
   }
-  return tookPlace;
+  return job::tookPlace;
 }
 
-void frmSerial::runOverNetwork() {
-  if (readMode == False) {
-    NetworkWriteToDevice();
-  } else if (Global.ReadConfirmed != 0) {
-    NetworkReadFromDevice();
-    Global.ReadConfirmed = 0;
-  } else {
-    messageBox("endless loop");
-  }
-}
+void NetworkWriteToDevice(Run& run, NetworkChannel& channel) { writeConfiguration(run, channel); }
 
-void frmSerial::NetworkWriteToDevice() { writeConfiguration(networkBody); }
-
-void frmSerial::NetworkReadFromDevice() {
-  if (Global.ReadConfirmed != 0) readConfiguration(networkBody);
+void NetworkReadFromDevice(Run& run, NetworkChannel& channel) {
+  if (Global.ReadConfirmed != 0) readConfiguration(run, channel);
 }

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 // The wizard's test of the bridge and of the unit behind it.
+#include "network/NetworkTest.h"
+
 #include "core/Global.h"
 #include "core/Memo.h"
 #include "core/Model.h"
 #include "core/NumberText.h"
-#include "editor/frmBigFolder.h"
 #include "network/NetworkChannel.h"
 #include "platform/Host.h"
-#include "protocol/SerialChannel.h"
+#include "protocol/Probe.h"
 #include "protocol/Waits.h"
-#include "protocol/frmSerial.h"
-#include "wizard/frmWizard.h"
+#include "reading/MeterType.h"
 
 namespace {
 
@@ -49,84 +49,156 @@ const Complaint* complaintOf(std::int16_t code) {
   return nullptr;
 }
 
-frmWizard& wizard() { return form<frmWizard>(); }
-
 // The wizard is to end with what it says now.
-void endWizard() {
-  wizard().offerFinish();
+void endWizard(Run& run) {
+  run.view.wizardFinishes(false);
   Global.DetectionDone = 1;
 }
 
-void tellNoDevice(const char* words) {
-  wizard().addToCaption("\rFound no device connected to the web server\r\r" + std::string(words));
+void tellNoDevice(Run& run, const char* words) {
+  run.view.wizardAdds("\rFound no device connected to the web server\r\r" + std::string(words));
 }
 
-void tellCables() {
+void tellCables(Run& run) {
   tellNoDevice(
+      run,
       "Check cable connections between web server and device. Also check device communication settings such "
       "as  communication protocol, and baud rate. Then try the Wizard again.");
-  endWizard();
+  endWizard(run);
 }
 
-}  // namespace
-
-void frmSerial::NetworkTestConnect() {
-  network->takeTarget();
-  if (winSock1->state() == SocketState::peerIsClosing) winSock1->close();
-  if (winSock1->state() != SocketState::connected) {
-    std::string lastReply;
-    if (!findsUnitBehindBridge() || !hearsVersion(lastReply) || !knowsModel(lastReply)) return;
-  }
-  tellReplacedPort();
-}
-
-// Tries a second time where that may help. False: the verdict stands in the wizard.
-bool frmSerial::findsUnitBehindBridge() {
-  for (const bool lastTry : {false, true}) {
-    Global.DetectionDone = 0;
-    if (!connectsToBridge()) return false;
-    publish(2);
-    const std::int16_t code = CheckForConnectedDevice();
-    publish(3);
-    Global.DetectionDone = 0;
-    if (code == unitAnswers) return true;
-    if (code == terminalServer) winSock1->remotePort = network->NetPort = terminalServerPort;
-    if (lastTry || complaintOf(code) == nullptr) {
-      tellWhatAnswered(code);
-      return false;
-    }
-    prepareSecondTry(code == terminalServer);
-  }
-  return false;
-}
-
-bool frmSerial::connectsToBridge() {
-  wizard().lblDetection.setCaption("Testing the connection to " + network->NetHost + ", port " +
-                                   numberText(network->NetPort) + "...");
+bool connectsToBridge(Run& run, NetworkChannel& channel) {
+  run.view.wizardLooks("Testing the connection to " + channel.NetHost + ", port " +
+                       numberText(channel.NetPort) + "...");
   const double start = host().now();
-  network->connect();
-  publish(1);
-  if (!waitFor(network->socketConnected, connectLimit)) {
-    wizard().lblCaption.setCaption(
+  channel.connect();
+  publish(run, 1);
+  if (!waitFor(channel.socketConnected, connectLimit)) {
+    run.view.wizardSays(
         "Web server not found.  Check the TCP/IP address and port number and make sure that the web server "
         "is connected properly and try again");
-    endWizard();
+    endWizard(run);
     return false;
   }
-  wizard().lblCaption.setCaption("The connection with the web server was done");
-  network->socketData = False;
-  if (waitFor(network->socketData, listenLimit - (host().now() - start))) {
-    wizard().lblCaption.setCaption(
+  run.view.wizardSays("The connection with the web server was done");
+  channel.socketData = False;
+  if (waitFor(channel.socketData, listenLimit - (host().now() - start))) {
+    run.view.wizardSays(
         "Data has unexpectedly been received.  If using Relayon/Ethernet hardware, please disable Host or "
         "Continuous mode");
   }
   return true;
 }
 
-std::int16_t frmSerial::CheckForConnectedDevice() {
+void prepareSecondTry(Run& run, NetworkChannel& channel, bool onTerminalServerPort) {
+  channel.socket().close();
+  if (onTerminalServerPort) run.view.chooseBridgePort(terminalServerPort);
+  waitOut(retryRest);
+}
+
+// The line returns what it is told: a modem or a wiring fault, and nothing that a further try would mend.
+void stopAtEcho(Run& run, NetworkChannel& channel) {
+  channel.socket().close();
+  Global.DetectionDone = 1;
+  run.view.wizardStops();
+  run.view.wizardAdds(
+      "\rThe serial port is either connected to a modem Or there exists a wiring problem.\r\rTo leave "
+      "Connection Wizard , click Cancel.");
+}
+
+void tellWhatAnswered(Run& run, NetworkChannel& channel, std::int16_t code) {
+  const Complaint* complaint = complaintOf(code);
+  if (code == lineEchoes) {
+    stopAtEcho(run, channel);
+  } else if (complaint != nullptr) {
+    tellNoDevice(run, complaint->words);
+  } else {
+    tellCables(run);
+  }
+}
+
+// Tries a second time where that may help. False: the verdict stands in the wizard.
+bool findsUnitBehindBridge(Run& run, NetworkChannel& channel) {
+  for (const bool lastTry : {false, true}) {
+    Global.DetectionDone = 0;
+    if (!connectsToBridge(run, channel)) return false;
+    publish(run, 2);
+    const std::int16_t code = CheckForConnectedDevice(run, channel);
+    publish(run, 3);
+    Global.DetectionDone = 0;
+    if (code == unitAnswers) return true;
+    if (code == terminalServer) channel.socket().remotePort = channel.NetPort = terminalServerPort;
+    if (lastTry || complaintOf(code) == nullptr) {
+      tellWhatAnswered(run, channel, code);
+      return false;
+    }
+    prepareSecondTry(run, channel, code == terminalServer);
+  }
+  return false;
+}
+
+bool hearsVersion(Run& run, NetworkChannel& channel, std::string& lastReply) {
+  run.view.wizardAdds("Found device connected to the web server");
+  bool heard = false;
+  for (int tries = 0; tries < versionTries; ++tries) {
+    waitOut(versionRest);
+    lastReply = channel.NetworkWritePort(framed("U03"));
+    const std::size_t mark = lastReply.find("U03");
+    if (mark == std::string::npos) continue;
+    heard = true;
+    Global.FirmwareVersion = lastReply.substr(mark + 3);
+  }
+  judgeVersion(run);
+  publish(run, 4);
+  if (heard) return true;
+  run.view.wizardAdds("The device found is not an Torvane or LARKSPUR model");
+  endWizard(run);
+  return false;
+}
+
+bool knowsModel(Run& run, NetworkChannel& channel, const std::string& lastReply) {
+  run.view.wizardAdds("Found the Torvane device");
+  endWizard(run);
+  std::int16_t type = -1;
+  TcpCheckForMeterType(run, channel, type);
+  if (type < 0) {
+    run.view.wizardAdds("The device found is not a LARKSPUR or an Torvane model");
+    return false;
+  }
+  Global.DetectionDone = 0;
+  announce(run, type, lastReply);
+  run.view.wizardFinishes(true);
+  return true;
+}
+
+// The user should know when the bridge was reached by another port than he has typed.
+void tellReplacedPort(Run& run, NetworkChannel& channel) {
+  const std::string& typed = Memo[rec::txtTCPPort].text;
+  const int port = channel.socket().remotePort;
+  if (Val(typed) == port) return;
+  run.view.box("Port " + numberText(std::int32_t{port}) + " replaced Port " + typed +
+               " as needed to support proper communications.");
+}
+
+}  // namespace
+
+void NetworkTestConnect(Run& run, NetworkChannel& channel) {
+  channel.takeTarget();
+  if (channel.socket().state() == SocketState::peerIsClosing) channel.socket().close();
+  if (channel.socket().state() != SocketState::connected) {
+    std::string lastReply;
+    if (!findsUnitBehindBridge(run, channel) || !hearsVersion(run, channel, lastReply) ||
+        !knowsModel(run, channel, lastReply)) {
+      return;
+    }
+  }
+  tellReplacedPort(run, channel);
+}
+
+std::int16_t CheckForConnectedDevice(Run& run, NetworkChannel& channel) {
   waitOut(settle);
-  publish(3);
-  const std::string reply = network->NetworkWritePort(framed("U01"));
+  publish(run, 3);
+  const std::string reply = channel.NetworkWritePort(framed("U01"));
   std::int16_t code = somethingElse;
   if (reply.starts_with(addressPart() + "U01")) code = unitAnswers;
   if (reply.starts_with('*')) code = lineEchoes;
@@ -134,74 +206,4 @@ std::int16_t frmSerial::CheckForConnectedDevice() {
     if (contains(reply, complaint.mark)) code = complaint.code;
   }
   return code;
-}
-
-void frmSerial::prepareSecondTry(bool onTerminalServerPort) {
-  winSock1->close();
-  if (onTerminalServerPort) {
-    form<frmBigFolder>().txtTCPPort.setText(numberText(std::int32_t{terminalServerPort}));
-  }
-  waitOut(retryRest);
-}
-
-void frmSerial::tellWhatAnswered(std::int16_t code) {
-  const Complaint* complaint = complaintOf(code);
-  if (code == lineEchoes) {
-    stopAtEcho();
-  } else if (complaint != nullptr) {
-    tellNoDevice(complaint->words);
-  } else {
-    tellCables();
-  }
-}
-
-// The line returns what it is told: a modem or a wiring fault, and nothing that a further try would mend.
-void frmSerial::stopAtEcho() {
-  winSock1->close();
-  Global.DetectionDone = 1;
-  wizard().stop();
-  wizard().addToCaption(
-      "\rThe serial port is either connected to a modem Or there exists a wiring problem.\r\rTo leave "
-      "Connection Wizard , click Cancel.");
-}
-
-bool frmSerial::hearsVersion(std::string& lastReply) {
-  wizard().addToCaption("Found device connected to the web server");
-  bool heard = false;
-  for (int tries = 0; tries < versionTries; ++tries) {
-    waitOut(versionRest);
-    lastReply = network->NetworkWritePort(framed("U03"));
-    const std::size_t mark = lastReply.find("U03");
-    if (mark == std::string::npos) continue;
-    heard = true;
-    Global.FirmwareVersion = lastReply.substr(mark + 3);
-  }
-  judgeVersion();
-  publish(4);
-  if (heard) return true;
-  wizard().addToCaption("The device found is not an Torvane or LARKSPUR model");
-  endWizard();
-  return false;
-}
-
-bool frmSerial::knowsModel(const std::string& lastReply) {
-  wizard().addToCaption("Found the Torvane device");
-  endWizard();
-  std::int16_t type = -1;
-  TcpCheckForMeterType(type);
-  if (type < 0) {
-    wizard().addToCaption("The device found is not a LARKSPUR or an Torvane model");
-    return false;
-  }
-  Global.DetectionDone = 0;
-  announce(type, lastReply);
-  return true;
-}
-
-// The user should know when the bridge was reached by another port than he has typed.
-void frmSerial::tellReplacedPort() const {
-  const std::string& typed = Memo[rec::txtTCPPort].text;
-  if (Val(typed) == winSock1->remotePort) return;
-  messageBox("Port " + numberText(std::int32_t{winSock1->remotePort}) + " replaced Port " + typed +
-             " as needed to support proper communications.");
 }

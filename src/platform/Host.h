@@ -76,6 +76,8 @@ class Host {
   virtual std::unique_ptr<Printer> choosePrinter(const std::string& document) = 0;
   // "2026-03-01" in the form of the user's locale.
   virtual std::string today() = 0;
+  // "2026-03-01T09:30:00Z": now, UTC.
+  virtual std::string utcNow() = 0;
 
   // `path` is a help file's name, ">" and a window's name. A name that is not known opens nothing.
   virtual void showHelp(const std::string& path) = 0;

@@ -1,24 +1,41 @@
 // SPDX-License-Identifier: MIT
-// The command channel on a serial line.
+// The channel on a serial line: bytes become replies.
 #include "protocol/SerialChannel.h"
 
+#include <algorithm>
 #include <cmath>
 
-#include "core/Global.h"
-#include "core/Model.h"
 #include "platform/Host.h"
 
 namespace {
 
+constexpr ChannelRules serialRules = {
+    .readTries = 3,
+    .firstReadTries = 2,
+    .writeTries = 5,
+    .loopFailsARead = true,
+    .heedsWiring = true,
+    .restsWithinSteps = false,
+    .failedStepsBorne = noLimit,
+    .networkLabels = false,
+};
+
 constexpr double replyLimit = 1.0;   // seconds of silence, counted from a start rounded to a whole second
 constexpr double babbleLimit = 2.0;  // seconds of bytes that never pause and never end a line
 constexpr std::size_t babbleSize = 1 << 20;  // bytes without a line end: no reply is a thousandth of it
-constexpr int readTries = 3;
-constexpr int firstReadTries = 2;
-constexpr int writeTries = 5;
-constexpr int starsThatTell = 2;  // loop-backs that mark a wiring fault
+constexpr std::size_t mnemonicLength = 3;    // a letter and two digits
 
-bool endsLine(std::string_view chunk) { return chunk.ends_with('\r') || chunk.ends_with('\n'); }
+bool isLineEnd(char c) { return c == '\r' || c == '\n'; }
+bool endsLine(std::string_view text) { return !text.empty() && isLineEnd(text.back()); }
+
+// How a reply to the command begins. The one command without "*" has no echo, and its good reply begins with
+// the code of "*".
+std::string echoOf(std::string_view command) {
+  if (!command.starts_with('*')) return "2A";
+  return std::string(command.substr(1, addressPart().size() + mnemonicLength));
+}
+
+std::string gone(const RuntimeError& error) { return std::string("port gone: ") + error.what(); }
 
 // A line that never falls silent must not hold the program, nor fill its memory. What already waits when a
 // process comes back late is read all the same.
@@ -26,122 +43,91 @@ bool isBabble(std::size_t received, double elapsed) {
   return received > babbleSize || (received > 0 && elapsed > babbleLimit);
 }
 
-bool isRefused(std::string_view reply) {
-  return contains(reply, "?") || contains(reply, "*") || contains(reply, "Time");
-}
-
 }  // namespace
 
-bool isUnaddressed() { return Hardware.BusMode == 0 || Hardware.BusMode == 2; }
+SerialChannel::SerialChannel(SerialPort& port) : Channel(serialRules), port_(port) {}
 
-std::string addressPart() { return isUnaddressed() ? std::string() : rs485AddressHex(); }
-
-std::string framed(std::string_view command) { return "*" + addressPart() + std::string(command); }
-
-bool contains(std::string_view text, std::string_view part) {
-  return text.find(part) != std::string_view::npos;
+void SerialChannel::openIfClosed() {
+  if (!port_.isOpen()) port_.open();
 }
 
-std::string dataOf(const std::string& reply) {
-  const std::size_t start = isUnaddressed() ? 3 : 5;
-  return reply.size() > start ? reply.substr(start) : std::string();
+void SerialChannel::closeIfOpen() {
+  if (port_.isOpen()) port_.close();
 }
 
 std::string SerialChannel::writePort(std::string_view command) {
   if (port_.inBufferCount() > 0) port_.input();
   port_.output(std::string(command) + "\r");
-  const double start = std::nearbyint(host().now());
-  std::string reply;
-  std::string chunk;
-  while (!endsLine(chunk)) {
-    const bool waiting = port_.inBufferCount() > 0;
-    const double elapsed = host().now() - start;
-    if (waiting ? isBabble(reply.size(), elapsed) : elapsed > replyLimit) return std::string(timeoutMarker);
-    if (waiting) {
-      chunk = port_.input();
-      reply += chunk;
-    } else {
-      port_.waitForInput(replyLimit - elapsed);
-    }
+  const std::string echo = echoOf(command);
+  std::string reply = collectReply(echo);
+  if (reply.empty()) {
+    givenUp_.insert(echo);
+    return std::string(timeoutMarker);
   }
-  if (chunk.ends_with('\n')) reply.pop_back();
+  if (reply.ends_with('\n')) reply.pop_back();
   if (reply.ends_with('\r')) reply.pop_back();
   return reply;
 }
 
-std::string SerialChannel::ReadSet(std::string_view reg) {
-  reopen();
-  const std::string command = "R" + std::string(reg.substr(reg.size() < 2 ? 0 : reg.size() - 2));
-  std::string result = "Fail";
+// With its line end; empty when the time is over.
+std::string SerialChannel::collectReply(std::string_view echo) {
+  const double start = std::nearbyint(host().now());
+  std::size_t received = 0;
   std::string reply;
-  int stars = 0;
-  bool accepted = false;
-  for (int tries = 0; tries < readTries && !accepted; ++tries) {
-    query(command, reply);
-    accepted = !reply.empty() && !isRefused(reply);
-    if (accepted) result = reply;
-    if (contains(reply, "*")) ++stars;
-    host().yield();
+  while (!endsLine(reply)) {
+    const bool waiting = port_.inBufferCount() > 0;
+    const double elapsed = host().now() - start;
+    if (waiting ? isBabble(received, elapsed) : elapsed > replyLimit) return "";
+    if (!waiting) {
+      port_.waitForInput(replyLimit - elapsed);
+      continue;
+    }
+    const std::string chunk = port_.input();
+    received += chunk.size();
+    reply += chunk;
+    if (endsLine(reply)) dropStaleLines(reply, echo);
   }
-  if (stars >= starsThatTell) wiringProblem = True;
-  close();
-  return result;
+  return reply;
 }
 
-std::string SerialChannel::writeSet(std::string_view reg, const std::string& value) {
-  reopen();
-  if (registerMask == 0) return "Success";
-  const std::string index(reg);
-  std::string reply;
-  for (int tries = 0; tries < firstReadTries; ++tries) {
-    query("R" + index, reply);
-    if (!isRefused(reply)) break;
+// A line feed in front of a reply belongs to the line before it; a line that echoes a command which was given
+// up on is that command's reply.
+void SerialChannel::dropStaleLines(std::string& reply, std::string_view echo) const {
+  const auto isStale = [&](std::string_view line) {
+    const auto echoes = [line](const std::string& old) { return line.starts_with(old); };
+    return !line.starts_with(echo) && std::ranges::any_of(givenUp_, echoes);
+  };
+  while (true) {
+    reply.erase(0, std::min(reply.find_first_not_of('\n'), reply.size()));
+    const std::size_t end = reply.find_first_of("\r\n");
+    if (end == reply.npos || !isStale(std::string_view(reply).substr(0, end))) return;
+    reply.erase(0, end + 1);
   }
-  if (contains(reply, "?4") || contains(reply, "Time") || contains(reply, "*")) {
-    wiringProblem = True;
-    return "Fail";
-  }
-  const std::string old = dataOf(reply);
-  const std::string wanted = maskHex(value, registerMask);
-  std::string status = "Success";
-  if (maskHex(old, registerMask) != wanted) {
-    status = writeAndVerify(index, orHex(wanted, maskHex(old, ~registerMask)), reply);
-  }
-  close();
-  return status;
-}
-
-std::string SerialChannel::writeAndVerify(std::string_view reg, const std::string& merged,
-                                          std::string reply) {
-  const std::string index(reg);
-  const std::string write = "W" + index + merged;
-  const std::string read = "R" + index;
-  const std::string good = addressPart() + read + merged;
-  int stars = 0;
-  for (int tries = 0; tries < writeTries; ++tries) {
-    query(write, reply);
-    query(read, reply);
-    if (reply == good) return "Success";
-    if (contains(reply, "*")) ++stars;
-    host().yield();
-  }
-  if (stars >= starsThatTell) wiringProblem = True;
-  return "Fail";
 }
 
 // Opened fresh for every register: that clears a port which a failure has left open.
-void SerialChannel::reopen() {
-  close();
-  attempt([this] { port_.open(); });
+void SerialChannel::beginRegister() {
+  endRegister();
+  linkFault.clear();
+  try {
+    port_.open();
+  } catch (const RuntimeError& error) {
+    linkFault = gone(error);
+  }
 }
 
-void SerialChannel::close() {
-  attempt([this] {
-    if (port_.isOpen()) port_.close();
-  });
+void SerialChannel::endRegister() {
+  attempt([this] { closeIfOpen(); });
 }
 
-// A port call that fails leaves the reply as it was.
-bool SerialChannel::query(std::string_view command, std::string& reply) {
-  return attempt([&] { reply = writePort(framed(command)); });
+// The windows are served behind each command: a line that is silent must not hold them for longer than one
+// reply.
+void SerialChannel::query(std::string_view framedCommand, std::string& reply) {
+  try {
+    reply = writePort(framedCommand);
+    linkFault.clear();
+  } catch (const RuntimeError& error) {
+    if (linkFault.empty()) linkFault = gone(error);
+  }
+  host().yield();
 }

@@ -4,24 +4,45 @@
 
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "protocol/Encoders.h"
 
+// What is peculiar to a row. Anything else is read and written as it stands.
+enum class StepRule {
+  plain,
+  firstContact,  // a dead line shows before the bar has moved
+  askedScale,    // without a scale there is no offset; the user is asked whether to go on without both
+  quietScale,    // the same, and nobody is asked
+  offset,        // goes with the scale above it
+  busFormat,     // left alone unless the user wants the bus changed
+  busAddress,    // the same, and only on a bus that has addresses
+  barOnly,       // no register: moves the bar
+};
+
 struct RegisterStep {
-  int step;  // 0 to 30; two rows of one step belong together
-  const char* reg;
-  int percent;  // the bar after this row; unchanged: it stays
+  int step;         // 0 to 30; two rows of one step belong together
+  const char* reg;  // two hexadecimal digits; empty: none
+  int percent;      // the bar after this row; unchanged: it stays
+  StepRule rule;
   Encoded (*encode)();
   std::string (*decode)(const std::string& reply);
-  bool onRkw77;  // whether a read asks a unit of the Rkw77 line for it
+  bool onRkw77;      // whether a read asks a unit of the Rkw77 line for it
+  const char* name;  // what a technician calls it
   const char* writeLabel;
   const char* readLabel;
+  const char* networkWriteLabel = nullptr;  // where the network spells it in its own way
+  const char* networkReadLabel = nullptr;
 };
 
 inline constexpr int unchanged = -1;
-inline constexpr int lastStep = 30;
-inline constexpr int pauseStep = 24;  // has no register and only moves the bar
-inline constexpr int pauseStepPercent = 81;
 
-// The rows of one step, none for the pause step.
-std::span<const RegisterStep> rowsOf(int step);
+// All rows, in order.
+std::span<const RegisterStep> registerSteps();
+// The steps, each as its one or two rows.
+std::span<const std::span<const RegisterStep>> stepGroups();
+// The row of a register; null where there is none.
+const RegisterStep* stepOf(std::string_view reg);
+
+const char* writeLabelOf(const RegisterStep& row, bool overNetwork);
+const char* readLabelOf(const RegisterStep& row, bool overNetwork);

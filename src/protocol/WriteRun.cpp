@@ -1,141 +1,196 @@
 // SPDX-License-Identifier: MIT
-// The write run: every register of the unit, one step after the other, from the working image.
+// The write run.
+#include "protocol/WriteRun.h"
+
 #include "core/Global.h"
 #include "core/Memo.h"
 #include "core/Model.h"
-#include "editor/frmBigFolder.h"
 #include "platform/Host.h"
-#include "protocol/RunBody.h"
+#include "protocol/Channel.h"
 #include "protocol/Steps.h"
 #include "protocol/Waits.h"
-#include "protocol/frmSerial.h"
 
 namespace {
 
 constexpr const char* dividedByZero = "Divide by zero";
+constexpr const char* success = "Success";
 
-enum : int { inputTypeStep = 0, readingScaleStep = 4, analogOutputStep = 27, busSettingsStep = 30 };
+using Rows = std::span<const RegisterStep>;
 
-void tellWiringProblem() { messageBox("A communications connection/wiring problem seems to exist"); }
+// One walk over the steps. Its operations end the run where they return false.
+class WriteWalk {
+ public:
+  WriteWalk(Run& run, Channel& channel) : run_(run), channel_(channel) {}
 
-bool skipsReadingOffset() {
-  return messageBox(
-             "Divide by Zero Error!\rIn1 and In2 in Reading Scale & Offset cannot be of\rthe same value."
-             "Skip Reading Offset and continue?",
-             "Set-Up Error(s)...", Icon::critical, Buttons::yesNo) == Answer::yes;
-}
+  void walk();
 
-}  // namespace
+ private:
+  bool take(Rows rows);
+  bool makeContact(const RegisterStep& row);
+  bool writeLine(Rows rows);
+  bool goesOnWithoutLine();
+  void writeBusSettings(Rows rows);
+  void writeRow(const RegisterStep& row);
+  std::string send(const RegisterStep& row);
+  Encoded encode(const RegisterStep& row);
+  void note(const RegisterStep& row, const Encoded& encoded, const std::string& result);
+  void noteUntried(const RegisterStep& row, const std::string& reason);
+  void moveBar(const RegisterStep& row);
+  bool wiringFault() const { return channel_.rules().heedsWiring && channel_.wiringProblem != False; }
+  bool endAtWiringFault();
 
-void frmSerial::WriteConfigurationToDevice() { writeConfiguration(serialBody); }
+  Run& run_;
+  Channel& channel_;
+};
 
-void frmSerial::writeConfiguration(const RunBody& body) {
-  body_ = &body;
-  if (body.heedsWiring) channel.wiringProblem = False;
-  for (int step = 0; step <= lastStep; ++step) {
-    body.registerMask(*this) = 0;
-    if (!writeStep(step)) return;
+void WriteWalk::walk() {
+  if (channel_.rules().heedsWiring) channel_.wiringProblem = False;
+  for (const Rows& rows : stepGroups()) {
+    channel_.registerMask = 0;
+    if (!take(rows)) return;
     host().yield();
     if (wiringFault()) {
-      tellWiringProblem();
+      endAtWiringFault();
       return;
     }
-    if (Global.CancelFlag != False) return;
+    if (Global.CancelFlag != False) {
+      run_.outcome.end = RunEnd::cancelled;
+      return;
+    }
   }
 }
 
-bool frmSerial::wiringFault() const { return body_->heedsWiring && channel.wiringProblem != False; }
-
-// False ends the run.
-bool frmSerial::writeStep(int step) {
-  switch (step) {
-    case inputTypeStep:
-      return writeInputType();
-    case readingScaleStep:
-      return writeReadingScale();
-    case pauseStep:
-      moveBar(pauseStepPercent);
+bool WriteWalk::take(Rows rows) {
+  switch (rows.front().rule) {
+    case StepRule::firstContact:
+      return makeContact(rows.front());
+    case StepRule::askedScale:
+    case StepRule::quietScale:
+      return writeLine(rows);
+    case StepRule::busFormat:
+      writeBusSettings(rows);
       return true;
-    case analogOutputStep:
-      writeAnalogOutput();
-      return true;
-    case busSettingsStep:
-      writeBusSettings();
+    case StepRule::barOnly:
+      moveBar(rows.front());
       return true;
     default:
-      writeRow(rowsOf(step).front());
+      writeRow(rows.front());
       return true;
   }
 }
 
 // A dead line shows at 3 percent and not at 6.
-bool frmSerial::writeInputType() {
-  const RegisterStep& row = rowsOf(inputTypeStep).front();
-  upStat(true, sendRow(row));
-  if (wiringFault()) {
-    tellWiringProblem();
-    return false;
-  }
-  moveBar(row.percent);
+bool WriteWalk::makeContact(const RegisterStep& row) {
+  run_.view.upStat(true, send(row));
+  if (wiringFault()) return endAtWiringFault();
+  moveBar(row);
   return true;
 }
 
-// Without a scale there is no offset; the user may go on without both.
-bool frmSerial::writeReadingScale() {
-  const auto rows = rowsOf(readingScaleStep);
-  const std::string outcome = sendRow(rows[0]);
-  moveBar(rows[0].percent);
-  if (outcome != dividedByZero) {
-    upStat(true, outcome);
-    pause(0);
-    writeRow(rows[1]);
-    return true;
-  }
-  upStat(true, "Reading Scale and Offset error");
-  if (skipsReadingOffset()) return true;
-  form<frmBigFolder>().tabBig.setTab(tab::reading);
-  hide();
+bool WriteWalk::endAtWiringFault() {
+  run_.outcome.end = RunEnd::wiring;
+  run_.view.box("A communications connection/wiring problem seems to exist");
   return false;
 }
 
-// Unlike the reading scale, an impossible one passes in silence.
-void frmSerial::writeAnalogOutput() {
-  const auto rows = rowsOf(analogOutputStep);
-  const std::string outcome = sendRow(rows[0]);
-  moveBar(rows[0].percent);
-  if (outcome == dividedByZero) return;
-  upStat(true, outcome);
+// Without a scale there is no offset. An impossible scale of the analog output passes in silence.
+bool WriteWalk::writeLine(Rows rows) {
+  const std::string result = send(rows[0]);
+  moveBar(rows[0]);
+  if (result == dividedByZero) {
+    noteUntried(rows[1], "its scale could not be worked out");
+    return rows[0].rule == StepRule::quietScale || goesOnWithoutLine();
+  }
+  run_.view.upStat(true, result);
   pause(0);
   writeRow(rows[1]);
+  return true;
 }
 
-void frmSerial::writeBusSettings() {
-  const auto rows = rowsOf(busSettingsStep);
+bool WriteWalk::goesOnWithoutLine() {
+  run_.view.upStat(true, "Reading Scale and Offset error");
+  const Answer answer = run_.view.box(
+      "Divide by Zero Error!\rIn1 and In2 in Reading Scale & Offset cannot be of\rthe same value."
+      "Skip Reading Offset and continue?",
+      "Set-Up Error(s)...", Icon::critical, Buttons::yesNo);
+  if (answer == Answer::yes) return true;
+  run_.outcome.end = RunEnd::setupFault;
+  run_.view.returnToReadingTab();
+  return false;
+}
+
+void WriteWalk::writeBusSettings(Rows rows) {
   if (Memo[rec::optNoChange].flag != False) {
-    upStat(false, std::string(rows[0].writeLabel) + "\r");
+    run_.view.upStat(false, std::string(rows[0].writeLabel) + "\r");
     return;
   }
   writeRow(rows[0]);
   if (Memo[rec::optRS485].flag != False) writeRow(rows[1]);
 }
 
-void frmSerial::writeRow(const RegisterStep& row) {
-  upStat(true, sendRow(row));
-  moveBar(row.percent);
+void WriteWalk::writeRow(const RegisterStep& row) {
+  run_.view.upStat(true, send(row));
+  moveBar(row);
 }
 
-// Label, payload and traffic of one register; the outcome is left to the caller.
-std::string frmSerial::sendRow(const RegisterStep& row) {
-  upStat(false, body_->writeLabel(row) + "\r");
-  const Encoded encoded = row.encode();
-  body_->registerMask(*this) = encoded.mask;
+// Label, payload and traffic of one register; the result is left to the caller.
+std::string WriteWalk::send(const RegisterStep& row) {
+  run_.view.upStat(false, std::string(writeLabelOf(row, channel_.rules().networkLabels)) + "\r");
+  const Encoded encoded = encode(row);
+  channel_.registerMask = encoded.mask;
   if (encoded.notice != nullptr) {
-    messageBox(encoded.notice->text, encoded.notice->title,
-               encoded.notice->critical ? Icon::critical : Icon::none);
+    run_.view.box(encoded.notice->text, encoded.notice->title,
+                  encoded.notice->critical ? Icon::critical : Icon::none);
   }
-  return (this->*body_->writeRegister)(row.reg, encoded.payload);
+  const std::string result = writeRegister(run_, channel_, row.reg, encoded.payload);
+  note(row, encoded, result);
+  return result;
 }
 
-void frmSerial::moveBar(int percent) {
-  if (percent != unchanged) upProg(static_cast<std::int16_t>(percent));
+// A number that no register holds ends the run here.
+Encoded WriteWalk::encode(const RegisterStep& row) {
+  try {
+    return row.encode();
+  } catch (const RuntimeError& error) {
+    run_.outcome.end = RunEnd::setupFault;
+    noteUntried(row, std::string("its value can't be sent: ") + error.what());
+    throw;
+  }
+}
+
+void WriteWalk::note(const RegisterStep& row, const Encoded& encoded, const std::string& result) {
+  RegisterOutcome outcome{.reg = row.reg, .name = row.name, .wanted = encoded.payload};
+  const bool refused = encoded.payload.starts_with('!');
+  if (!refused && encoded.mask != 0) {
+    const RegisterTrace& trace = channel_.trace();
+    outcome.before = trace.before;
+    outcome.sent = trace.sent;
+    outcome.after = trace.after;
+    outcome.reason = trace.reason;
+    outcome.verdict = result != success    ? Verdict::failed
+                      : trace.sent.empty() ? Verdict::same
+                                           : Verdict::written;
+  } else if (refused) {
+    outcome.verdict = Verdict::failed;
+    outcome.reason = result;
+  }
+  run_.outcome.registers.push_back(outcome);
+}
+
+void WriteWalk::noteUntried(const RegisterStep& row, const std::string& reason) {
+  run_.outcome.registers.push_back(
+      {.reg = row.reg, .name = row.name, .verdict = Verdict::failed, .reason = reason});
+}
+
+void WriteWalk::moveBar(const RegisterStep& row) {
+  if (row.percent != unchanged) run_.view.upProg(static_cast<std::int16_t>(row.percent));
+}
+
+}  // namespace
+
+void writeConfiguration(Run& run, Channel& channel) { WriteWalk(run, channel).walk(); }
+
+std::string writeRegister(Run& run, Channel& channel, std::string_view reg, const std::string& value) {
+  run.view.upStat(true, value + "\r");
+  return value.starts_with('!') ? value.substr(1) : channel.changeRegister(reg, value);
 }

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The communications status window: narrative, Cancel, and what a showing does.
+// The communications status window: what a showing does, and Cancel.
 #include "protocol/frmSerial.h"
-
-#include <algorithm>
 
 #include "core/Global.h"
 #include "core/Memo.h"
@@ -10,19 +8,22 @@
 #include "core/NumberText.h"
 #include "dialogs/frmHardware.h"
 #include "editor/frmBigFolder.h"
+#include "network/NetworkAccess.h"
 #include "network/NetworkChannel.h"
+#include "network/NetworkRuns.h"
+#include "network/NetworkTest.h"
 #include "platform/Host.h"
+#include "protocol/Probe.h"
 #include "protocol/Waits.h"
+#include "protocol/WriteRun.h"
 #include "reading/DeviceDetection.h"
+#include "reading/MeterType.h"
+#include "reading/PortSearch.h"
+#include "reading/ReadRun.h"
 
 namespace {
 
 constexpr float lastLook = 1.0F;  // seconds that the end of a run stays on the screen
-
-std::string onOneLine(std::string text) {
-  std::ranges::replace(text, '\r', ' ');
-  return text;
-}
 
 }  // namespace
 
@@ -60,6 +61,7 @@ void frmSerial::Form_Activate() {
   }
   lstNarrative.clear();
   showTarget();
+  beginOutcome(thisWay(), lblTarget.caption());
   const bool serial = Memo[rec::optCommunicationMode].flag != False;
   if (serial && !serialPath()) return;
   if (!serial) networkPath();
@@ -79,6 +81,7 @@ bool frmSerial::serialPath() {
   std::int16_t mode = 4;
   attempt([&] { found = comOK(mode); });
   if (!found.empty()) {
+    run.outcome.end = RunEnd::noUnit;
     hide();
     host().beep();
     messageBox(
@@ -97,11 +100,6 @@ bool frmSerial::serialPath() {
   takeUnitAddress();
   finish("Done\r");
   return true;
-}
-
-// What is on the main window enters the working image before any run.
-void frmSerial::commitTabs() {
-  form<frmBigFolder>().commitForRun([] { host().yield(); });
 }
 
 void frmSerial::runOverSerial() {
@@ -141,8 +139,11 @@ void frmSerial::resetWhenWanted(const Handler& reset) {
   upProg(97);
 }
 
+// The next command has to reach the unit where it is: only what was sent to it, or read from it, counts.
 void frmSerial::takeUnitAddress() {
-  if (Memo[rec::optRS485].flag == False) return;
+  constexpr const char* busAddress = "21";
+  const bool known = run.reading ? run.outcome.understood(busAddress) : run.outcome.settled(busAddress);
+  if (Memo[rec::optRS485].flag == False || !known) return;
   attempt([] { Hardware.BusAddress = toInt16(Val(Memo[rec::txtRS485Address].text)); });
   attempt([] { form<frmHardware>().txtAddress.setText(Memo[rec::txtRS485Address].text); });
 }
@@ -179,29 +180,10 @@ void frmSerial::cmdCancel_Click() {
   if (answer == Answer::yes) Global.CancelFlag = True;
 }
 
-void frmSerial::upStat(bool append, std::string_view text) {
-  const bool sameLine = append && lstNarrative.listCount() > 0;
-  lblStatus.setCaption(append ? lblStatus.caption() + std::string(text) : std::string(text));
-  const std::string line = onOneLine(lblStatus.caption());
-  if (sameLine) {
-    lstNarrative.setItem(lstNarrative.listCount() - 1, line);
-  } else {
-    lstNarrative.addItem(line);
-    lstNarrative.setListIndex(lstNarrative.listCount() - 1);
-  }
-  lblStatus.refresh();
-}
-
-void frmSerial::upProg(std::int16_t percent) {
-  lblProgress.setValue(percent * fullBar / 100);
-  lblPercent.setCaption(numberText(std::int32_t{percent}) + "%");
-}
-
 void frmSerial::showTarget() {
   const bool serial = Memo[rec::optCommunicationMode].flag != False;
   lblTarget.setToolTip("");
-  std::string target =
-      serial ? serialTarget() : Memo[rec::txtTCPIPAddress].text + ", port " + Memo[rec::txtTCPPort].text;
+  std::string target = serial ? serialTarget() : networkTarget();
   if (!isUnaddressed()) target += ", address " + numberText(std::int32_t{Hardware.BusAddress});
   lblTarget.setCaption(target);
 }
@@ -212,20 +194,47 @@ std::string frmSerial::serialTarget() {
   return "COM " + numberText(std::int32_t{MSComm1->commPort}) + ", " + MSComm1->settings;
 }
 
-std::string frmSerial::ReadSerial(std::string_view reg) { return channel.ReadSet(reg); }
+std::string frmSerial::networkTarget() const {
+  return Memo[rec::txtTCPIPAddress].text + ", port " + Memo[rec::txtTCPPort].text;
+}
+
+Run& frmSerial::thisWay() {
+  run.reading = readMode != False;
+  return run;
+}
 
 std::string frmSerial::writeSerial(std::string_view reg, const std::string& value) {
-  return showPayload(value) ? channel.writeSet(reg, value) : value.substr(1);
+  return writeRegister(run, channel, reg, value);
 }
 
 std::string frmSerial::NetworkReadSerial(std::string_view reg) { return network->NetworkReadSet(reg); }
 
 std::string frmSerial::NetworkWriteSerial(std::string_view reg, const std::string& value) {
-  return showPayload(value) ? network->NetworkWriteSet(reg, value) : value.substr(1);
+  return writeRegister(run, *network, reg, value);
 }
 
-// False: a message of the encoder's in place of a value, not to be sent.
-bool frmSerial::showPayload(const std::string& value) {
-  upStat(true, value + "\r");
-  return !value.starts_with('!');
+std::string frmSerial::comOK(std::int16_t& mode) { return ::comOK(thisWay(), channel, mode); }
+
+void frmSerial::ComCheckForMeterType(std::int16_t& type) { ::ComCheckForMeterType(run, channel, type); }
+
+void frmSerial::TcpCheckForMeterType(std::int16_t& type) { ::TcpCheckForMeterType(run, *network, type); }
+
+void frmSerial::SerialTestConnect() { ::SerialTestConnect(thisWay(), channel); }
+
+void frmSerial::NetworkTestConnect() { ::NetworkTestConnect(thisWay(), *network); }
+
+std::int16_t frmSerial::CheckForConnectedDevice() { return ::CheckForConnectedDevice(run, *network); }
+
+std::int16_t frmSerial::NetworkFullConnect() { return ::NetworkFullConnect(thisWay(), *network, *detection); }
+
+bool frmSerial::NetworkCommunicationOK(bool reset) {
+  return ::NetworkCommunicationOK(thisWay(), *network, *detection, reset);
 }
+
+void frmSerial::WriteConfigurationToDevice() { writeConfiguration(run, channel); }
+
+void frmSerial::ReadConfigurationFromDevice() { readConfiguration(run, channel); }
+
+void frmSerial::NetworkWriteToDevice() { ::NetworkWriteToDevice(run, *network); }
+
+void frmSerial::NetworkReadFromDevice() { ::NetworkReadFromDevice(run, *network); }

@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
-// The communications status window: the engine of every run, and the dialog that the user watches meanwhile.
+// The communications status window: it starts the runs, and is what the user watches meanwhile.
 //
 // Nobody calls a method to start a run: the caller sets `readMode` and the flags in Global and shows the
 // window modally; Form_Activate does the rest.
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,13 +14,12 @@
 #include "platform/SerialPort.h"
 #include "platform/Socket.h"
 #include "protocol/SerialChannel.h"
+#include "runs/Run.h"
 
 class DeviceDetection;
 class NetworkChannel;
-struct RegisterStep;
-struct RunBody;
 
-class frmSerial : public Form {
+class frmSerial : public Form, public RunView {
  public:
   frmSerial();
   ~frmSerial() override;
@@ -42,9 +39,8 @@ class frmSerial : public Form {
   CommandButton cmdCancel{*this, "cmdCancel", "Cancel"};
 
   // What a showing does.
-  std::int16_t readMode = 0;       // a read run rather than a write run; written by the choosers
-  std::int16_t windowActive = 0;   // between activation and deactivation
-  std::int16_t revisionClass = 0;  // written by comOK and the type check, read by the wizard
+  std::int16_t readMode = 0;      // a read run rather than a write run; written by the choosers
+  std::int16_t windowActive = 0;  // between activation and deactivation
 
   const std::unique_ptr<SerialPort> MSComm1;
   SerialChannel channel;
@@ -52,41 +48,48 @@ class frmSerial : public Form {
   const std::unique_ptr<NetworkChannel> network;
   const std::unique_ptr<DeviceDetection> detection;
 
-  // Narrative.
-  void upStat(bool append, std::string_view text);
-  void upProg(std::int16_t percent);
+  Run run{*this};                                   // the present run, or the last
+  std::int16_t& revisionClass = run.revisionClass;  // read by the wizard
 
-  // The channel, as the runs use it.
-  std::string ReadSerial(std::string_view reg);
-  // Shows the value; a value that begins with "!" is a message and becomes the result without the "!".
+  // What a run shows and asks: frmSerialView.cpp.
+  void upStat(bool append, std::string_view text) override;
+  void upProg(std::int16_t percent) override;
+  Answer box(std::string_view text, std::string_view title, Icon icon, Buttons buttons) override;
+  void offerCancel() override;
+  void notice(std::string_view text) override;
+  void commitTabs() override;
+  void showTabs() override;
+  void takeAnalogOutputAway() override;
+  void returnToReadingTab() override;
+  void wizardLooks(std::string_view text) override;
+  void wizardProgress(int value) override;
+  void wizardSays(std::string_view text) override;
+  void wizardAdds(std::string_view text) override;
+  void wizardFinishes(bool found) override;
+  void wizardStops() override;
+  void useFactoryLine() override;
+  void choosePort(int port) override;
+  void chooseBridgePort(int port) override;
+
+  // The channels and the runs, by the names under which the windows know them. What each does stands with its
+  // run: protocol/SerialChannel.h, network/NetworkChannel.h and protocol/Probe.h to network/NetworkTest.h.
+  std::string writePort(std::string_view command) { return channel.writePort(command); }
+  std::string ReadSet(std::string_view reg) { return channel.ReadSet(reg); }
+  std::string writeSet(std::string_view reg, const std::string& value) {
+    return channel.writeSet(reg, value);
+  }
+  std::string ReadSerial(std::string_view reg) { return ReadSet(reg); }
   std::string writeSerial(std::string_view reg, const std::string& value);
   std::string NetworkReadSerial(std::string_view reg);
   std::string NetworkWriteSerial(std::string_view reg, const std::string& value);
-
-  // The probe: Probe.cpp. Is there a unit that can be configured? Mode 0 and 4 probe ("" found, "ng" not),
-  // mode 1 resets the unit.
   std::string comOK(std::int16_t& mode);
-  // MeterType.cpp of reading. What unit it is: -1 none that can be used, 0 the Rkw77 line, 1 to 5 TMP, PRC,
-  // STR, GR2, RHT, 6 any other.
   void ComCheckForMeterType(std::int16_t& type);
   void TcpCheckForMeterType(std::int16_t& type);
-
-  // The wizard's tests, over the serial ports (PortSearch.cpp) and over the bridge (NetworkTest.cpp). They
-  // leave their verdicts in the wizard.
   void SerialTestConnect();
   void NetworkTestConnect();
-  // Does a unit answer behind the bridge? 1 yes, -1 the bridge's own prompt does, -2 the line echoes; -43,
-  // -46 and -50 are the unit's own errors, 0 is anything else.
   std::int16_t CheckForConnectedDevice();
-
-  // The bridge: NetworkRuns.cpp and NetworkAccess.cpp. Connects and runs the whole job; 0 the run took place,
-  // or its second look at the unit found it gone; -1 no bridge, -2 no unit that can be configured.
   std::int16_t NetworkFullConnect();
-  // Is there a unit of the family that was chosen, or, with `reset`, was it reset?
   bool NetworkCommunicationOK(bool reset);
-
-  // The runs, over either body: WriteRun.cpp and ReadRun.cpp. Errors in an encoder or decoder end them where
-  // they are.
   void WriteConfigurationToDevice();
   void ReadConfigurationFromDevice();
   void NetworkWriteToDevice();
@@ -101,63 +104,15 @@ class frmSerial : public Form {
  private:
   static constexpr int fullBar = 4095;
 
+  Run& thisWay();  // the run, in the direction that readMode tells
   bool serialPath();
   void networkPath();
   void runOverSerial();
-  void runOverNetwork();
-  void commitTabs();
   void resetWhenWanted(const Handler& reset);
   void takeUnitAddress();
   void finish(std::string_view lastWords);
   void cmdCancel_Click();
   void showTarget();
   std::string serialTarget();
-  bool showPayload(const std::string& value);
-
-  void probe(std::string& result);
-  bool screenShape(const std::string& reply);
-  void judgeContent(const std::string& reply, int& stage);
-  std::string askVersion(int& stage);
-  void judgeVersion();
-  void announce(std::int16_t type, const std::string& lastReply);
-  void publish(int stage);
-  void shortCommand(std::int16_t mode);
-  std::string ask(std::string_view command);
-  // Sends a command of the type check and returns the reply without a carriage return; `settles`: the unit
-  // needs a rest after it.
-  using TypeQuery = std::function<std::string(const std::string& command, bool settles)>;
-  void checkMeterType(std::int16_t& type, const TypeQuery& query);
-  void checkBusSettings(std::int16_t& type, const std::string& reply);
-
-  bool findsUnitOn(int port, int progress);
-  std::optional<int> scanPorts(int except, int progress);
-  bool findsUnitBehindBridge();
-  bool connectsToBridge();
-  void prepareSecondTry(bool onTerminalServerPort);
-  void tellWhatAnswered(std::int16_t code);
-  void stopAtEcho();
-  bool hearsVersion(std::string& lastReply);
-  bool knowsModel(const std::string& lastReply);
-  void tellReplacedPort() const;
-
-  bool resetOverNetwork();
-  std::int32_t detectFamily();
-
-  void writeConfiguration(const RunBody& body);
-  void readConfiguration(const RunBody& body);
-  bool wiringFault() const;
-  bool givesUp(int& failedSteps);
-  void readStep(int step);
-  void showOnTabs();
-  bool writeStep(int step);
-  bool writeInputType();
-  bool writeReadingScale();
-  void writeAnalogOutput();
-  void writeBusSettings();
-  void writeRow(const RegisterStep& row);
-  std::string sendRow(const RegisterStep& row);
-  void readRow(const RegisterStep& row);
-  void moveBar(int percent);
-
-  const RunBody* body_ = nullptr;  // of the present run
+  std::string networkTarget() const;
 };

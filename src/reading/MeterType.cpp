@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
-// Finding out what a unit is, from the end of one reply and the length of another. The serial line rests
-// after a command, the bridge before each.
-#include "core/Global.h"
+// Finding out what a unit is.
+#include "reading/MeterType.h"
+
+#include <functional>
+
 #include "core/Model.h"
 #include "core/NumberText.h"
 #include "network/NetworkChannel.h"
 #include "platform/Host.h"
+#include "protocol/SerialChannel.h"
 #include "protocol/Waits.h"
-#include "protocol/frmSerial.h"
 
 namespace {
 
@@ -35,48 +37,9 @@ std::int16_t typeByLength(std::size_t length) {
   return length > 12 ? none : rkw77Line;
 }
 
-}  // namespace
-
-void frmSerial::ComCheckForMeterType(std::int16_t& type) {
-  checkMeterType(type, [this](const std::string& command, bool settles) {
-    std::string reply = withoutReturn(channel.writePort(command));
-    if (settles) Delay(settle);
-    return reply;
-  });
-}
-
-void frmSerial::TcpCheckForMeterType(std::int16_t& type) {
-  checkMeterType(type, [this](const std::string& command, bool) {
-    Delay(settle);
-    return network->NetworkWritePort(command);
-  });
-}
-
-void frmSerial::checkMeterType(std::int16_t& type, const TypeQuery& query) {
-  type = none;
-  const std::string reply = query(framed("U04"), false);
-  publish(5);
-  for (const auto& [ending, code] : typeCodes) {
-    if (reply.ends_with(ending)) type = code;
-  }
-  if (type == 4) DeviceState.IsGr2 = 1;
-  if (type == 5) DeviceState.IsHyt = 1;
-  if (type == none) {
-    type = anyOther;
-    const std::string colours = query(framed("R11"), true);
-    publish(6);
-    type = typeByLength(colours.size());
-  } else {
-    // The command goes without "*": it is meant for units whose recognition character may be another.
-    const std::string settings = query("^AE" + addressPart(), true);
-    publish(7);
-    checkBusSettings(type, settings);
-  }
-}
-
-void frmSerial::checkBusSettings(std::int16_t& type, const std::string& reply) {
+void checkBusSettings(Run& run, std::int16_t& type, const std::string& reply) {
   if (!reply.starts_with("2A")) {
-    messageBox(
+    run.view.box(
         "Meter must be set with  \"*\" Recognition Character.  The configuraiton program will not be able to "
         "configure the meter.");
   } else if (reply.size() < 7) {
@@ -85,7 +48,56 @@ void frmSerial::checkBusSettings(std::int16_t& type, const std::string& reply) {
     const std::string flags = reply.substr(2, 2);
     if ((hexValue(reply.substr(4, 1)) & 8) != 0) DeviceState.AnalogFound = True;
     if (flags == "CC") DeviceState.IdFlagC = 1;
-    if (flags.starts_with('S')) revisionClass = 2;
+    if (flags.starts_with('S')) run.revisionClass = 2;
     if (flags == "EE" || flags == "FF") DeviceState.IdFlagE = 1;
   }
+}
+
+// Sends a command and returns the reply without a carriage return; `settles`: the unit needs a rest after it.
+using TypeQuery = std::function<std::string(const std::string& command, bool settles)>;
+
+// A unit that says what it is isn't of the Rkw77 line, whatever was there before it.
+void takeType(std::int16_t type) {
+  DeviceState.IsRkw77 = False;
+  if (type == 4) DeviceState.IsGr2 = 1;
+  if (type == 5) DeviceState.IsHyt = 1;
+}
+
+void checkMeterType(Run& run, std::int16_t& type, const TypeQuery& query) {
+  type = none;
+  const std::string reply = query(framed("U04"), false);
+  publish(run, 5);
+  for (const auto& [ending, code] : typeCodes) {
+    if (reply.ends_with(ending)) type = code;
+  }
+  if (type == none) {
+    type = anyOther;
+    const std::string colours = query(framed("R11"), true);
+    publish(run, 6);
+    type = typeByLength(colours.size());
+  } else {
+    takeType(type);
+    // The command goes without "*": it is meant for units whose recognition character may be another.
+    const std::string settings = query("^AE" + addressPart(), true);
+    publish(run, 7);
+    checkBusSettings(run, type, settings);
+  }
+}
+
+}  // namespace
+
+void ComCheckForMeterType(Run& run, SerialChannel& channel, std::int16_t& type) {
+  checkMeterType(run, type, [&channel](const std::string& command, bool settles) {
+    std::string reply = withoutReturn(channel.writePort(command));
+    host().yield();
+    if (settles) Delay(settle);
+    return reply;
+  });
+}
+
+void TcpCheckForMeterType(Run& run, NetworkChannel& channel, std::int16_t& type) {
+  checkMeterType(run, type, [&channel](const std::string& command, bool) {
+    Delay(settle);
+    return channel.NetworkWritePort(command);
+  });
 }

@@ -1,74 +1,92 @@
 // SPDX-License-Identifier: MIT
-// The read run: every register of the unit into the working image, and that onto the tabs.
+// The read run.
+#include "reading/ReadRun.h"
+
 #include "core/Global.h"
 #include "core/Model.h"
-#include "editor/frmBigFolder.h"
 #include "platform/Host.h"
-#include "protocol/RunBody.h"
+#include "protocol/Channel.h"
 #include "protocol/Steps.h"
 #include "protocol/Waits.h"
-#include "protocol/frmSerial.h"
 #include "reading/Decoders.h"
 
 namespace {
 
+using Rows = std::span<const RegisterStep>;
+
 bool isRead(const RegisterStep& row) { return row.onRkw77 || DeviceState.IsRkw77 == False; }
 
-// The Rkw77 line has no analog output to enable: its alarm 2 register takes the choice off the window.
-void takeAnalogOutputAway() {
-  auto& editor = form<frmBigFolder>();
-  editor.chkAnalogOutputEnabled.setEnabled(false);
-  editor.chkAnalogOutputEnabled.setValue(0);
+void note(Run& run, const RegisterStep& row, const Channel& channel, const std::string& result) {
+  const bool failed = result == "Fail";
+  const RegisterTrace& trace = channel.trace();
+  const std::string reason = trace.reason.empty() ? "not understood" : trace.reason;
+  run.outcome.registers.push_back({.reg = row.reg,
+                                   .name = row.name,
+                                   .verdict = failed ? Verdict::failed : Verdict::read,
+                                   .reason = failed ? reason : "",
+                                   .before = trace.before,
+                                   .after = trace.before});
 }
 
-}  // namespace
-
-void frmSerial::ReadConfigurationFromDevice() { readConfiguration(serialBody); }
-
-void frmSerial::readConfiguration(const RunBody& body) {
-  body_ = &body;
-  if (body.heedsWiring) channel.wiringProblem = False;
-  int failedSteps = 0;
-  for (int step = 0; step <= lastStep; ++step) {
-    body.registerMask(*this) = 0;
-    readStep(step);
-    host().yield();
-    if (Global.CancelFlag != False || givesUp(failedSteps)) break;
+// A reply that makes no sense at all ends the read here.
+std::string decoded(Run& run, Channel& channel, const RegisterStep& row) {
+  const std::string reply = channel.readRegister(row.reg);
+  try {
+    return row.decode(reply);
+  } catch (const RuntimeError&) {
+    run.outcome.end = RunEnd::replyFault;
+    note(run, row, channel, "Fail");
+    throw;
   }
-  showOnTabs();
 }
 
-void frmSerial::readStep(int step) {
-  const auto rows = rowsOf(step);
+void readRow(Run& run, Channel& channel, const RegisterStep& row) {
+  if (row.rule != StepRule::barOnly && isRead(row)) {
+    run.view.upStat(false, std::string(readLabelOf(row, channel.rules().networkLabels)) + "\r");
+    const std::string result = decoded(run, channel, row);
+    // The Rkw77 line has no analog output to enable: its alarm 2 register takes the choice off the window.
+    if (row.decode == parseAl2Cnfg && result != "Fail" && DeviceState.IsRkw77 != False) {
+      run.view.takeAnalogOutputAway();
+    }
+    note(run, row, channel, result);
+    run.view.upStat(true, result);
+  }
+  if (row.percent != unchanged) run.view.upProg(static_cast<std::int16_t>(row.percent));
+}
+
+void readStep(Run& run, Channel& channel, Rows rows) {
   for (const RegisterStep& row : rows) {
-    if (&row != rows.data() && body_->restsWithinSteps) pause(0);
-    readRow(row);
+    if (&row != rows.data() && channel.rules().restsWithinSteps) pause(0);
+    readRow(run, channel, row);
   }
-  if (step == pauseStep) moveBar(pauseStepPercent);
-  if (step == 0 && wiringFault()) {
-    messageBox("A communications connection/wiring problem seems to exist");
+  const bool tellsOfWiring = rows.front().rule == StepRule::firstContact && channel.rules().heedsWiring;
+  if (tellsOfWiring && channel.wiringProblem != False) {
+    run.view.box("A communications connection/wiring problem seems to exist");
   }
 }
 
 // A step counts by its last register alone, and one that read nothing by that of the step before it.
-bool frmSerial::givesUp(int& failedSteps) {
-  if (!body_->lastReadFailed(*this)) return false;
-  if (++failedSteps <= body_->failedStepsBorne) return false;
-  messageBox("TCP Communication with the device has failed.");
+bool givesUp(Run& run, const Channel& channel, int& failedSteps) {
+  if (channel.rules().failedStepsBorne == noLimit || channel.readFailed == False) return false;
+  if (++failedSteps <= channel.rules().failedStepsBorne) return false;
+  run.outcome.end = RunEnd::gaveUp;
+  run.view.box("TCP Communication with the device has failed.");
   return true;
 }
 
-void frmSerial::showOnTabs() {
-  form<frmBigFolder>().showRecords([] { host().yield(); });
-}
+}  // namespace
 
-void frmSerial::readRow(const RegisterStep& row) {
-  if (isRead(row)) {
-    upStat(false, body_->readLabel(row) + "\r");
-    const std::string outcome = row.decode((this->*body_->readRegister)(row.reg));
-    if (row.decode == parseAl2Cnfg && outcome != "Fail" && DeviceState.IsRkw77 != False)
-      takeAnalogOutputAway();
-    upStat(true, outcome);
-  }
-  moveBar(row.percent);
+void readConfiguration(Run& run, Channel& channel) {
+  if (channel.rules().heedsWiring) channel.wiringProblem = False;
+  attempt([&] {
+    int failedSteps = 0;
+    for (const Rows& rows : stepGroups()) {
+      channel.registerMask = 0;
+      readStep(run, channel, rows);
+      host().yield();
+      if (Global.CancelFlag != False) run.outcome.end = RunEnd::cancelled;
+      if (Global.CancelFlag != False || givesUp(run, channel, failedSteps)) return;
+    }
+  });
+  run.view.showTabs();
 }

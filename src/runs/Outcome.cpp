@@ -46,17 +46,18 @@ const char* wordsOf(RunEnd end) {
     case RunEnd::gaveUp:
       return "Given up after too many failures";
     case RunEnd::setupFault:
-      return "Stopped: the setup can't be sent";
+      return "Stopped: a value of the setup can't be sent";
+    case RunEnd::replyFault:
+      return "Stopped by a reply that makes no sense";
   }
   return "";
 }
 
 }  // namespace
 
-bool RunOutcome::sent(const std::string& reg) const {
+bool RunOutcome::settled(const std::string& reg) const {
   const RegisterOutcome* const found = find(*this, reg);
-  return found != nullptr && (found->verdict == Verdict::written || found->verdict == Verdict::same ||
-                              (found->verdict == Verdict::failed && !found->before.empty()));
+  return found != nullptr && (found->verdict == Verdict::same || !found->sent.empty());
 }
 
 bool RunOutcome::understood(const std::string& reg) const {

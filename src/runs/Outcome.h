@@ -17,13 +17,14 @@ enum class Verdict {
 };
 
 struct RegisterOutcome {
-  std::string reg;   // two hexadecimal digits: "01"
-  std::string name;  // what a technician calls it: "Set-Point 1"
+  std::string reg = {};   // two hexadecimal digits: "01"
+  std::string name = {};  // what a technician calls it: "Set-Point 1"
   Verdict verdict = Verdict::skipped;
-  std::string reason;  // of a failure, in plain words: "refused \"?43\"", "no answer"; empty otherwise
-  std::string before;  // payload digits as the unit held them; empty: not known
-  std::string wanted;  // payload digits of the setup; empty in a read
-  std::string after;   // payload digits that the unit holds now; empty: not known
+  std::string reason = {};  // of a failure, in plain words: "refused \"?43\"", "no answer"; empty otherwise
+  std::string before = {};  // payload digits as the unit held them; empty: not known
+  std::string wanted = {};  // payload digits of the setup; empty in a read
+  std::string sent = {};    // payload digits of the write; empty: none went out
+  std::string after = {};   // payload digits that the unit holds now; empty: not known
 };
 
 enum class RunEnd {
@@ -34,19 +35,20 @@ enum class RunEnd {
   otherLine,   // a unit of the other line than the setup's
   wiring,      // the line echoes, or went dead in the middle
   gaveUp,      // too many registers failed in a row of steps
-  setupFault,  // the setup can't be encoded, and the user ended the run
+  setupFault,  // a value of the setup can't be sent
+  replyFault,  // a reply that makes no sense at all
 };
 
 struct RunOutcome {
   bool reading = false;
   RunEnd end = RunEnd::finished;
-  std::string startedAt;       // UTC, ISO 8601: "2026-11-21T21:15:00Z"
-  std::string line;            // "COM 1 9600,o,7,1", or "host:port"
-  std::optional<int> address;  // of an addressed unit, 0 to 199
-  std::string unit;            // what answered, as "Torvane TMP"; empty: not known
-  std::vector<RegisterOutcome> registers;
+  std::string startedAt = {};       // UTC, ISO 8601: "2026-11-21T21:15:00Z"
+  std::string line = {};            // "COM 1 9600,o,7,1", or "host:port"
+  std::optional<int> address = {};  // of an addressed unit, 0 to 199
+  std::string unit = {};            // what answered, as "Torvane TMP"; empty: not known
+  std::vector<RegisterOutcome> registers = {};
 
-  bool sent(const std::string& reg) const;        // a write of it went out, or found it already so
+  bool settled(const std::string& reg) const;     // a write of it went out, or found it already so
   bool understood(const std::string& reg) const;  // it was read and decoded
   std::size_t count(Verdict verdict) const;
   bool passed() const;  // came to its end and nothing failed

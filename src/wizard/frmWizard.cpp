@@ -17,6 +17,25 @@ constexpr int addresses = 200;
 enum : std::int16_t { pointToPoint = 0, onBus = 1 };
 enum : std::int16_t { fullMenu = 0, simpleMenu = 2, simpleMenuNoMore = 3 };  // what revisionClass tells
 
+// What is known of the unit, to be put back.
+class ModelBefore {
+ public:
+  void putBack() const {
+    Hardware.Out1 = out1_;
+    Hardware.Out2 = out2_;
+    DeviceState = state_;
+    BaseModel = baseModel_;
+    Global.FirmwareVersion = version_;
+  }
+
+ private:
+  OutputFit out1_ = Hardware.Out1;
+  OutputFit out2_ = Hardware.Out2;
+  DeviceStateRecord state_ = DeviceState;
+  std::string baseModel_ = BaseModel;
+  std::string version_ = Global.FirmwareVersion;
+};
+
 }  // namespace
 
 frmWizard::frmWizard() : Form("frmWizard", "Connection Wizard") {
@@ -149,9 +168,14 @@ void frmWizard::leaveForTab() {
   hide();
 }
 
+// A run that has found nothing leaves the model record as it was before: looking for a unit forgets the one
+// that was known.
 void frmWizard::search() {
+  const ModelBefore before;
   const std::int16_t revision = run();
-  if (revision == simpleMenu || revision == simpleMenuNoMore) {
+  if (unitFound == False) {
+    before.putBack();
+  } else if (revision == simpleMenu || revision == simpleMenuNoMore) {
     wizardResultMode = revision == simpleMenu ? simpleMenu : fullMenu;
     DeviceState.MenuKind = wizardResultMode;
   }
@@ -159,8 +183,14 @@ void frmWizard::search() {
 }
 
 void frmWizard::test() {
+  const ModelBefore before;
   resetDeviceState();
-  if (run() != 0) wizardResultMode = simpleMenu;
+  const std::int16_t revision = run();
+  if (unitFound == False) {
+    before.putBack();
+  } else if (revision != 0) {
+    wizardResultMode = simpleMenu;
+  }
   if (wizardStopped == False) endRun();
 }
 
@@ -178,7 +208,7 @@ std::int16_t frmWizard::run() {
 }
 
 void frmWizard::endRun() {
-  form<frmBigFolder>().applyDeviceClass();
+  if (unitFound != False) form<frmBigFolder>().applyDeviceClass();
   ::unload<frmHardware>();
   ::unload<frmSerial>();
   showPart(Part::nothing);

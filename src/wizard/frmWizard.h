@@ -10,9 +10,6 @@
 #include "platform/Form.h"
 #include "wizard/WizardPages.h"
 
-// How far the bar of the wizard stands after so many stages of a run; seven fill it.
-constexpr int wizardProgressValue(int stage) { return stage * 14; }
-
 inline constexpr const char* nextCaption = "Next >";
 inline constexpr const char* finishCaption = "Finish";
 
@@ -41,6 +38,7 @@ class frmWizard : public Form {
   std::int16_t wizardActive = 0;      // has been shown
   std::int16_t wizardResultMode = 0;  // 2: the unit found has the simple menu; taken over by the main window
   std::int16_t wizardStopped = 0;     // the line echoes: the test has closed every way but Cancel
+  std::int16_t unitFound = 0;         // a run has found a unit: the main window is to fit it
   std::int16_t WizardManual = 0;      // the user goes on by hand
 
   // Puts wizardPage on show and does what belongs to it; a run is over when this returns.

@@ -41,8 +41,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   chooseUnit(data[0]);
   std::string_view replies(reinterpret_cast<const char*>(data) + 2, size - 2);
   // Replies stand behind each other, one for each row from the chosen step on.
-  for (int step = data[1] % (lastStep + 1); step <= lastStep && !replies.empty(); ++step) {
-    for (const RegisterStep& row : rowsOf(step)) {
+  const auto groups = stepGroups();
+  for (std::size_t step = data[1] % groups.size(); step < groups.size() && !replies.empty(); ++step) {
+    for (const RegisterStep& row : groups[step]) {
+      if (row.rule == StepRule::barOnly) continue;
       const std::string reply(replies.substr(0, replies.find('\r')));
       replies.remove_prefix(std::min(replies.size(), reply.size() + 1));
       attempt([&] { row.decode(reply); });

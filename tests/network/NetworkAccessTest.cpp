@@ -294,13 +294,15 @@ TEST_F(NetworkAccess, TellsAUnitThatIsGoneAtTheSecondLookInANoticeAndEndsLikeARu
   EXPECT_FALSE(isLoaded<frmTimedMessage>());
 }
 
-TEST_F(NetworkAccess, BringsTheAddressUpToDateHoweverTheConnectionEnds) {
+// The next command has to reach the unit where it still is.
+TEST_F(NetworkAccess, LeavesTheAddressWhereNoneWasSent) {
+  const std::int16_t before = Hardware.BusAddress;
   chooseOption(rec::optRS232, 2, 1);
   Memo[rec::txtRS485Address].text = "0042";
   host.bridges.clear();
   host.expectBox(noBridgeMessage);
   runWrite();
-  EXPECT_EQ(Hardware.BusAddress, 42);
+  EXPECT_EQ(Hardware.BusAddress, before);
 }
 
 TEST_F(NetworkAccess, UnloadsTheWindowAtASecondActivationBehindARead) {

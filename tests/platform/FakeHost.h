@@ -64,6 +64,7 @@ class FakeHost : public Host {
   std::string programFolder() override { return "/program"; }
   std::unique_ptr<Printer> choosePrinter(const std::string&) override { return nullptr; }
   std::string today() override { return ""; }
+  std::string utcNow() override { return ""; }
   void showHelp(const std::string& path) override { note("help " + path); }
 
   void fail(const std::string& description) override { failures.push_back(description); }

@@ -95,7 +95,7 @@ TEST_F(WriteWithFaultyReplies, ThrowsAwayAStaleReplyInTheMiddleOfTheRun) {
 // What comes behind a line end reaches into the reply to the next command.
 TEST_F(WriteWithFaultyReplies, VerifiesNothingWhileATailFollowsEveryReply) {
   unit.faults.trailing = "garbage";
-  unit.faults.trailingAfter = 0.0005;
+  unit.faults.trailingAfter = 0.002;
   host.toleratesBoxes = true;
   runWrite();
   EXPECT_TRUE(narrative.has("Configuring Input Type...\r06\rFail"));

@@ -109,7 +109,7 @@ TEST_F(FaultyWrite, TakesAUnitThatFallsSilentBehindItsVersionForOneWithAWiringPr
 }
 
 TEST_F(FaultyWrite, StopsAtTheRegisterBeforeWhichTheUnitFallsSilent) {
-  from("Configuring Set-Point 2...", [](sim::Faults& faults) { faults.silentAfter = 0; });
+  from("Configuring Set-Point 2...\rA001F4\rSuccess", [](sim::Faults& faults) { faults.silentAfter = 0; });
   host.expectBox(wiringMessage);
   runWrite();
   EXPECT_EQ(boxTexts(), Lines{wiringMessage});

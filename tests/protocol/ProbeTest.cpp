@@ -84,8 +84,18 @@ TEST_F(Probe, ForARunKeepsTheModelAndBecomesMode0) {
   std::int16_t mode = 4;
   EXPECT_EQ(window.comOK(mode), "");
   EXPECT_EQ(mode, 0);
-  EXPECT_EQ(DeviceState.IsRkw77, True);
   EXPECT_EQ(Hardware.Out1.Analog, True);
+}
+
+TEST_F(Probe, OfAUnitThatSaysItsTypeTakesItOffTheRkw77Line) {
+  for (const char* type : {"TMP", "PRC", "STR", "GR2", "RHT"}) {
+    startAnew();
+    answerAs(type);
+    DeviceState.IsRkw77 = True;
+    std::int16_t mode = 4;
+    EXPECT_EQ(window.comOK(mode), "");
+    EXPECT_EQ(DeviceState.IsRkw77, False) << type;
+  }
 }
 
 TEST_F(Probe, OfASearchForgetsWhatAnEarlierOneFound) {
@@ -364,8 +374,8 @@ TEST_F(Probe, OfAUnitThatCannotBeConfiguredIsNotOkAndLeavesTheModelAlone) {
     EXPECT_EQ(DeviceState.DeviceClass, 5);
     EXPECT_EQ(BaseModel, "as it was");
     EXPECT_FALSE(port().isOpen());
+    EXPECT_EQ(DeviceState.IsRkw77, asFlag(longColours));
   }
-  EXPECT_EQ(DeviceState.IsRkw77, True);
 }
 
 }  // namespace

@@ -118,8 +118,8 @@ TEST_F(Channel, TakesOneLineFeedAndThenOneCarriageReturnFromTheEnd) {
                            {"R0726\r\n\r\n", "R0726\r\n"},
                            {"R07\r26\r", "R07\r26"},
                            {"\r\nR0726\r\n", "\r\nR0726"},
+                           {"\n\nR0726\r\n", "R0726"},
                            {"\r", ""},
-                           {"\n", ""},
                            {"\r\n", ""}};
   for (const auto& [bytes, reply] : cases)
     EXPECT_EQ(replyTo({{bytes}}), reply) << testing::PrintToString(bytes);
@@ -141,12 +141,69 @@ TEST_F(Channel, LeavesALateLineFeedToTheNextCommandWhichThrowsItAway) {
   EXPECT_EQ(channel.writePort("*R08"), "R0826");
 }
 
-TEST_F(Channel, TakesALineFeedThatComesBehindTheNextCommandForAnEmptyReply) {
+// A unit that ends its lines in both and says them byte by byte.
+TEST_F(Channel, PassesOverALineFeedThatComesBehindTheNextCommand) {
   port.open();
-  port.script = inTurn({"R0726\r"});
+  port.script = inTurn({"R0726\r", "R0842\r"});
   EXPECT_EQ(channel.writePort("*R07"), "R0726");
   port.receive("\n", 0.05);
-  EXPECT_EQ(channel.writePort("*R08"), "");
+  EXPECT_EQ(channel.writePort("*R08"), "R0842");
+}
+
+TEST_F(Channel, TakesALineFeedAloneForNoReplyAtAll) {
+  EXPECT_EQ(replyTo({{"\n"}}), timeoutMarker);
+  EXPECT_EQ(replyTo({{"\n", 0.1}, {"R07", 0.2}, {"26\r", 0.3}}), "R0726");
+}
+
+// ---- replies to commands that were given up on
+
+TEST_F(Channel, PassesOverTheLateReplyToACommandThatWasGivenUpOn) {
+  port.open();
+  port.script = inTurn({"", "W01\rR012004D2\r"});
+  EXPECT_EQ(channel.writePort("*W012004D2"), timeoutMarker);
+  EXPECT_EQ(channel.writePort("*R01"), "R012004D2");
+}
+
+TEST_F(Channel, PassesOverSeveralLateRepliesInPieces) {
+  port.open();
+  port.script = [first = 0](const std::string&) mutable {
+    if (first++ < 2) return std::vector<Said>{};
+    return std::vector<Said>{
+        {"W0", 0.1}, {"1\r", 0.2}, {"\n", 0.3}, {"R01200000\r\nR02", 0.4}, {"A001F4\r", 0.45}};
+  };
+  EXPECT_EQ(channel.writePort("*W012004D2"), timeoutMarker);
+  EXPECT_EQ(channel.writePort("*R01"), timeoutMarker);
+  EXPECT_EQ(channel.writePort("*R02"), "R02A001F4");
+}
+
+TEST_F(Channel, TakesTheLateReplyToTheSameCommandForItsOwn) {
+  port.open();
+  port.script = inTurn({"", "R012004D2\r"});
+  EXPECT_EQ(channel.writePort("*R01"), timeoutMarker);
+  EXPECT_EQ(channel.writePort("*R01"), "R012004D2");
+}
+
+TEST_F(Channel, KnowsALateReplyByItsAddressToo) {
+  Hardware.BusMode = 1;
+  Hardware.BusAddress = 17;
+  port.open();
+  port.script = inTurn({"", "11W01\r11R012004D2\r"});
+  EXPECT_EQ(channel.writePort("*11W012004D2"), timeoutMarker);
+  EXPECT_EQ(channel.writePort("*11R01"), "11R012004D2");
+}
+
+TEST_F(Channel, GivesUpALineOfLateRepliesWithoutEnd) {
+  port.open();
+  port.script = [first = true](const std::string&) mutable {
+    std::vector<Said> said;
+    for (int at = 1; at < 4000 && !first; ++at) said.push_back({"W01\r", 0.002 * at});
+    first = false;
+    return said;
+  };
+  EXPECT_EQ(channel.writePort("*W012004D2"), timeoutMarker);
+  const double start = host.clock;
+  EXPECT_EQ(channel.writePort("*R01"), timeoutMarker);
+  EXPECT_LT(host.clock - start, 3.0);
 }
 
 TEST_F(Channel, ThrowsAwayWhatIsOlderThanTheCommand) {
@@ -163,7 +220,7 @@ TEST_F(Channel, ThrowsAwayWhatIsOlderThanTheCommand) {
 TEST_F(Channel, PassesEveryByteAsItIs) {
   for (int code = 0; code < 256; ++code) {
     const std::string noise(1, static_cast<char>(code));
-    EXPECT_EQ(replyTo({{noise + "R0726\r"}}), noise + "R0726") << code;
+    EXPECT_EQ(replyTo({{noise + "R0726\r"}}), (noise == "\n" ? "" : noise) + "R0726") << code;
     EXPECT_EQ(replyTo({{"R07" + noise + "26\r"}}), "R07" + noise + "26") << code;
     EXPECT_EQ(replyTo({{"R0726" + noise + "\r"}}), "R0726" + noise) << code;
   }

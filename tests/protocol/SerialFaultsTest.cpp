@@ -69,7 +69,7 @@ TEST_F(SerialFaults, APortThatCannotBeOpenedFailsQuietly) {
   EXPECT_EQ(channel.writeSet("07", "26"), "Fail");
   EXPECT_EQ(channel.wiringProblem, False);
   EXPECT_EQ(port.sent, Lines{});
-  EXPECT_EQ(host.yields, 3 + 5);
+  EXPECT_EQ(host.yields, 2 * 3 + 1 + 3 * 5) << "after each command, and after each try";
   EXPECT_TRUE(host.boxes.empty());
 }
 
@@ -258,7 +258,8 @@ TEST_F(AnyBytes, EndOneLineWithinItsLimit) {
     const double start = host.clock;
     const std::string reply = SerialChannel(line).writePort("*R07");
     expectWithin(1, start);
-    ASSERT_TRUE(reply == timeoutMarker || heard.starts_with(reply)) << reply;
+    const std::string begun = heard.substr(std::min(heard.find_first_not_of('\n'), heard.size()));
+    ASSERT_TRUE(reply == timeoutMarker || begun.starts_with(reply)) << reply;
     ASSERT_EQ(line.sent, Lines{"*R07\r"});
   }
 }

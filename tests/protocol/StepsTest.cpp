@@ -55,8 +55,10 @@ constexpr Codec codecs[] = {
 
 std::vector<const RegisterStep*> allRows() {
   std::vector<const RegisterStep*> rows;
-  for (int step = 0; step <= lastStep; ++step) {
-    for (const RegisterStep& row : rowsOf(step)) rows.push_back(&row);
+  for (const auto& group : stepGroups()) {
+    for (const RegisterStep& row : group) {
+      if (row.rule != StepRule::barOnly) rows.push_back(&row);
+    }
   }
   return rows;
 }
@@ -91,22 +93,38 @@ TEST(Steps, GoThroughTheEncoderAndTheDecoderOfTheirRegister) {
 }
 
 TEST(Steps, HaveTwoRowsWhereAScaleOrTheBusNeedsThem) {
-  for (int step = 0; step <= lastStep; ++step) {
-    const std::size_t rows = step == 4 || step == 27 || step == 30 ? 2 : step == pauseStep ? 0 : 1;
-    EXPECT_EQ(rowsOf(step).size(), rows) << "step " << step;
+  for (const auto& group : stepGroups()) {
+    const int step = group.front().step;
+    EXPECT_EQ(group.size(), step == 4 || step == 27 || step == 30 ? 2U : 1U) << "step " << step;
   }
 }
 
 TEST(Steps, EndWithTheBusSettings) {
-  EXPECT_EQ(lastStep, 30);
-  EXPECT_TRUE(rowsOf(lastStep + 1).empty());
-  EXPECT_TRUE(rowsOf(-1).empty());
+  EXPECT_EQ(stepGroups().size(), 31U);
+  EXPECT_EQ(stepGroups().back().front().rule, StepRule::busFormat);
+  EXPECT_EQ(stepGroups().back().back().rule, StepRule::busAddress);
 }
 
 TEST(Steps, LeaveAHoleThatOnlyMovesTheBar) {
-  EXPECT_EQ(pauseStep, 24);
-  EXPECT_EQ(pauseStepPercent, 81);
-  EXPECT_TRUE(rowsOf(pauseStep).empty());
+  const RegisterStep& hole = stepGroups()[24].front();
+  EXPECT_EQ(hole.rule, StepRule::barOnly);
+  EXPECT_STREQ(hole.reg, "");
+  EXPECT_EQ(hole.percent, 81);
+}
+
+TEST(Steps, AreFoundByTheirRegister) {
+  EXPECT_STREQ(stepOf("01")->name, "Set-Point 1");
+  EXPECT_STREQ(stepOf("21")->name, "Bus Address");
+  EXPECT_EQ(stepOf("06"), nullptr);
+  EXPECT_EQ(stepOf(""), nullptr);
+}
+
+TEST(Steps, SpellTheFirstSetPointInTheNetworksOwnWay) {
+  const RegisterStep& row = *stepOf("01");
+  EXPECT_STREQ(writeLabelOf(row, false), "Configuring Set-Point 1...");
+  EXPECT_STREQ(writeLabelOf(row, true), "Configuring SetPoint 1...");
+  EXPECT_STREQ(readLabelOf(row, true), "Reading SetPoint 1...");
+  EXPECT_STREQ(readLabelOf(*stepOf("02"), true), "Reading Set-Point 2...");
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDate>
+#include <QDateTime>
 #include <QFileInfo>
 #include <QLocale>
 #include <QMessageBox>
@@ -139,6 +140,8 @@ QWidget* QtHost::front() const {
 }
 
 std::string QtHost::today() { return typed(QLocale().toString(QDate::currentDate(), QLocale::ShortFormat)); }
+
+std::string QtHost::utcNow() { return typed(QDateTime::currentDateTimeUtc().toString(Qt::ISODate)); }
 
 void QtHost::showHelp(const std::string& path) {
   const auto guide = helpGuide(shown(path));

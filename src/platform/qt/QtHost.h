@@ -51,6 +51,7 @@ class QtHost : public Host {
 
   std::unique_ptr<Printer> choosePrinter(const std::string& document) override;
   std::string today() override;
+  std::string utcNow() override;
   void showHelp(const std::string& path) override;
 
   // Closes all serial ports and ends the process with status 1. A second error while the box of the first is

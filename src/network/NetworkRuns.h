@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+// The runs through the bridge.
+#pragma once
+
+#include <cstdint>
+
+#include "runs/Run.h"
+
+class DeviceDetection;
+class NetworkChannel;
+
+// What came of a whole job.
+namespace job {
+enum : std::int16_t {
+  tookPlace = 0,  // the run did, or its second look at the unit found it gone
+  noBridge = -1,
+  noUnit = -2,  // none that can be configured
+};
+}
+
+// Connects to the bridge, looks twice at the unit behind it, and does the whole job.
+std::int16_t NetworkFullConnect(Run& run, NetworkChannel& channel, DeviceDetection& detection);
+
+void NetworkWriteToDevice(Run& run, NetworkChannel& channel);
+void NetworkReadFromDevice(Run& run, NetworkChannel& channel);  // nothing unless a read is due
