@@ -224,6 +224,13 @@ std::string numberText(double value) { return realText(value, 15); }
 std::string numberText(float value) { return realText(value, 7); }
 std::string numberText(std::int32_t value) { return std::to_string(value); }
 
+std::string exactText(double value) {
+  std::array<char, 32> buffer;
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
+  std::replace(buffer.data(), end, 'e', 'E');
+  return {buffer.data(), end};
+}
+
 std::string formatNumber(double value, std::string_view picture) {
   return formatDigits(numberText(value), picture);
 }

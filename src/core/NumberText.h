@@ -25,6 +25,8 @@ std::string padLeft(std::string text, std::size_t width, char with = '0');
 std::string numberText(double value);
 std::string numberText(float value);
 std::string numberText(std::int32_t value);
+// The shortest text that reads back as the very same number: up to 17 digits.
+std::string exactText(double value);
 
 // A number by a picture such as "0000", "000.0" or "###0": 0 is a digit always shown, # one shown only if
 // significant. Rounds half away from zero on the decimal digits of the number's text; a picture that ends in

@@ -2,8 +2,10 @@
 // Scale and offset arithmetic on the decimal text of a number: digits are picked out, places counted.
 #include "protocol/Scale.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <limits>
 
 #include "core/Global.h"
 #include "core/Memo.h"
@@ -51,9 +53,23 @@ double checked(double number) {
 
 double slopeOf(const Line& line) { return checked(checked(line.y2 - line.y1) / checked(line.x2 - line.x1)); }
 
-// Of the line that has this slope and goes through the point.
-double interceptOf(double x, double y, const std::string& slope) {
-  return checked(y - checked(Val(slope) * x));
+// What double arithmetic leaves of a zero, at the most. A true offset of points with a few decimals is a
+// hundred times larger.
+double residueOf(const Line& line) {
+  const double highest = std::max(std::abs(line.y1), std::abs(line.y2));
+  return 8 * std::numeric_limits<double>::epsilon() * highest * (1 + std::abs(line.x1 / (line.x2 - line.x1)));
+}
+
+// Of the line that has this slope and goes through the point. The second point only tells how much of it is
+// residue.
+double interceptOf(double x, double y, const std::string& slope, Line (*points)()) {
+  const double r = checked(y - checked(Val(slope) * x));
+  bool residue = false;
+  attempt([&] {
+    const Line line = points();
+    residue = line.x2 != line.x1 && std::abs(r) <= residueOf(line);
+  });
+  return residue ? 0 : r;
 }
 
 std::int32_t numberOf(const Mantissa& mantissa) { return toInt32(Val(mantissa.digits)); }
@@ -144,7 +160,7 @@ Encoded makeRdScale() {
   const Line line = readingLine();
   if (line.x2 - line.x1 == 0) return {divideByZero, maskFor<0x14>()};
   const double r = slopeOf(line);
-  Global.RdScale = numberText(r);
+  Global.RdScale = exactText(r);
   Mantissa mantissa = TextToMantissa(r);
   const Notice* const notice = scaleNotice(mantissa);
   fitScale(mantissa);
@@ -152,7 +168,7 @@ Encoded makeRdScale() {
 }
 
 Encoded makeRdOffset() {
-  const double r = interceptOf(numberIn(rec::txtIn1), numberIn(rec::txtRd1), Global.RdScale);
+  const double r = interceptOf(numberIn(rec::txtIn1), numberIn(rec::txtRd1), Global.RdScale, readingLine);
   const Mantissa mantissa = TextToMantissa(r);
   return {packedOffset(mantissa), maskFor<0x03>(), offsetNotice(mantissa)};
 }
@@ -169,7 +185,7 @@ Encoded makeAnalogScale() {
   }
   if (line.x2 - line.x1 == 0) return {divideByZero, maskFor<0x0F>()};
   const double r = slopeOf(line);
-  Global.AnalogScale = numberText(r);
+  Global.AnalogScale = exactText(r);
   Mantissa mantissa = TextToMantissa(r);
   const Notice* const notice = scaleNotice(mantissa);
   fitScale(mantissa);
@@ -179,7 +195,8 @@ Encoded makeAnalogScale() {
 }
 
 Encoded makeAnalogOffset() {
-  const double r = interceptOf(numberIn(rec::txtAOutRd1), numberIn(rec::txtAOutOut1), Global.AnalogScale);
+  const double r =
+      interceptOf(numberIn(rec::txtAOutRd1), numberIn(rec::txtAOutOut1), Global.AnalogScale, analogLine);
   Mantissa mantissa = TextToMantissa(r);
   cutSmallOffset(mantissa);
   const std::string payload = r == 0 ? "C00000" : packedOffset(mantissa);
