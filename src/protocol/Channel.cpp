@@ -76,6 +76,7 @@ std::string Channel::changeRegister(std::string_view reg, const std::string& val
   std::string reply;
   for (int tries = 0; tries < rules_.firstReadTries; ++tries) {
     query(framed("R" + index), reply);
+    betweenCommands();
     if (!contains(reply, "?") && !contains(reply, "*") && !contains(reply, "Time")) break;
   }
   if (contains(reply, "?4") || contains(reply, "Time") || contains(reply, "*")) {
@@ -99,6 +100,7 @@ std::string Channel::writeAndVerify(const std::string& reg, const std::string& m
   int loops = 0;
   for (int tries = 0; tries < rules_.writeTries; ++tries) {
     query(framed("W" + reg + merged), reply);
+    betweenCommands();
     query(framed("R" + reg), reply);
     noteReply(reply);
     trace_.after = isRefused(reply) ? "" : dataOf(reply);

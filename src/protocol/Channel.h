@@ -74,6 +74,9 @@ class Channel {
   virtual void endRegister() {}
   // Asks one framed command. What fails leaves the reply as it was and says why in linkFault.
   virtual void query(std::string_view framedCommand, std::string& reply) = 0;
+  // Serves the windows where waiting for a reply does not: a silent line must not hold them for longer than
+  // one.
+  virtual void betweenCommands() {}
   virtual void noteReply(std::string_view) {}
 
   std::string linkFault;  // what kept the last query from going out; empty: it went

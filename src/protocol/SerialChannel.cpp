@@ -120,8 +120,6 @@ void SerialChannel::endRegister() {
   attempt([this] { closeIfOpen(); });
 }
 
-// The windows are served behind each command: a line that is silent must not hold them for longer than one
-// reply.
 void SerialChannel::query(std::string_view framedCommand, std::string& reply) {
   try {
     reply = writePort(framedCommand);
@@ -129,5 +127,6 @@ void SerialChannel::query(std::string_view framedCommand, std::string& reply) {
   } catch (const RuntimeError& error) {
     if (linkFault.empty()) linkFault = gone(error);
   }
-  host().yield();
 }
+
+void SerialChannel::betweenCommands() { host().yield(); }

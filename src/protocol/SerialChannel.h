@@ -36,6 +36,7 @@ class SerialChannel : public Channel {
   void beginRegister() override;
   void endRegister() override;
   void query(std::string_view framedCommand, std::string& reply) override;
+  void betweenCommands() override;
   void dropStaleLines(std::string& reply, std::string_view echo) const;
   std::string collectReply(std::string_view echo);
 
