@@ -39,4 +39,5 @@ void frmRead::cmdSerial_Click() {
   Global.ReadConfirmed = 0;
   unload();
   fitToFoundUnit();
+  form<frmBigFolder>().noteLosses();
 }

@@ -4,10 +4,14 @@
 #include <cmath>
 #include <set>
 
+#include "core/Model.h"
 #include "core/NumberText.h"
 #include "dialogs/frmRunDetails.h"
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
+#include "knowledge/EncodedSetup.h"
+#include "knowledge/Losses.h"
+#include "knowledge/UnitImage.h"
 #include "platform/Host.h"
 
 namespace {
@@ -111,6 +115,17 @@ std::string wayOf(const RunOutcome& outcome) {
   return (outcome.reading ? "read from " : "write to ") + unit;
 }
 
+UnitImage imageOf(const RunOutcome& read) {
+  UnitImage image;
+  image.kind = meterKind();
+  for (const RegisterOutcome& each : read.registers) {
+    if (each.verdict == Verdict::read) {
+      image.registers[static_cast<std::size_t>(registerPlace(each.reg))].payload = each.before;
+    }
+  }
+  return image;
+}
+
 }  // namespace
 
 void frmBigFolder::wireVerdict() {
@@ -133,6 +148,12 @@ void frmBigFolder::keepRun(const RunOutcome& outcome, std::vector<HistoryLine> h
              std::move(history)};
   setVerdict(lastRun.verdict, !outcome.passed());
   cmdDetails.setEnabled(true);
+}
+
+void frmBigFolder::noteLosses() {
+  if (!lastRun.outcome.reading) return;
+  const std::string sentence = lossSentence(lossesOf(imageOf(lastRun.outcome), encodeSetup()));
+  if (!sentence.empty()) setNote(sentence, true);
 }
 
 void frmBigFolder::setVerdict(std::string_view text, bool bad) {

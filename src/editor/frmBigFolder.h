@@ -93,6 +93,7 @@ class frmBigFolder : public BigFolderControls {
   // verdict; whoever has something to add to it sets one.
   void forgetRun();
   void keepRun(const RunOutcome& outcome, std::vector<HistoryLine> history);
+  void noteLosses();  // after a read: which settings of the unit the setup could not take over exactly
   void setVerdict(std::string_view text, bool bad);
   void setNote(std::string_view text, bool bad);
   RunRecord lastRun;

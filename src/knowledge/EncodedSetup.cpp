@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr int busStep = 30;
 constexpr const char* dividedByZero = "!Divide by zero";
 
 // An offset encoder takes the slope that the scale encoder before it left behind.
@@ -49,9 +48,9 @@ class RecordsPutBack {
 
 // The bus settings go out on the user's wish alone, the address only for a bus that has one.
 bool isWished(const RegisterStep& row) {
-  if (row.step != busStep) return true;
+  if (row.rule != StepRule::busFormat && row.rule != StepRule::busAddress) return true;
   if (Memo[rec::optNoChange].flag != False) return false;
-  return &row == rowsOf(busStep).data() || Memo[rec::optRS485].flag != False;
+  return row.rule == StepRule::busFormat || Memo[rec::optRS485].flag != False;
 }
 
 bool fits(const std::string& payload, const RegisterRow& row) {
@@ -115,8 +114,8 @@ EncodedSetup encodeSetup() {
   const SlopesPutBack slopes;
   Encoding encoding;
   encoding.setup.kind = meterKind();
-  for (int step = 0; step <= lastStep; ++step) {
-    for (const RegisterStep& row : rowsOf(step)) encoding.take(row);
+  for (const RegisterStep& row : registerSteps()) {
+    if (row.rule != StepRule::barOnly) encoding.take(row);
   }
   encoding.setup.readingLine = pointsOf(rec::txtIn1, rec::txtRd1, rec::txtIn2, rec::txtRd2);
   encoding.setup.analogLine = pointsOf(rec::txtAOutRd1, rec::txtAOutOut1, rec::txtAOutRd2, rec::txtAOutOut2);

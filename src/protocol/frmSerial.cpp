@@ -59,7 +59,8 @@ void frmSerial::Form_Activate() {
     unload();
     return;
   }
-  lstNarrative.clear();
+  history.begin();
+  if (Global.AutoDetect == False) form<frmBigFolder>().forgetRun();
   showTarget();
   beginOutcome(thisWay(), lblTarget.caption());
   const bool serial = Memo[rec::optCommunicationMode].flag != False;
@@ -82,6 +83,7 @@ bool frmSerial::serialPath() {
   attempt([&] { found = comOK(mode); });
   if (!found.empty()) {
     run.outcome.end = RunEnd::noUnit;
+    keepVerdict();
     hide();
     host().beep();
     messageBox(
@@ -152,9 +154,15 @@ void frmSerial::finish(std::string_view lastWords) {
   Animation1.setVisible(false);
   upStat(true, lastWords);
   upProg(100);
+  keepVerdict();
   cmdCancel.setCaption("Close");
   Delay(lastLook);
   hide();
+}
+
+void frmSerial::keepVerdict() {
+  history.end(run.outcome);
+  form<frmBigFolder>().keepRun(run.outcome, history.lines());
 }
 
 void frmSerial::Form_Deactivate() { windowActive = False; }

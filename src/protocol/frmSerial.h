@@ -14,6 +14,7 @@
 #include "platform/SerialPort.h"
 #include "platform/Socket.h"
 #include "protocol/SerialChannel.h"
+#include "protocol/StatusHistory.h"
 #include "runs/Run.h"
 
 class DeviceDetection;
@@ -48,6 +49,7 @@ class frmSerial : public Form, public RunView {
   const std::unique_ptr<NetworkChannel> network;
   const std::unique_ptr<DeviceDetection> detection;
 
+  StatusHistory history{lstNarrative};
   Run run{*this};                                   // the present run, or the last
   std::int16_t& revisionClass = run.revisionClass;  // read by the wizard
 
@@ -111,6 +113,7 @@ class frmSerial : public Form, public RunView {
   void resetWhenWanted(const Handler& reset);
   void takeUnitAddress();
   void finish(std::string_view lastWords);
+  void keepVerdict();
   void cmdCancel_Click();
   void showTarget();
   std::string serialTarget();

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The communications status window: what a run shows in it, in the wizard and on the main window.
-#include <algorithm>
-
 #include "core/Model.h"
 #include "core/NumberText.h"
 #include "dialogs/frmTimedMessage.h"
@@ -11,25 +9,14 @@
 
 namespace {
 
-std::string onOneLine(std::string text) {
-  std::ranges::replace(text, '\r', ' ');
-  return text;
-}
-
 frmWizard& wizard() { return form<frmWizard>(); }
 
 }  // namespace
 
 void frmSerial::upStat(bool append, std::string_view text) {
-  const bool sameLine = append && lstNarrative.listCount() > 0;
   lblStatus.setCaption(append ? lblStatus.caption() + std::string(text) : std::string(text));
-  const std::string line = onOneLine(lblStatus.caption());
-  if (sameLine) {
-    lstNarrative.setItem(lstNarrative.listCount() - 1, line);
-  } else {
-    lstNarrative.addItem(line);
-    lstNarrative.setListIndex(lstNarrative.listCount() - 1);
-  }
+  history.tell(lblStatus.caption(), append);
+  history.judge(run.outcome);
   lblStatus.refresh();
 }
 
