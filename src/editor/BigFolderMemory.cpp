@@ -154,7 +154,15 @@ void frmBigFolder::writeMemo(std::int16_t tab) {
   for (const Field& field : fields_) {
     if (field.storeTab == tab && isInUse(field)) store(field);
   }
+  if (Memo[rec::menuKind].extra == simpleMenuKind) alignDeadBands();
   if (tab == 11) storeModelCopies();
+}
+
+// The outputs' boxes are out of sight then; an older text in them must not win when the menu becomes the full
+// one.
+void frmBigFolder::alignDeadBands() {
+  txtOut1DeadBand.setText(txtAl1Deadband.text());
+  txtOut2DeadBand.setText(txtAl2Deadband.text());
 }
 
 bool frmBigFolder::isInUse(const Field& field) {

@@ -137,6 +137,7 @@ class frmBigFolder : public BigFolderControls {
   static constexpr int notStored = notShown;
 
   std::vector<Field> fieldTable();
+  void alignDeadBands();
   static bool isInUse(const Field& field);
   void load(const Field& field);
   void store(const Field& field) const;
