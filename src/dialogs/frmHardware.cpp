@@ -16,7 +16,9 @@
 namespace {
 
 constexpr double highestAddress = 199;
+constexpr int rkw77Row = 0;    // "Rkw77[case]"
 constexpr int defaultRow = 2;  // "Tv[8,16,32]"
+constexpr std::int32_t rkw77Family = 0;
 enum : std::int16_t { alarmsOnlyMenu = 1, simpleMenu = 2 };
 
 // Any text as an address; what can't be a number at all is 1.
@@ -26,12 +28,24 @@ double addressOf(const std::string& text) {
   return std::min(address, highestAddress);
 }
 
+// The outputs of the record in the order of their buttons.
+std::array<std::int16_t, 8> recordedOutputs() {
+  const OutputFit& one = Hardware.Out1;
+  const OutputFit& two = Hardware.Out2;
+  return {one.SSR, one.Relay, one.Pulse, one.Analog, two.SSR, two.Relay, two.Pulse, two.None};
+}
+
 }  // namespace
+
+frmHardware::Unit frmHardware::Unit::now() {
+  return {Hardware.ModelNumber, Memo[rec::menuKind].extra, Memo[rec::monitorOnly].value, Hardware.BusMode,
+          recordedOutputs()};
+}
 
 frmHardware::frmHardware() : Form("frmHardware", "Hardware Setup") {
   cboModel.editable = true;
   chkIsoAnalogOutput.setEnabled(false);
-  cboModel.onClick = [this] { cboModel_Click(); };
+  cboModel.onClick = cboModel.onChosenAgain = [this] { cboModel_Click(); };
   cboModel.onChange = [this] { cboModel_Change(); };
   chkMonitor.onClick = [this] { chkMonitor_Click(); };
   chkAlarmsOnly.onClick = [this] { chkAlarmsOnly_Click(); };
@@ -46,7 +60,7 @@ frmHardware::frmHardware() : Form("frmHardware", "Hardware Setup") {
 void frmHardware::Form_Load() {
   loading_ = true;
   family_ = DeviceState.DeviceClass;
-  loadedFor_ = Hardware.ModelNumber;
+  loadedFor_ = Unit::now();
   try {
     showUnit();
     centre();
@@ -83,10 +97,7 @@ void frmHardware::showUnit() {
 
 // An output that the family hasn't got can't stay chosen where nobody sees it.
 void frmHardware::showOutputs() {
-  const OutputFit& one = Hardware.Out1;
-  const OutputFit& two = Hardware.Out2;
-  const std::int16_t fits[] = {one.SSR, one.Relay, one.Pulse, one.Analog,
-                               two.SSR, two.Relay, two.Pulse, two.None};
+  const auto fits = recordedOutputs();
   for (std::size_t output = 0; output < optOut.size(); ++output) {
     optOut[output].setValue(fits[output] != False);
   }
@@ -131,10 +142,11 @@ void frmHardware::selectListedModel() {
   BaseModel = cboModel.list(row);
 }
 
-bool frmHardware::isOfThisUnit() const { return Hardware.ModelNumber == loadedFor_; }
+bool frmHardware::isOfThisUnit() const { return Unit::now() == loadedFor_; }
 
 void frmHardware::showFactoryFit() {
   ready_ = false;
+  showRow(defaultRow);
   optOut[0].setValue(true);
   optOut[4].setValue(true);
   lstOption.setListIndex(0);
@@ -143,13 +155,40 @@ void frmHardware::showFactoryFit() {
   showNumber();
 }
 
-// A name that no model has, as a file may leave one behind, gives way to the default where nothing tells what
-// the unit is.
 void frmHardware::Form_Activate() {
   beforeShowing_ = {DeviceState.IsRkw77, DeviceState.ModelIndex, BaseModel};
-  if (DeviceState.DeviceClass >= 0 || listedModelRow(cboModel.items(), BaseModel) >= 0) return;
-  BaseModel = cboModel.list(defaultRow);
+  settleModel();
+}
+
+// Model, family and IsRkw77 speak of one unit. A name that no model has, as a file may leave one behind,
+// gives way to the default.
+void frmHardware::settleModel() {
+  const bool rkw77 = isRkw77Unit();
+  const bool named = listedModelRow(cboModel.items(), Hardware.ModelNumber) >= 0;
+  const bool listed = std::ranges::find(cboModel.items(), BaseModel) != cboModel.items().end();
+  const bool nobodyKnows = DeviceState.DeviceClass < 0 && !named;
+  if (!listed || nobodyKnows || namesRkw77(BaseModel) != rkw77) showRow(rkw77 ? rkw77Row : defaultRow);
+  if (cboModel.listIndex() < 0) showRow(listedModelRow(cboModel.items(), BaseModel));
+  if (DeviceState.DeviceClass >= 0) family_ = DeviceState.DeviceClass;
+  if (optOut[7].visible() != rkw77) setFamily(familyCode(BaseModel));
+  if ((family_ == rkw77Family) != rkw77 || family_ < 0) family_ = familyCode(BaseModel);
+  DeviceState.IsRkw77 = asFlag(rkw77);
   showNumber();
+}
+
+// A user sees the model and answers for it. Where nobody looks, or the part number names none, the unit that
+// was found counts.
+bool frmHardware::isRkw77Unit() const {
+  const bool named = listedModelRow(cboModel.items(), Hardware.ModelNumber) >= 0;
+  if (named && (visible() || DeviceState.DeviceClass < 0)) return namesRkw77(BaseModel);
+  return DeviceState.DeviceClass == rkw77Family;
+}
+
+void frmHardware::showRow(int row) {
+  loading_ = true;
+  cboModel.setListIndex(row);
+  BaseModel = cboModel.list(row);
+  loading_ = false;
 }
 
 bool frmHardware::Form_QueryUnload() {
@@ -162,6 +201,7 @@ void frmHardware::txtAddress_Validate() {
 }
 
 void frmHardware::cmdOk_Click() {
+  if (!visible()) settleModel();
   takeOutputs();
   Hardware.BusMode = lstOption.listIndex();
   Hardware.ModelNumber = cboModel.text();

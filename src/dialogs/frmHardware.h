@@ -64,10 +64,10 @@ class frmHardware : public Form {
   void setFamily(std::int32_t code);
   // Chooses the longest entry with which Hardware.ModelNumber begins, if there is one.
   void selectListedModel();
-  // Whether it has been loaded for the unit that Hardware tells of now. Factory defaults and a write leave a
-  // dialog behind; a file that is opened then brings another unit.
+  // Whether it has been loaded for the unit that the records tell of now. Factory defaults and a write leave
+  // a dialog behind; a file that is opened then brings another unit.
   bool isOfThisUnit() const;
-  // Both outputs SSR, RS-232 and no address; the main window is left alone.
+  // The default model with both outputs SSR, RS-232 and no address; the main window is left alone.
   void showFactoryFit();
   // New rows for lstOption; returns the row that was chosen. None is chosen after it.
   std::int16_t offerOptions(std::span<const std::string_view> rows);
@@ -82,6 +82,9 @@ class frmHardware : public Form {
   void showAddress();
   void showModel();
   void showDefaultModel(int named);
+  void settleModel();
+  bool isRkw77Unit() const;
+  void showRow(int row);
   void showNumber();
   void rebuild();
   std::string numberOfChoices() const;
@@ -106,13 +109,25 @@ class frmHardware : public Form {
     std::string baseModel;
   };
 
+  // What the dialog was loaded for.
+  struct Unit {
+    std::string modelNumber;
+    std::int16_t menuKind = 0;
+    std::int16_t monitorOnly = 0;
+    std::int16_t busMode = 0;
+    std::array<std::int16_t, 8> outputs{};
+
+    static Unit now();
+    bool operator==(const Unit&) const = default;
+  };
+
   std::string lastPartNumber_;  // the text that cboModel must show
   std::int32_t family_ = 0;     // becomes DeviceClass with OK
   bool loading_ = false;        // controls are being filled, nothing is chosen
   bool ready_ = false;          // neither OK nor Cancel has been pressed
   bool keepNumber_ = false;     // an output is set without a new part number
   ModelChoice beforeShowing_;
-  std::string loadedFor_;  // Hardware.ModelNumber at that time
+  Unit loadedFor_;
 };
 
 // The rows of lstOption at run time.

@@ -115,6 +115,7 @@ void frmBigFolder::showFactoryFit() {
   std::vector<bool> inUse;
   inUse.reserve(static_cast<std::size_t>(tabBig.tabs()));
   for (int tab = 0; tab < tabBig.tabs(); ++tab) inUse.push_back(tabBig.tabAvailable(tab));
+  ::unload<frmHardware>();  // one of an earlier unit may still be there
   form<frmHardware>().showFactoryFit();
   lblStatus.setCaption("RS-232");
   for (int tab = 0; tab < tabBig.tabs(); ++tab) {

@@ -166,7 +166,11 @@ void ListControl::userOpened() {
 }
 
 void ListControl::userChose(int index) {
-  act([=, this] { index == listIndex_ ? raise(onUse) : setListIndex(index); });
+  act([=, this] {
+    if (index != listIndex_) return setListIndex(index);
+    raise(onUse);
+    raise(onChosenAgain);
+  });
 }
 
 void ComboBox::setText(std::string_view text) {

@@ -295,7 +295,8 @@ class ListControl : public Control {
   void userChose(int index);
 
   Handler onClick;
-  Handler onUse;  // the user opened the list, or chose what was chosen already
+  Handler onUse;          // the user opened the list, or chose what was chosen already
+  Handler onChosenAgain;  // the user chose what was chosen already
 
  protected:
   virtual void indexChanged() {}

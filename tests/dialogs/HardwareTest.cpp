@@ -117,6 +117,7 @@ TEST_F(Ok, WritesTheFamilyOfTheChosenModel) {
 TEST_F(Ok, KeepsTheClassThatWasFoundWhenNoModelIsChosen) {
   for (std::int32_t deviceClass : {0, 1, 2, 6}) {
     DeviceState.DeviceClass = deviceClass;
+    Hardware.ModelNumber = "Tv(8,16,32)[case]";
     ok();
     EXPECT_EQ(DeviceState.DeviceClass, deviceClass);
     close();
@@ -369,6 +370,138 @@ TEST_F(HardwareWalk, ShowsWhatMakeModelGivesBehindEveryChoiceOfAnOutputOrAnOptio
     EXPECT_EQ(dialog().makeModel(), shown) << seed;
     close();
   }
+}
+
+// A start from any state of the records, as a file, a probe or Fact. defaults may leave them.
+class HardwareTruth : public HardwareWalk {
+ protected:
+  void disturb() {
+    const auto& models = form<frmHardware>().cboModel.items();
+    const auto any = [&] { return models[static_cast<std::size_t>(pick(18))]; };
+    const std::string numbers[] = {any() + "22-C24", any() + "50-C4", "Tv(8,16,32)[case]", "", "unheard of"};
+    Hardware.ModelNumber = numbers[pick(5)];
+    Hardware.Out1 = Hardware.Out2 = {};
+    (pick(2) == 0 ? Hardware.Out1.Analog : Hardware.Out1.SSR) = True;
+    (pick(2) == 0 ? Hardware.Out2.None : Hardware.Out2.Relay) = True;
+    Hardware.BusMode = static_cast<std::int16_t>(pick(2));
+    const std::string bases[] = {any(), any(), "Tv[8,16,32", "Tv8\xC3\xBF", ""};
+    BaseModel = bases[pick(5)];
+    DeviceState.DeviceClass = pick(8) - 1;
+    DeviceState.IsRkw77 = asFlag(pick(2) == 0);
+    DeviceState.ModelIndex = pick(19) - 1;
+    Memo[rec::menuKind].extra = static_cast<std::int16_t>(pick(3));
+    Memo[rec::monitorOnly].value = static_cast<std::int16_t>(pick(2));
+    if (pick(2) == 0) unload<frmHardware>();
+  }
+
+  static void expectOneTruth() {
+    const bool rkw77 = namesRkw77(Hardware.ModelNumber);
+    EXPECT_EQ(DeviceState.IsRkw77, asFlag(rkw77));
+    EXPECT_EQ(DeviceState.DeviceClass == 0, rkw77);
+    EXPECT_GE(DeviceState.DeviceClass, 0);
+    EXPECT_EQ(meterKind() == kind::rkw77, rkw77);
+    EXPECT_EQ(DeviceState.MenuKind, Memo[rec::menuKind].extra);
+  }
+
+  // The user presses Hardware, does whatever comes to mind, and answers with OK or Cancel.
+  void session(bool ok) {
+    host.whenShown("frmHardware", [=, this] {
+      auto& hardware = form<frmHardware>();
+      for (int step = pick(8); step > 0; --step) touch(hardware);
+      if (pick(2) == 0) walk(pick(18));
+      const std::string shown = hardware.cboModel.text();
+      const std::string base = BaseModel;
+      const auto& models = hardware.cboModel.items();
+      EXPECT_NE(std::find(models.begin(), models.end(), base), models.end()) << base;
+      EXPECT_TRUE(shown.starts_with(base)) << shown;
+      EXPECT_EQ(hardware.cboModel.listIndex() < 0, false);
+      if (!ok) return hardware.cmdCancel.userClicked();
+      hardware.cmdOk.userClicked();
+      EXPECT_EQ(Hardware.ModelNumber, shown);
+    });
+    editor.cmdCnfg.userClicked();
+  }
+};
+
+TEST_F(HardwareTruth, IsWhatOkLeavesWhateverWasClicked) {
+  for (int seed = 1; seed <= 3000; ++seed) {
+    random.seed(static_cast<unsigned>(seed));
+    disturb();
+    session(true);
+    SCOPED_TRACE(seed);
+    expectOneTruth();
+    ASSERT_FALSE(HasFailure()) << seed;
+  }
+}
+
+TEST_F(HardwareTruth, IsPutBackByCancel) {
+  for (int seed = 1; seed <= 1000; ++seed) {
+    random.seed(static_cast<unsigned>(seed));
+    disturb();
+    const HardwareRecord before = Hardware;
+    const DeviceStateRecord state = DeviceState;
+    session(false);
+    EXPECT_TRUE(sameRecord(Hardware, before)) << seed;
+    EXPECT_EQ(DeviceState.IsRkw77, state.IsRkw77) << seed;
+    EXPECT_EQ(DeviceState.DeviceClass, state.DeviceClass) << seed;
+    EXPECT_EQ(DeviceState.ModelIndex, state.ModelIndex) << seed;
+    ASSERT_FALSE(HasFailure()) << seed;
+  }
+}
+
+TEST_F(HardwareTruth, OfAUnitThatWasFoundGoesIntoTheNumberUnseen) {
+  for (int seed = 1; seed <= 1000; ++seed) {
+    random.seed(static_cast<unsigned>(seed));
+    disturb();
+    const std::int32_t found = DeviceState.DeviceClass;
+    editor.SilentSetup = True;
+    editor.cmdCnfg_Click();
+    expectOneTruth();
+    if (found >= 0) EXPECT_EQ(DeviceState.DeviceClass, found) << seed;
+    ASSERT_FALSE(HasFailure()) << seed;
+  }
+}
+
+TEST_F(HardwareTruth, BehindFactoryDefaultsIsTheDefaultModel) {
+  for (int row = 0; row < 18; ++row) {
+    dialog().cboModel.userChose(row);
+    dialog().optOut[1].userClicked();
+    row % 2 == 0 ? dialog().cmdOk.userClicked() : dialog().cmdCancel.userClicked();
+    editor.cmdFactoryDefaults.userClicked();
+    EXPECT_EQ(number(), "Tv[8,16,32]22-C24") << row;
+    EXPECT_EQ(dialog().cboModel.listIndex(), 2) << row;
+    EXPECT_EQ(BaseModel, "Tv[8,16,32]") << row;
+    EXPECT_EQ(dialog().lstOption.listCount(), 5) << row;
+    dialog().cmdOk.userClicked();
+    expectOneTruth();
+    EXPECT_EQ(Hardware.ModelNumber, "Tv[8,16,32]22-C24");
+    close();
+  }
+}
+
+TEST_F(HardwareTruth, AnyRowCanBeChosenAlsoTheOneThatIsSelected) {
+  for (int row = 0; row < 18; ++row) {
+    editor.cmdFactoryDefaults.userClicked();
+    dialog().cboModel.setListIndex(row);
+    dialog().setFamily(row < 2 ? 1 : 0);  // as a file or a probe may leave it
+    dialog().cboModel.userChose(row);
+    EXPECT_EQ(DeviceState.ModelIndex, row);
+    EXPECT_EQ(DeviceState.IsRkw77, asFlag(row < 2)) << row;
+    EXPECT_TRUE(number().starts_with(dialog().cboModel.list(row) + "22-C")) << number();
+    dialog().cmdOk.userClicked();
+    expectOneTruth();
+    EXPECT_TRUE(Hardware.ModelNumber.starts_with(BaseModel));
+    close();
+  }
+}
+
+TEST_F(HardwareTruth, ADroppedListChoosesNothing) {
+  choose("Rkv16");
+  dialog().chkSimpleMenu.userClicked();
+  dialog().cboModel.userOpened();
+  EXPECT_EQ(dialog().chkSimpleMenu.value(), 1);
+  dialog().cboModel.userChose(16);
+  EXPECT_EQ(dialog().chkSimpleMenu.value(), 0) << "a choice of the model clears the variants";
 }
 
 }  // namespace
