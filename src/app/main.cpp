@@ -5,6 +5,7 @@
 #include <exception>
 
 #include "core/Program.h"
+#include "dialogs/SetupFiles.h"
 #include "editor/frmBigFolder.h"
 #include "platform/qt/Outlines.h"
 #include "platform/qt/QtHost.h"
@@ -19,6 +20,8 @@ int main(int argc, char** argv) {
   setHost(&machine);
   try {
     form<frmBigFolder>();
+    machine.beforeTheEnd = keepForRescue;
+    offerRescue();
   } catch (const std::exception& error) {
     machine.fail(error.what());
   }

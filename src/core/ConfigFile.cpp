@@ -13,10 +13,7 @@
 
 namespace {
 
-constexpr int firstRecordBehindStamp = 94;
-constexpr int recordsStored = 103;
 constexpr std::size_t longestText = std::numeric_limits<std::uint16_t>::max();
-constexpr std::size_t deviceStateSize = 36;
 
 class ConfigWriter {
  public:
@@ -123,10 +120,10 @@ std::string configModelPart(double stamp) {
 
 std::string configSetupPart(std::int16_t tab, double stamp) {
   ConfigWriter file;
-  memoRecords(file, 0, firstRecordBehindStamp);
+  memoRecords(file, 0, recordsBeforeStamp);
   file.number(tab);
   file.stamp(stamp);
-  memoRecords(file, firstRecordBehindStamp, recordsStored);
+  memoRecords(file, recordsBeforeStamp, recordsStored);
   file.bytes += host().toCodePage(BaseModel);
   deviceStateFields(file);
   return file.bytes;
@@ -143,10 +140,10 @@ ConfigFrame readConfiguration(std::string_view bytes) {
   ConfigReader file(bytes);
   file.stamp(frame.firstStamp);
   hardwareFields(file);
-  memoRecords(file, 0, firstRecordBehindStamp);
+  memoRecords(file, 0, recordsBeforeStamp);
   file.number(frame.tab);
   file.stamp(frame.secondStamp);
-  memoRecords(file, firstRecordBehindStamp, recordsStored);
+  memoRecords(file, recordsBeforeStamp, recordsStored);
   readBaseModel(file);
   deviceStateFields(file);
   return frame;

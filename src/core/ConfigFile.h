@@ -19,6 +19,10 @@
 
 inline constexpr const char* configFilter = "Configuration Files (*.cfg)|*.cfg|All Files (*.*)|*.*";
 
+inline constexpr int recordsBeforeStamp = 94;  // Memo[0] to Memo[93]
+inline constexpr int recordsStored = 103;
+inline constexpr std::size_t deviceStateSize = 36;
+
 // Writing. The model part holds Hardware as it stands before the tabs are committed, the setup part what they
 // left.
 std::string configModelPart(double stamp);

@@ -6,8 +6,8 @@
 #include "core/Global.h"
 #include "core/Model.h"
 #include "dialogs/RunHead.h"
+#include "dialogs/SetupFiles.h"
 #include "editor/Replacement.h"
-#include "editor/frmBigFolder.h"
 #include "platform/Host.h"
 #include "protocol/frmSerial.h"
 
@@ -22,10 +22,7 @@ void frmRead::Form_Load() { centre(); }
 
 void frmRead::cmdFile_Click() {
   const std::string path = host().chooseFileToOpen(configFilter);
-  if (path.empty()) return;
-  const Replacement undoable("open");
-  form<frmBigFolder>().FileOpen(path);
-  unload();
+  if (!path.empty() && openConfiguration(path)) unload();
 }
 
 void frmRead::cmdSerial_Click() {

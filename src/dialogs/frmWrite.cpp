@@ -2,20 +2,15 @@
 // The chooser in front of every write.
 #include "dialogs/frmWrite.h"
 
-#include <cmath>
-
 #include "core/ConfigFile.h"
 #include "core/Global.h"
 #include "core/Model.h"
 #include "dialogs/Report.h"
 #include "dialogs/RunHead.h"
+#include "dialogs/SetupFiles.h"
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
 #include "protocol/frmSerial.h"
-
-namespace {
-constexpr double secondsOfDay = 86400;
-}
 
 frmWrite::frmWrite() : Form("frmWrite", "Write to...") {
   cmdFile.onClick = [] { cmdFile_Click(); };
@@ -42,17 +37,9 @@ void frmWrite::showVerdict() {
   lblVerdict.setMark(line.mark());
 }
 
-// Hardware goes into the file as it is before the tabs are committed.
 void frmWrite::cmdFile_Click() {
   const std::string path = host().chooseFileToSave(configFilter);
-  if (path.empty()) return;
-  Global.FileName = path;
-  const double stamp = std::fmod(host().now(), secondsOfDay);
-  std::string file = configModelPart(stamp);
-  auto& editor = form<frmBigFolder>();
-  editor.reCover();
-  file += configSetupPart(editor.tabBig.tab(), stamp);
-  host().exchangeFile(path, file);  // what fails here ends the program; the old file stays whole
+  if (!path.empty()) saveConfiguration(path);
 }
 
 void frmWrite::cmdSerial_Click() {

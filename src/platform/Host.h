@@ -3,6 +3,7 @@
 // One object, set at start.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -15,7 +16,7 @@
 class Form;
 
 enum class Icon { none, information, critical, question };
-enum class Buttons { ok, yesNo };
+enum class Buttons { ok, yesNo, noYes };  // noYes: the button that Enter presses is No
 enum class Answer { ok, yes, no };
 
 class Host {
@@ -67,6 +68,9 @@ class Host {
   virtual std::string toCodePage(std::string_view text);
   virtual std::string fromCodePage(std::string_view bytes);
   virtual bool fileExists(const std::string& path) = 0;
+  virtual void renameFile(const std::string& from, const std::string& to) = 0;
+  // Where the user's own data of this program lies; made if need be.
+  virtual std::string dataFolder() = 0;
   virtual std::string programFolder() = 0;
 
   virtual void copyText(std::string_view text) = 0;  // onto the clipboard
@@ -84,6 +88,8 @@ class Host {
 
   // An error that nothing caught: shows the system's words and ends the program with a non-zero status.
   virtual void fail(const std::string& description) = 0;
+  // Called before the box of `fail`; keeps what must not be lost, and gives what the box says of it.
+  std::function<std::string()> beforeTheEnd;
 };
 
 Host& host();

@@ -31,6 +31,15 @@ class Files : public EditorTest {
     host.whenShown("frmRead", [] { form<frmRead>().cmdFile.userClicked(); });
     editor.cmdOpen.userClicked();
   }
+  // The chooser stays open behind a file that is not opened; the user leaves it.
+  void refuseToOpen(const std::string& file = path) {
+    host.chosenFiles.push_back(file);
+    host.whenShown("frmRead", [] { form<frmRead>().cmdFile.userClicked(); });
+    host.whenShown("frmRead", [] { form<frmRead>().OKButton.userClicked(); });
+    editor.cmdOpen.userClicked();
+    EXPECT_TRUE(host.scriptDone());
+    EXPECT_EQ(dialogs, 0);
+  }
   const std::string& saved() { return host.files.at(path); }
 
   int dialogs = 0;
@@ -82,14 +91,22 @@ TEST_F(Files, ALongerFileKeepsItsTailAndStillOpens) {
   EXPECT_EQ(editor.txtSp1.text(), "000.0");
 }
 
-TEST_F(Files, ASaveThatFailsEndsTheProgramWithTheSystemsWordsAndLeavesTheOldFile) {
+TEST_F(Files, ASaveThatFailsIsRefusedInTheChooser) {
   save();
   const std::string old = saved();
   editor.txtSp1.setText("123.4");
   host.diskFault = "No space left on device";
-  save();
-  EXPECT_EQ(host.failures, std::vector<std::string>{"No space left on device"});
+  host.expectBox("The setup is not saved:\r/home/other.cfg\r\rNo space left on device");
+  save("/home/other.cfg");
+  EXPECT_TRUE(host.failures.empty());
+  EXPECT_EQ(host.boxes.back().icon, Icon::critical);
+  EXPECT_TRUE(host.scriptDone()) << "the chooser stays open";
   EXPECT_EQ(saved(), old);
+  EXPECT_EQ(Global.FileName, path) << "the name of what is saved";
+  EXPECT_EQ(editor.txtSp1.text(), "123.4");
+  host.diskFault.clear();
+  save();
+  EXPECT_NE(saved(), old);
 }
 
 // ---- opening
@@ -154,16 +171,29 @@ TEST_F(Files, AnOpeningThatIsCancelledLeavesTheChooserOpen) {
   EXPECT_EQ(dialogs, 0);
 }
 
-TEST_F(Files, AFileThatCannotBeReadIsToldOfAndTheTabsWin) {
+TEST_F(Files, AFileThatCannotBeReadIsToldOfAndChangesNothing) {
+  Memo[rec::txtAl2HiSp].text = "of the setup";
+  DeviceState.DeviceClass = Memo[rec::deviceClass].extra = 3;
+  Global.FileName = "before";
+  const std::string model = BaseModel;
+  host.expectBox("The file can't be opened:\r/home/gone.cfg\r\rNo such file or directory");
+  refuseToOpen("/home/gone.cfg");
+  EXPECT_EQ(host.boxes.back().icon, Icon::critical);
+  EXPECT_EQ(Memo[rec::txtAl2HiSp].text, "of the setup");
+  EXPECT_EQ(Global.FileName, "before");
+  EXPECT_EQ(DeviceState.DeviceClass, 3);
+  EXPECT_EQ(BaseModel, model);
+}
+
+TEST_F(Files, AFileThatGoesBeforeItIsOpenedIsToldOfAndTheTabsWin) {
   Memo[rec::txtSp2].text = "not what is shown";
   host.expectBox("Error: No such file or directory\rCan't continue.");
-  open("/home/gone.cfg");
+  editor.FileOpen("/home/gone.cfg");
   EXPECT_EQ(host.boxes.back().icon, Icon::critical);
   EXPECT_EQ(Memo[rec::txtSp2].text, editor.txtSp2.text());
   EXPECT_EQ(Global.FileName, "/home/gone.cfg");
   EXPECT_EQ(DeviceState.DeviceClass, -1) << "what was found out is forgotten all the same";
   EXPECT_EQ(dialogs, 0);
-  EXPECT_FALSE(isLoaded<frmRead>());
 }
 
 TEST_F(Files, NothingWarnsWhileAFileChangesFields) {
@@ -181,12 +211,18 @@ TEST_F(Files, NothingWarnsWhileAFileChangesFields) {
   }
 }
 
-TEST_F(Files, StampsThatDifferRaiseNothing) {
+TEST_F(Files, StampsThatDifferAreAskedAboutAndThenRaiseNothing) {
   save();
   editor.txtSp1.setText("1");
   host.files[path][0] = static_cast<char>(host.files[path][0] ^ 1);
+  host.expectBox("The file has two time stamps that differ.", Answer::no);
+  refuseToOpen();
+  EXPECT_EQ(host.boxes.back().buttons, Buttons::noYes);
+  EXPECT_EQ(editor.txtSp1.text(), "1");
+  EXPECT_EQ(Global.FileName, path);
+  host.expectBox("Open it all the same?", Answer::yes);
   open();
-  EXPECT_TRUE(host.boxes.empty());
+  EXPECT_EQ(host.boxes.size(), 2U);
   EXPECT_EQ(editor.txtSp1.text(), "000.0");
 }
 
@@ -213,6 +249,7 @@ TEST_F(Files, ATabThatThereIsNotIsSkipped) {
   host.files[path][tabAt] = 12;
   showTab(4);
   editor.txtSp1.setText("1");
+  host.expectBox("The file was saved on a tab that there is not.", Answer::yes);
   open();
   EXPECT_EQ(editor.tabBig.tab(), 4);
   EXPECT_EQ(editor.txtSp1.text(), "000.0");
@@ -302,7 +339,7 @@ TEST_F(Files, AnyBytesOpenWithoutHarm) {
     std::string& file = host.files[path] = good;
     for (int change = 0; change < 12; ++change) file[random() % file.size()] = static_cast<char>(random());
     if (random() % 3 == 0) file.resize(random() % file.size());
-    open();
+    editor.FileOpen(path);
     ASSERT_TRUE(host.failures.empty()) << host.failures.front();
     ASSERT_TRUE(editor.tabBig.tabAvailable(editor.tabBig.tab()));
   }

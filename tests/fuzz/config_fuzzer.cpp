@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstdlib>
 
+#include "core/ConfigCheck.h"
 #include "core/ConfigFile.h"
 #include "core/Memo.h"
 #include "core/Model.h"
@@ -34,7 +35,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   resetModel();
   BaseModel = std::string(data[0] % 40U, 'x');
   const std::string_view file(reinterpret_cast<const char*>(data) + 1, size - 1);
+  const ConfigCheck check = examineConfiguration(file);
+  require(check.baseModel.size() <= file.size());
+  if (check.fault.empty() && !check.older) BaseModel = machine.fromCodePage(check.baseModel);
   const ConfigFrame frame = readConfiguration(file);
+  if (check.fault.empty()) require(frame.firstStamp == frame.secondStamp && frame.tab >= 0 && frame.tab < 12);
+  // Read in step: what the file says of the unit agrees with the setup.
+  if (check.fault.empty() && !check.older) require(DeviceState.DeviceClass == Memo[rec::deviceClass].extra);
   require(textHeld() <= 3 * file.size());
   const std::string model = BaseModel;
   const std::string first = written(frame);

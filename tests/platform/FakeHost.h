@@ -61,6 +61,8 @@ class FakeHost : public Host {
   void replaceFile(const std::string&, std::string_view) override {}
   void copyText(std::string_view) override {}
   bool fileExists(const std::string& path) override { return files.contains(path); }
+  void renameFile(const std::string&, const std::string&) override {}
+  std::string dataFolder() override { return "/data"; }
   std::string programFolder() override { return "/program"; }
   std::unique_ptr<Printer> choosePrinter(const std::string&) override { return nullptr; }
   std::string today() override { return ""; }

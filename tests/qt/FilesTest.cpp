@@ -135,6 +135,72 @@ TEST_F(FilesTest, AKillInTheMiddleLeavesTheOldOneOrTheNewOne) {
   EXPECT_GT(changes, 5) << "the saver was never at work";
 }
 
+// ---- a folder that takes no second file
+
+// A name so long that a temporary file beside it would have one too long.
+class InPlace : public FilesTest {
+ protected:
+  InPlace() { qputenv("XDG_DATA_HOME", data_.path().toUtf8()); }
+  ~InPlace() override { qputenv("XDG_DATA_HOME", before_); }
+
+  const QByteArray name_ = QByteArray(251, 'n') + ".cfg";
+  void put(const QByteArray& bytes) {
+    QFile file(at(name_.constData()));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+  }
+  std::string path() const { return FilesTest::path(name_.constData()); }
+  std::string content() const { return readWhole(path(), 1 << 20); }
+  void expectNothingLeftLying() const {
+    EXPECT_EQ(QDir(folder_.path()).entryList(QDir::Files).size(), 1);
+    EXPECT_TRUE(QDir(QString::fromStdString(dataFolder())).entryList(QDir::Files).isEmpty());
+  }
+
+ private:
+  const QByteArray before_ = qgetenv("XDG_DATA_HOME");
+  QTemporaryDir data_;
+};
+
+TEST_F(InPlace, TheFileIsWrittenOver) {
+  put("0123456789");
+  exchangeWhole(path(), "abc");
+  EXPECT_EQ(content(), "abc3456789");
+  exchangeWhole(path(), "ABCDEFGHIJKL");
+  EXPECT_EQ(content(), "ABCDEFGHIJKL");
+  replaceWhole(path(), "xy");
+  EXPECT_EQ(content(), "xy");
+  expectNothingLeftLying();
+}
+
+TEST_F(InPlace, AFullDiskBringsTheOldBytesBack) {
+  put("the old one");
+  QProcess saver;
+  saver.start(FILE_SAVER, {at(name_.constData()), "1000"});
+  ASSERT_TRUE(saver.waitForFinished());
+  EXPECT_EQ(saver.exitCode(), 1);
+  EXPECT_EQ(saver.readAllStandardOutput(), "File too large");
+  EXPECT_EQ(content(), "the old one");
+  expectNothingLeftLying();
+}
+
+TEST_F(InPlace, AFileThatIsNotThereIsNotMade) {
+  EXPECT_NE(wordsOf([&] { exchangeWhole(path(), "x"); }), "nothing failed");
+  EXPECT_TRUE(QDir(folder_.path()).entryList(QDir::Files).isEmpty());
+}
+
+TEST_F(InPlace, TheDataFolderIsTheUsersOwnAndIsMade) {
+  const QString folder = QString::fromStdString(dataFolder());
+  EXPECT_TRUE(folder.startsWith(qEnvironmentVariable("XDG_DATA_HOME"))) << folder.toStdString();
+  EXPECT_TRUE(QDir(folder).exists());
+}
+
+TEST_F(FilesTest, RenamesAndSaysWhyItCannot) {
+  put("x");
+  renameWhole(path(), path("other.cfg"));
+  EXPECT_EQ(content("other.cfg"), "x");
+  EXPECT_NE(wordsOf([&] { renameWhole(path("gone.cfg"), path("new.cfg")); }), "nothing failed");
+}
+
 // ---- the choosers
 
 TEST_F(FilesTest, OffersTheFiltersAsTheToolkitWantsThem) {

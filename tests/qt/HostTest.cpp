@@ -100,6 +100,14 @@ TEST_F(HostTest, AQuestionIsAnsweredByButtonsAndEscapeIsNo) {
   EXPECT_EQ(ask(), Answer::no);
 }
 
+TEST_F(HostTest, AQuestionThatIsBetterDeniedHasNoUnderEnter) {
+  for (const auto& [buttons, answer] :
+       {std::pair(Buttons::noYes, Answer::no), {Buttons::yesNo, Answer::yes}}) {
+    onBox([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    EXPECT_EQ(host_.messageBox("Sure?", "", Icon::question, buttons), answer);
+  }
+}
+
 TEST_F(HostTest, KeepsSettings) {
   const std::string path = "Torvane Configuration/Persist/CommPort";
   EXPECT_EQ(host_.setting(path), "");
@@ -240,6 +248,7 @@ TEST_F(HostTest, OpensThePortThatTheSettingsName) {
   setHost(nullptr);
   QtHost host;
   setHost(&host);
+  host.beforeTheEnd = [] { return "The setup is kept."; };
   auto& test = form<TestForm>();
   int boxes = 0;
   QTimer::singleShot(0, [&] {
@@ -260,7 +269,7 @@ TEST_F(HostTest, OpensThePortThatTheSettingsName) {
 
 TEST_F(HostTest, AnErrorEndsTheProgramInOrder) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
-  EXPECT_EXIT(failInDepth(), testing::ExitedWithCode(1), "1 box: Overflow");
+  EXPECT_EXIT(failInDepth(), testing::ExitedWithCode(1), "1 box: Overflow[[:space:]]+The setup is kept.");
 }
 
 }  // namespace

@@ -21,6 +21,7 @@ int main(int argc, char** argv) {
   testing::InitGoogleMock(&argc, argv);
   const QTemporaryDir settings;
   qputenv("XDG_CONFIG_HOME", settings.path().toUtf8());
+  qputenv("XDG_DATA_HOME", settings.path().toUtf8());
   if (!qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
   }

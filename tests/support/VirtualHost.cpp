@@ -113,7 +113,7 @@ Answer VirtualHost::messageBox(std::string_view text, std::string_view title, Ic
   boxes.push_back({std::string(text), std::string(title), icon, buttons});
   if (announced_.empty() || boxes.back().text.find(announced_.front().part) == std::string::npos) {
     if (!toleratesBoxes) ADD_FAILURE() << "nobody expected the box: " << text;
-    return buttons == Buttons::yesNo ? Answer::no : Answer::ok;
+    return buttons == Buttons::ok ? Answer::ok : Answer::no;
   }
   const Announced announced = announced_.front();
   announced_.pop_front();
@@ -166,6 +166,19 @@ void VirtualHost::exchangeFile(const std::string& path, std::string_view bytes) 
 void VirtualHost::replaceFile(const std::string& path, std::string_view bytes) {
   if (!diskFault.empty()) throw RuntimeError(Fault::fileFault, diskFault);
   files[path] = bytes;
+}
+
+void VirtualHost::renameFile(const std::string& from, const std::string& to) {
+  if (!diskFault.empty()) throw RuntimeError(Fault::fileFault, diskFault);
+  const auto found = files.find(from);
+  if (found == files.end()) throw RuntimeError(Fault::fileNotFound, "No such file or directory");
+  files[to] = found->second;
+  files.erase(found);
+}
+
+void VirtualHost::fail(const std::string& description) {
+  failures.push_back(description);
+  if (beforeTheEnd) lastWords.push_back(beforeTheEnd());
 }
 
 std::string VirtualHost::serialPortHint(int commPort) { return "COM " + std::to_string(commPort) + " here"; }

@@ -55,6 +55,7 @@ class VirtualHost : public Host {
   std::vector<std::string> events;           // "show frmSplash", "hide frmSplash", "repaint ..." and so on
   std::vector<std::string> failures;
   std::string clipboard;
+  std::vector<std::string> lastWords;  // what the box of a failure says of the setup
   int beeps = 0;
   int portOpenings = 0;
 
@@ -93,13 +94,18 @@ class VirtualHost : public Host {
   void exchangeFile(const std::string& path, std::string_view bytes) override;
   void replaceFile(const std::string& path, std::string_view bytes) override;
   void copyText(std::string_view text) override { clipboard = text; }
-  bool fileExists(const std::string& path) override { return !missingFiles.contains(path); }
+  // What a test says nothing of is there, but for the user's data.
+  bool fileExists(const std::string& path) override {
+    return path.starts_with(dataFolder()) ? files.contains(path) : !missingFiles.contains(path);
+  }
+  void renameFile(const std::string& from, const std::string& to) override;
+  std::string dataFolder() override { return "/data"; }
   std::string programFolder() override { return "/program"; }
   std::unique_ptr<Printer> choosePrinter(const std::string& document) override;
   std::string today() override { return "2026-03-01"; }
   std::string utcNow() override { return "2026-03-01T09:30:00Z"; }
   void showHelp(const std::string& path) override { events.push_back("help " + path); }
-  void fail(const std::string& description) override { failures.push_back(description); }
+  void fail(const std::string& description) override;
 
   // For sockets.
   void attach(VirtualSocket& socket) { sockets_.push_back(&socket); }

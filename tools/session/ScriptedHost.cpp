@@ -56,7 +56,7 @@ std::string ScriptedHost::chooseFileToSave(const std::string& filter) { return c
 
 Answer ScriptedHost::messageBox(std::string_view text, std::string_view, Icon, Buttons buttons) {
   boxes.emplace_back(text);
-  return buttons == Buttons::yesNo ? answer : Answer::ok;
+  return buttons == Buttons::ok ? Answer::ok : answer;
 }
 
 std::unique_ptr<Printer> ScriptedHost::choosePrinter(const std::string& document) {

@@ -2,11 +2,14 @@
 // Files on the disk.
 #include "platform/qt/QtFiles.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QStandardPaths>
 #include <QStringList>
+#include <QTemporaryFile>
 #include <algorithm>
 
 #include "platform/RuntimeError.h"
@@ -26,7 +29,7 @@ void openOrThrow(QFileDevice& file, QIODevice::OpenMode mode) {
 }
 
 // A disk that is full takes a part first; only the next portion tells why.
-void put(QSaveFile& to, const char* bytes, qint64 count) {
+void put(QFileDevice& to, const char* bytes, qint64 count) {
   while (count > 0) {
     const qint64 written = to.write(bytes, count);
     if (written <= 0) failed(to, Fault::fileFault);
@@ -47,10 +50,67 @@ void copyTail(const QString& path, qint64 from, QSaveFile& to) {
   }
 }
 
+void putAll(QFileDevice& to, const char* bytes, qint64 count) {
+  if (!to.seek(0)) failed(to, Fault::fileFault);
+  put(to, bytes, count);
+  if (!to.flush()) failed(to, Fault::fileFault);
+}
+
+// The old bytes lie here as well while a file is written over in place. Without room here they lie in memory
+// alone.
+class Spare {
+ public:
+  explicit Spare(const QByteArray& bytes) {
+    file_.setFileTemplate(QString::fromStdString(dataFolder()) + "/before-save-XXXXXX.cfg");
+    whole_ = file_.open() && file_.write(bytes) == bytes.size() && file_.flush();
+  }
+  // Where the bytes stay from now on; empty: nowhere.
+  std::string keep() {
+    if (!whole_) return "";
+    file_.setAutoRemove(false);
+    return typed(file_.fileName());
+  }
+
+ private:
+  QTemporaryFile file_;
+  bool whole_ = false;
+};
+
+void restore(QFile& file, const QByteArray& old, qint64 oldSize, Spare& spare, const RuntimeError& reason) {
+  try {
+    putAll(file, old.constData(), old.size());
+    if (!file.resize(oldSize)) failed(file, Fault::fileFault);
+  } catch (const RuntimeError&) {
+    const std::string kept = spare.keep();
+    if (kept.empty()) return;
+    throw RuntimeError(Fault::fileFault, std::string(reason.what()) + ". The old content is in " + kept);
+  }
+}
+
+void writeInPlace(QFile& file, std::string_view bytes, bool keepsTail) {
+  const auto size = static_cast<qint64>(bytes.size());
+  const qint64 oldSize = file.size();
+  const QByteArray old = keepsTail ? file.read(size) : file.readAll();
+  if (file.error() != QFileDevice::NoError) failed(file, Fault::fileFault);
+  Spare spare(old);
+  try {
+    putAll(file, bytes.data(), size);
+    if (!keepsTail && !file.resize(size)) failed(file, Fault::fileFault);
+  } catch (const RuntimeError& error) {
+    restore(file, old, oldSize, spare, error);
+    throw;
+  }
+}
+
 void write(const std::string& path, std::string_view bytes, bool keepsTail) {
   const QString name = QString::fromStdString(path);
   QSaveFile file(name);
-  openOrThrow(file, QIODevice::WriteOnly);
+  if (!file.open(QIODevice::WriteOnly)) {
+    QFile present(name);
+    const bool over = QFileInfo(name).isFile() && present.open(QIODevice::ReadWrite | QIODevice::Unbuffered);
+    if (!over) failed(file, Fault::fileFault);
+    return writeInPlace(present, bytes, keepsTail);
+  }
   put(file, bytes.data(), static_cast<qint64>(bytes.size()));
   if (keepsTail) copyTail(name, static_cast<qint64>(bytes.size()), file);
   if (!file.flush() || !file.commit()) failed(file, Fault::fileFault);
@@ -92,6 +152,17 @@ std::string FileChooser::save(const QString& filters, const QString& suffix, con
 std::string FileChooser::remember(const QString& path) {
   if (!path.isEmpty()) folder_ = QFileInfo(path).absolutePath();
   return typed(path);
+}
+
+std::string dataFolder() {
+  const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+  QDir().mkpath(folder);
+  return typed(folder);
+}
+
+void renameWhole(const std::string& from, const std::string& to) {
+  QFile file(QString::fromStdString(from));
+  if (!file.rename(QString::fromStdString(to))) failed(file, Fault::fileFault);
 }
 
 std::string readWhole(const std::string& path, std::size_t most) {

@@ -47,6 +47,7 @@ void setButtons(QMessageBox& box, Buttons buttons) {
   }
   box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
   box.setEscapeButton(QMessageBox::No);
+  if (buttons == Buttons::noYes) box.setDefaultButton(QMessageBox::No);
 }
 
 Answer answerOf(int button) {
@@ -168,10 +169,15 @@ std::string QtHost::programFolder() { return typed(QCoreApplication::application
 
 bool QtHost::fileExists(const std::string& path) { return QFileInfo(QString::fromStdString(path)).isFile(); }
 
+void QtHost::renameFile(const std::string& from, const std::string& to) { renameWhole(from, to); }
+
+std::string QtHost::dataFolder() { return ::dataFolder(); }
+
 void QtHost::fail(const std::string& description) {
   if (failing_) return;
   failing_ = true;
-  messageBox(description, "", Icon::critical, Buttons::ok);
+  const std::string kept = beforeTheEnd ? beforeTheEnd() : "";
+  messageBox(kept.empty() ? description : description + "\r\r" + kept, "", Icon::critical, Buttons::ok);
   closeAllSerialPorts();
   settings_.sync();
   std::exit(EXIT_FAILURE);

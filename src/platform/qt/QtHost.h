@@ -47,6 +47,8 @@ class QtHost : public Host {
   void replaceFile(const std::string& path, std::string_view bytes) override;
   void copyText(std::string_view text) override;
   bool fileExists(const std::string& path) override;
+  void renameFile(const std::string& from, const std::string& to) override;
+  std::string dataFolder() override;
   std::string programFolder() override;
 
   std::unique_ptr<Printer> choosePrinter(const std::string& document) override;

@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+// The setup of the main window as a file: what the choosers do with one, and what is left of a program that
+// had to end.
+#pragma once
+
+#include <string>
+
+// Examines the file first. What can't be read is refused in a box, what is no setup is asked about; false:
+// nothing has changed, and the user may choose another.
+bool openConfiguration(const std::string& path);
+// What can't be written is refused in a box; false: the setup and the file's name are as they were.
+bool saveConfiguration(const std::string& path);
+
+// Keeps the present setup in the user's data folder. Gives what to say of it, nothing where it could not be
+// kept; never fails.
+std::string keepForRescue();
+// Offers a setup that was kept so, once: it stays under another name, opened or not.
+void offerRescue();
