@@ -3,7 +3,6 @@
 #include "dialogs/SetupFiles.h"
 
 #include <cmath>
-#include <exception>
 
 #include "core/ConfigCheck.h"
 #include "core/ConfigFile.h"
@@ -92,7 +91,7 @@ std::string keepForRescue() {
     if (host().fileExists(path)) settle(path);
     host().exchangeFile(path, setup);
     return "Your setup is kept and is offered at the next start:\r" + path;
-  } catch (const std::exception&) {
+  } catch (...) {
     return "";  // the error that ends the program is the one to show
   }
 }
@@ -103,5 +102,9 @@ void offerRescue() {
   const Answer answer = messageBox(
       "The program ended with an error. The setup of that moment was kept:\r" + path + "\r\rOpen it now?", "",
       Icon::question, Buttons::yesNo);
-  if (answer == Answer::yes) openConfiguration(path);
+  if (answer != Answer::yes) return;
+  const std::int16_t warningsOff = Global.WarningsOff;
+  Global.WarningsOff = True;  // as for every opening: the file's entries are not the user's
+  openConfiguration(path);
+  Global.WarningsOff = warningsOff;
 }

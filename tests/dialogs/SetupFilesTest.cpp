@@ -157,6 +157,7 @@ TEST_F(Rescue, KeepsTheSetupOfTheWindowAndOffersItOnce) {
   offerRescue();
   EXPECT_EQ(editor.txtSp1.text(), "123.4");
   EXPECT_EQ(Global.FileName, "/data/rescued-1.cfg");
+  EXPECT_EQ(Global.WarningsOff, False);
   EXPECT_TRUE(host.files.contains("/data/rescued-1.cfg"));
   EXPECT_FALSE(host.files.contains(rescue));
   offerRescue();
