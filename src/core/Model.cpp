@@ -25,6 +25,12 @@ void resetDeviceState() {
   }
 }
 
+void settleDeviceClass() {
+  const bool rkw77 = DeviceState.IsRkw77 != False;
+  if (DeviceState.DeviceClass < 0 || (DeviceState.DeviceClass == 0) == rkw77) return;
+  DeviceState.DeviceClass = rkw77 ? 0 : 1;
+}
+
 int meterKind() {
   int result = kind::fullController;
   if (Memo[rec::menuKind].extra == 2) result = kind::simpleMenu;

@@ -59,6 +59,10 @@ inline constexpr const char* factoryBaseModel = "Tv[8,16,32]";
 // What identification has found out is forgotten; a fit of analog or none turns into SSR.
 void resetDeviceState();
 
+// After a run IsRkw77 tells the line of the unit, while DeviceClass may have come back from the setup before:
+// a class that is known follows.
+void settleDeviceClass();
+
 // The kind of unit that encoders, the read and the report work for. The last rule that holds wins.
 namespace kind {
 enum : int { fullController = 0, alarmsOnly = 1, simpleMenu = 2, monitorOnly = 3, rkw77 = 4 };

@@ -176,12 +176,12 @@ void frmHardware::settleModel() {
   showNumber();
 }
 
-// A user sees the model and answers for it. Where nobody looks, or the part number names none, the unit that
-// was found counts.
+// A user sees the model and answers for it. Where nobody looks, the unit is what the run before took it for:
+// IsRkw77 tells it, while the class may still be that of the setup before.
 bool frmHardware::isRkw77Unit() const {
+  if (!visible()) return DeviceState.IsRkw77 != False;
   const bool named = listedModelRow(cboModel.items(), Hardware.ModelNumber) >= 0;
-  if (named && (visible() || DeviceState.DeviceClass < 0)) return namesRkw77(BaseModel);
-  return DeviceState.DeviceClass == rkw77Family;
+  return named ? namesRkw77(BaseModel) : DeviceState.DeviceClass == rkw77Family;
 }
 
 void frmHardware::showRow(int row) {

@@ -24,6 +24,7 @@ void frmBigFolder::cmdCnfg_Click() {
   simpleMenuShown_ = Memo[rec::menuKind].extra == simpleMenuKind;
   if (isLoaded<frmHardware>() && !form<frmHardware>().isOfThisUnit()) ::unload<frmHardware>();
   if (SilentSetup != False) {
+    settleDeviceClass();
     form<frmHardware>().cmdOk_Click();
   } else {
     form<frmHardware>().showModal();
