@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Writes over a file again and again, in turn with "a" and with "b", until it is killed or something fails.
-// With a second argument no file may grow beyond so many bytes, as on a disk that is full.
+// With a second argument no file may grow beyond that many bytes, as on a disk that is full; with a third the
+// file is written over in place.
 #include <sys/resource.h>
 
 #include <csignal>
@@ -19,7 +20,7 @@ int main(int argc, char** argv) {
   }
   try {
     for (char letter = 'a';; letter = letter == 'a' ? 'b' : 'a')
-      exchangeWhole(argv[1], std::string(50000, letter));
+      (argc > 3 ? overwriteWhole : exchangeWhole)(argv[1], std::string(50000, letter));
   } catch (const RuntimeError& error) {
     std::fputs(error.what(), stdout);
     return 1;

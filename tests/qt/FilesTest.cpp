@@ -137,7 +137,8 @@ TEST_F(FilesTest, AKillInTheMiddleLeavesTheOldOneOrTheNewOne) {
 
 // ---- a folder that takes no second file
 
-// A name so long that a temporary file beside it would have one too long.
+// A name so long that a temporary file beside it would have one too long. It holds for every user, root as
+// well, whom no folder refuses anything.
 class InPlace : public FilesTest {
  protected:
   InPlace() { qputenv("XDG_DATA_HOME", data_.path().toUtf8()); }
@@ -175,7 +176,7 @@ TEST_F(InPlace, TheFileIsWrittenOver) {
 TEST_F(InPlace, AFullDiskBringsTheOldBytesBack) {
   put("the old one");
   QProcess saver;
-  saver.start(FILE_SAVER, {at(name_.constData()), "1000"});
+  saver.start(FILE_SAVER, {at(name_.constData()), "1000", "in place"});
   ASSERT_TRUE(saver.waitForFinished());
   EXPECT_EQ(saver.exitCode(), 1);
   EXPECT_EQ(saver.readAllStandardOutput(), "File too large");
@@ -184,7 +185,7 @@ TEST_F(InPlace, AFullDiskBringsTheOldBytesBack) {
 }
 
 TEST_F(InPlace, AFileThatIsNotThereIsNotMade) {
-  EXPECT_NE(wordsOf([&] { exchangeWhole(path(), "x"); }), "nothing failed");
+  EXPECT_NE(wordsOf([&] { overwriteWhole(path(), "x"); }), "nothing failed");
   EXPECT_TRUE(QDir(folder_.path()).entryList(QDir::Files).isEmpty());
 }
 

@@ -102,18 +102,27 @@ void writeInPlace(QFile& file, std::string_view bytes, bool keepsTail) {
   }
 }
 
+bool openPresent(QFile& file) {
+  return QFileInfo(file).isFile() && file.open(QIODevice::ReadWrite | QIODevice::Unbuffered);
+}
+
+// A folder may refuse the second file at once, or only when it is to take the name of the first. False:
+// nothing has happened to the first.
+bool exchange(QSaveFile& file, std::string_view bytes, bool keepsTail) {
+  if (!file.open(QIODevice::WriteOnly)) return false;
+  put(file, bytes.data(), static_cast<qint64>(bytes.size()));
+  if (keepsTail) copyTail(file.fileName(), static_cast<qint64>(bytes.size()), file);
+  if (!file.flush()) failed(file, Fault::fileFault);
+  return file.commit();
+}
+
 void write(const std::string& path, std::string_view bytes, bool keepsTail) {
   const QString name = QString::fromStdString(path);
   QSaveFile file(name);
-  if (!file.open(QIODevice::WriteOnly)) {
-    QFile present(name);
-    const bool over = QFileInfo(name).isFile() && present.open(QIODevice::ReadWrite | QIODevice::Unbuffered);
-    if (!over) failed(file, Fault::fileFault);
-    return writeInPlace(present, bytes, keepsTail);
-  }
-  put(file, bytes.data(), static_cast<qint64>(bytes.size()));
-  if (keepsTail) copyTail(name, static_cast<qint64>(bytes.size()), file);
-  if (!file.flush() || !file.commit()) failed(file, Fault::fileFault);
+  if (exchange(file, bytes, keepsTail)) return;
+  QFile present(name);
+  if (!openPresent(present)) failed(file, Fault::fileFault);
+  writeInPlace(present, bytes, keepsTail);
 }
 
 }  // namespace
@@ -184,3 +193,9 @@ std::string readWhole(const std::string& path, std::size_t most) {
 void exchangeWhole(const std::string& path, std::string_view bytes) { write(path, bytes, true); }
 
 void replaceWhole(const std::string& path, std::string_view bytes) { write(path, bytes, false); }
+
+void overwriteWhole(const std::string& path, std::string_view bytes) {
+  QFile present(QString::fromStdString(path));
+  if (!openPresent(present)) failed(present, Fault::fileFault);
+  writeInPlace(present, bytes, true);
+}

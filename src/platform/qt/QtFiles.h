@@ -47,3 +47,5 @@ std::string readWhole(const std::string& path, std::size_t most);
 void exchangeWhole(const std::string& path, std::string_view bytes);
 // ... or goes.
 void replaceWhole(const std::string& path, std::string_view bytes);
+// What exchangeWhole does where the folder takes no second file.
+void overwriteWhole(const std::string& path, std::string_view bytes);
