@@ -8,6 +8,7 @@
 #include "dialogs/RunHead.h"
 #include "dialogs/SetupFiles.h"
 #include "editor/Replacement.h"
+#include "editor/frmBigFolder.h"
 #include "platform/Host.h"
 #include "protocol/frmSerial.h"
 
