@@ -93,7 +93,7 @@ class Comparing {
     const bool changes = (static_cast<std::uint32_t>(mask) & field.bits) != 0;
     // Digits that a write leaves alone and that mean the same are no difference; nor are the unit's own bits.
     if (inUnit == inSetup && (sameDigits || !changes)) {
-      comparison_.agree += isSetting(field) ? 1 : 0;
+      comparison_.agree += isSetting(field) ? std::size_t{1} : 0;
       return;
     }
     const bool onlyDigits = inUnit == inSetup || (!sameDigits && isRounding(field));
