@@ -79,9 +79,9 @@ bool pieces(Faults& faults, std::string_view argument) {
 bool lineEnd(Faults& faults, std::string_view argument) {
   constexpr std::array<std::pair<std::string_view, std::string_view>, 4> ends{
       {{"cr", "\r"}, {"lf", "\n"}, {"crlf", "\r\n"}, {"none", ""}}};
-  for (const auto& [name, bytes] : ends) {
+  for (const auto& [name, said] : ends) {
     if (name != argument) continue;
-    faults.lineEnd = bytes;
+    faults.lineEnd = said;
     return true;
   }
   return false;

@@ -8,8 +8,8 @@
 #include "core/Global.h"
 #include "core/Model.h"
 #include "core/NumberText.h"
-#include "dialogs/ReportSections.h"
 #include "editor/frmBigFolder.h"
+#include "knowledge/ReportSections.h"
 #include "platform/Host.h"
 
 namespace {

@@ -41,14 +41,14 @@ std::string rescueFile() { return host().dataFolder() + "/rescue.cfg"; }
 // The name under which a rescued setup stays: the next number that is free.
 std::string settledName() {
   for (std::int32_t number = 1;; ++number) {
-    const std::string name = host().dataFolder() + "/rescued-" + numberText(number) + ".cfg";
+    std::string name = host().dataFolder() + "/rescued-" + numberText(number) + ".cfg";
     if (!host().fileExists(name)) return name;
   }
 }
 
 // The file's present name: where it can't be renamed it keeps its own.
 std::string settle(const std::string& path) {
-  const std::string name = settledName();
+  std::string name = settledName();
   return attempt([&] { host().renameFile(path, name); }) ? name : path;
 }
 

@@ -109,7 +109,7 @@ void ScrollBar::putBack(const ControlState& state) {
 ControlState TabStrip::state() const {
   ControlState state = Control::state();
   state.number = tab_;
-  for (const auto& page : pages_) state.available.push_back(page->available);
+  for (const auto& each : pages_) state.available.push_back(each->available);
   return state;
 }
 

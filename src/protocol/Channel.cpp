@@ -44,12 +44,12 @@ std::string Channel::readRegister(std::string_view reg) {
   beginRegister();
   trace_ = {};
   readFailed = False;
-  const std::string command = "R" + indexOf(reg);
+  const std::string read = framed("R" + indexOf(reg));
   std::string reply;
   int loops = 0;
   bool accepted = false;
   for (int tries = 0; tries < rules_.readTries && !accepted; ++tries) {
-    query(framed(command), reply);
+    query(read, reply);
     noteReply(reply);
     accepted = !reply.empty() && !isRefused(reply);
     if (contains(reply, "*")) ++loops;
@@ -96,12 +96,14 @@ std::string Channel::changeRegister(std::string_view reg, const std::string& val
 
 std::string Channel::writeAndVerify(const std::string& reg, const std::string& merged, std::string reply) {
   const std::string good = addressPart() + "R" + reg + merged;
+  const std::string write = framed("W" + reg + merged);
+  const std::string read = framed("R" + reg);
   trace_.sent = merged;
   int loops = 0;
   for (int tries = 0; tries < rules_.writeTries; ++tries) {
-    query(framed("W" + reg + merged), reply);
+    query(write, reply);
     betweenCommands();
-    query(framed("R" + reg), reply);
+    query(read, reply);
     noteReply(reply);
     trace_.after = isRefused(reply) ? "" : dataOf(reply);
     if (isSame(reply, good)) return "Success";

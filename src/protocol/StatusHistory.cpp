@@ -48,6 +48,7 @@ void StatusHistory::end(const RunOutcome& outcome) {
 
 std::vector<HistoryLine> StatusHistory::lines() const {
   std::vector<HistoryLine> lines;
+  lines.reserve(static_cast<std::size_t>(list_.listCount()));
   for (int line = 0; line < list_.listCount(); ++line) {
     lines.push_back({list_.list(line), list_.itemMark(line) == Mark::error});
   }

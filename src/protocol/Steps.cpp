@@ -85,12 +85,12 @@ static_assert(std::end(steps)[-1].rule == busAddress, "what changes how a unit a
 constexpr std::size_t groupCount = 31;
 
 constexpr std::array<std::span<const RegisterStep>, groupCount> grouped() {
-  std::array<std::span<const RegisterStep>, groupCount> groups;
+  std::array<std::span<const RegisterStep>, groupCount> result;
   for (const RegisterStep& row : steps) {
-    auto& group = groups[static_cast<std::size_t>(row.step)];
+    auto& group = result[static_cast<std::size_t>(row.step)];
     group = group.empty() ? std::span(&row, 1) : std::span(group.data(), group.size() + 1);
   }
-  return groups;
+  return result;
 }
 
 constexpr auto groups = grouped();

@@ -142,7 +142,7 @@ std::string WriteWalk::send(const RegisterStep& row) {
     run_.view.box(encoded.notice->text, encoded.notice->title,
                   encoded.notice->critical ? Icon::critical : Icon::none);
   }
-  const std::string result = writeRegister(run_, channel_, row.reg, encoded.payload);
+  std::string result = writeRegister(run_, channel_, row.reg, encoded.payload);
   note(row, encoded, result);
   return result;
 }

@@ -1,8 +1,14 @@
 // SPDX-License-Identifier: MIT
 // How a unit or a file differs from a setup.
+#include <variant>
+
+#include "core/Model.h"
+#include "platform/Host.h"
+#include "tool/CompareReport.h"
+#include "tool/Connection.h"
 #include "tool/Declare.h"
+#include "tool/Setup.h"
 #include "tool/Subcommands.h"
-#include "tool/Unfinished.h"
 
 namespace tool {
 
@@ -16,10 +22,46 @@ void declare(CLI::App& app, Arguments& arguments) {
   declareUnit(app, arguments.line);
 }
 
+using Either = std::variant<EncodedSetup, UnitImage>;
+
+EncodedSetup asSetup(const Either& either) {
+  if (const auto* copy = std::get_if<UnitImage>(&either)) return setupOf(*copy, false);
+  return std::get<EncodedSetup>(either);
+}
+
+UnitImage asImage(const Either& either) {
+  if (const auto* setup = std::get_if<EncodedSetup>(&either)) return imageOf(*setup);
+  return std::get<UnitImage>(either);
+}
+
+UnitImage readUnit(const LineArguments& line, int kind) {
+  DeviceState.IsRkw77 = asFlag(kind == kind::rkw77);
+  Connection connection(line);
+  connection.meetForSetup();
+  return connection.readAll();
+}
+
+ExitCode run(const Arguments& arguments, const Output& output) {
+  Json object = answer("compare");
+  object["line"] = arguments.first;
+  const bool isFile = host().fileExists(arguments.first);
+  const Either first = isFile ? loadEither(arguments.first) : Either();
+  const EncodedSetup setup = asSetup(loadEither(arguments.setup));
+  LineArguments line = arguments.line;
+  if (!isFile) line.name = lineNamed(arguments.first);
+  const UnitImage unit = isFile ? asImage(first) : readUnit(line, setup.kind);
+  const Comparison comparison = compare(unit, setup);
+  object["settings"] = differingSettings(comparison);
+  object["registers"] = registerChanges(comparison);
+  object["verdict"] = comparison.same() ? "pass" : "fail";
+  output.print(object, comparisonTable(comparison));
+  return comparison.same() ? ExitCode::done : ExitCode::differs;
+}
+
 }  // namespace
 
 Subcommand compareCommand() {
-  return {"compare", "how a unit, or a file, differs from a setup file", declare, unfinished};
+  return {"compare", "how a unit, or a file, differs from a setup file", declare, run};
 }
 
 }  // namespace tool

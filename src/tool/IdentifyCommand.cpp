@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 // What the unit on a line is.
+#include "tool/Connection.h"
 #include "tool/Declare.h"
+#include "tool/Setup.h"
 #include "tool/Subcommands.h"
-#include "tool/Unfinished.h"
 
 namespace tool {
 
@@ -10,8 +11,25 @@ namespace {
 
 void declare(CLI::App& app, Arguments& arguments) { declareLine(app, arguments.line); }
 
+ExitCode run(const Arguments& arguments, const Output& output) {
+  beginRecords();
+  Connection connection(arguments.line);
+  connection.meet();
+  Json object = answer("identify");
+  object["line"] = lineText(arguments.line.name);
+  object["unit"] = unitObject(connection.outcome());
+  object["verdict"] = "pass";
+  std::string words;
+  for (const auto& [key, value] : object["unit"].items()) {
+    if (!value.is_null() && value != "")
+      words += key + ": " + (value.is_string() ? value.get<std::string>() : value.dump()) + '\n';
+  }
+  output.print(object, words);
+  return ExitCode::done;
+}
+
 }  // namespace
 
-Subcommand identifyCommand() { return {"identify", "what the unit on a line is", declare, unfinished}; }
+Subcommand identifyCommand() { return {"identify", "what the unit on a line is", declare, run}; }
 
 }  // namespace tool

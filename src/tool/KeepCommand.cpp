@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Keeps a copy of all registers of a unit.
+#include "tool/Connection.h"
 #include "tool/Declare.h"
+#include "tool/Setup.h"
 #include "tool/Subcommands.h"
-#include "tool/Unfinished.h"
 
 namespace tool {
 
@@ -14,8 +15,22 @@ void declare(CLI::App& app, Arguments& arguments) {
   declareFile(app, "--setup", arguments.setup, "a setup file that tells the kind of the unit");
 }
 
+ExitCode run(const Arguments& arguments, const Output& output) {
+  beginRecords();
+  if (!arguments.setup.empty()) loadSetup(arguments.setup);
+  Connection connection(arguments.line);
+  if (arguments.setup.empty()) {
+    connection.meet();
+  } else {
+    connection.meetForSetup();
+  }
+  const UnitImage copy = connection.readAll();
+  if (connection.outcome().end == RunEnd::finished) saveCopy(arguments.out, copy);
+  return report(connection.outcome(), arguments.line, answer("keep"), output);
+}
+
 }  // namespace
 
-Subcommand keepCommand() { return {"keep", "keeps a copy of all registers of a unit", declare, unfinished}; }
+Subcommand keepCommand() { return {"keep", "keeps a copy of all registers of a unit", declare, run}; }
 
 }  // namespace tool

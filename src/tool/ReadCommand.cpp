@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Reads a unit into a setup file.
+#include <algorithm>
+
+#include "core/Model.h"
+#include "tool/Connection.h"
 #include "tool/Declare.h"
+#include "tool/Models.h"
+#include "tool/Setup.h"
 #include "tool/Subcommands.h"
-#include "tool/Unfinished.h"
 
 namespace tool {
 
@@ -14,8 +19,43 @@ void declare(CLI::App& app, Arguments& arguments) {
   declareFile(app, "--keep", arguments.keep, "keep a copy of all registers as well");
 }
 
+// The setup is for the unit that was read.
+void takeUnit(const LineArguments& line) {
+  const bool rkw77 = DeviceState.IsRkw77 != False;
+  BaseModel = rkw77 ? "Rkw77[case]" : factoryBaseModel;
+  DeviceState.DeviceClass = rkw77 ? 0 : std::max(DeviceState.DeviceClass, 1);
+  const bool isPartNumber = !line.model.empty() && line.model != typeOfUnit();
+  if (isPartNumber) Hardware.ModelNumber = line.model;
+  if (!isPartNumber && rkw77) Hardware.ModelNumber = BaseModel;
+}
+
+bool cameToRegisters(const RunOutcome& outcome) {
+  return outcome.end != RunEnd::noUnit && outcome.end != RunEnd::otherLine && !outcome.registers.empty();
+}
+
+ExitCode run(const Arguments& arguments, const Output& output) {
+  beginRecords();
+  RunOutcome outcome;
+  {
+    Connection connection(arguments.line);
+    connection.read();
+    outcome = connection.outcome();
+  }
+  const bool isWhole = cameToRegisters(outcome) && outcome.end == RunEnd::finished;
+  if (isWhole) {
+    takeUnit(arguments.line);
+    saveSetup(arguments.out);
+  }
+  if (isWhole && !arguments.keep.empty()) {
+    Connection connection(arguments.line);
+    connection.meet();
+    saveCopy(arguments.keep, connection.readAll());
+  }
+  return report(outcome, arguments.line, answer("read"), output);
+}
+
 }  // namespace
 
-Subcommand readCommand() { return {"read", "reads a unit into a setup file", declare, unfinished}; }
+Subcommand readCommand() { return {"read", "reads a unit into a setup file", declare, run}; }
 
 }  // namespace tool

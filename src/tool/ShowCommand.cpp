@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The settings of a setup file.
+#include "core/Model.h"
+#include "tool/Csv.h"
 #include "tool/Declare.h"
+#include "tool/Settings.h"
+#include "tool/Setup.h"
 #include "tool/Subcommands.h"
-#include "tool/Unfinished.h"
 
 namespace tool {
 
@@ -14,10 +17,42 @@ void declare(CLI::App& app, Arguments& arguments) {
   declareFile(app, "--pdf", arguments.pdf, "the report as a PDF");
 }
 
+Json objectOf(const std::string& file, const std::vector<NamedSetting>& settings) {
+  Json object = answer("show");
+  object["file"] = file;
+  object["unit"] = {{"kind", meterKind()}, {"model", Hardware.ModelNumber}};
+  object["settings"] = Json::array();
+  for (const auto& [section, name, value] : settings)
+    object["settings"].push_back({{"section", section}, {"name", name}, {"value", value}});
+  return object;
+}
+
+std::string csvOf(const std::vector<NamedSetting>& settings) {
+  std::string text = csvLine({"section", "name", "value"});
+  for (const auto& [section, name, value] : settings) text += csvLine({section, name, value});
+  return text;
+}
+
+std::string wordsOf(const std::vector<NamedSetting>& settings) {
+  std::vector<std::vector<std::string>> rows{{"SECTION", "NAME", "VALUE"}};
+  for (const auto& [section, name, value] : settings) rows.push_back({section, name, value});
+  return tableText(rows);
+}
+
+ExitCode run(const Arguments& arguments, const Output& output) {
+  if (!arguments.pdf.empty()) {
+    throw Problem(ExitCode::usage, "--pdf is not built in yet", "The main program prints to a PDF.");
+  }
+  loadSetup(arguments.setup);
+  const std::vector<NamedSetting> settings = settingsOfRecords();
+  output.print(objectOf(arguments.setup, settings), arguments.csv ? csvOf(settings) : wordsOf(settings));
+  return ExitCode::done;
+}
+
 }  // namespace
 
 Subcommand showCommand() {
-  return {"show", "the settings of a setup file in the report's words", declare, unfinished};
+  return {"show", "the settings of a setup file in the report's words", declare, run};
 }
 
 }  // namespace tool

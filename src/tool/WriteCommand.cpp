@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Writes a setup file to a unit.
+#include <optional>
+
+#include "platform/Host.h"
+#include "tool/CompareReport.h"
+#include "tool/Connection.h"
 #include "tool/Declare.h"
+#include "tool/Setup.h"
 #include "tool/Subcommands.h"
-#include "tool/Unfinished.h"
 
 namespace tool {
 
@@ -19,10 +24,74 @@ void declare(CLI::App& app, Arguments& arguments) {
   app.add_option("--who", arguments.who, "who writes, for the record")->type_name("NAME")->needs(record);
 }
 
+// The unit as it stands, held against the setup.
+Comparison held(const LineArguments& line, const EncodedSetup& setup) {
+  Connection connection(line);
+  connection.meetForSetup();
+  return compare(connection.readAll(), setup);
+}
+
+ExitCode dryRun(const Arguments& arguments, const Output& output) {
+  const Comparison comparison = held(arguments.line, encodeSetup());
+  Json object = answer("write");
+  object["line"] = lineText(arguments.line.name);
+  object["dryRun"] = true;
+  object["settings"] = differingSettings(comparison);
+  object["registers"] = registerChanges(comparison);
+  object["verdict"] = comparison.unread == 0 ? "pass" : "fail";
+  output.print(object, comparisonTable(comparison) + "Nothing was written.\n");
+  return comparison.unread == 0 ? ExitCode::done : ExitCode::differs;
+}
+
+Json foundAndLeft(const Comparison& before) {
+  Json settings = Json::array();
+  for (const DifferingSetting& each : before.settings) {
+    const std::string left = each.change == Change::kept ? each.inUnit : each.inSetup;
+    settings.push_back(
+        {{"section", each.section}, {"name", each.name}, {"found", each.inUnit}, {"left", left}});
+  }
+  return settings;
+}
+
+// What the run itself saw of the unit before it wrote.
+UnitImage imageBefore(const RunOutcome& outcome, int kind) {
+  UnitImage image;
+  image.kind = kind;
+  for (const RegisterOutcome& each : outcome.registers) contentOf(image, each.reg).payload = each.before;
+  return image;
+}
+
+void keepRecord(const Arguments& arguments, const RunOutcome& outcome, const EncodedSetup& setup) {
+  Json record = answer("record");
+  record["time"] = outcome.startedAt;
+  record["who"] = arguments.who;
+  record["line"] = lineText(arguments.line.name);
+  record["unit"] = unitObject(outcome);
+  record["settings"] = foundAndLeft(compare(imageBefore(outcome, setup.kind), setup));
+  record["registers"] = registersOf(outcome);
+  record["verdict"] = outcome.passed() ? "pass" : "fail";
+  try {
+    host().replaceFile(arguments.record, record.dump(2, ' ', false, Json::error_handler_t::replace) + '\n');
+  } catch (const RuntimeError& fault) {
+    throw Problem(ExitCode::file, arguments.record + ": " + fault.what(), "The unit was written to.");
+  }
+}
+
+ExitCode run(const Arguments& arguments, const Output& output) {
+  if (!arguments.record.empty() && host().fileExists(arguments.record)) {
+    throw Problem(ExitCode::file, arguments.record + " is there already", "A record is a new file.");
+  }
+  loadSetup(arguments.setup);
+  if (arguments.dryRun) return dryRun(arguments, output);
+  const EncodedSetup setup = encodeSetup();
+  Connection connection(arguments.line);
+  connection.write(arguments.reset, arguments.force);
+  if (!arguments.record.empty()) keepRecord(arguments, connection.outcome(), setup);
+  return report(connection.outcome(), arguments.line, answer("write"), output);
+}
+
 }  // namespace
 
-Subcommand writeCommand() {
-  return {"write", "writes a setup file to a unit and verifies it", declare, unfinished};
-}
+Subcommand writeCommand() { return {"write", "writes a setup file to a unit and verifies it", declare, run}; }
 
 }  // namespace tool

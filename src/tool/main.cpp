@@ -8,7 +8,9 @@
 
 #include "core/Program.h"
 #include "platform/RuntimeError.h"
+#include "platform/qt/io/Terminal.h"
 #include "tool/CommandLine.h"
+#include "tool/ToolHost.h"
 
 namespace {
 
@@ -34,5 +36,8 @@ int main(int count, char** words) {
   const QCoreApplication application(count, words);
   QCoreApplication::setApplicationName(program::title);
   QCoreApplication::setOrganizationName(program::company);
+  tool::ToolHost host;
+  setHost(&host);
+  watchInterrupts();
   return run({words + 1, words + count});
 }

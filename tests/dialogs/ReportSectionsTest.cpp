@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "dialogs/ReportSections.h"
+#include "knowledge/ReportSections.h"
 #include "tests/dialogs/ReportBench.h"
 
 namespace {

@@ -13,7 +13,7 @@
 #include "core/Memo.h"
 #include "core/Model.h"
 #include "core/NumberText.h"
-#include "dialogs/ReportSections.h"
+#include "knowledge/ReportSections.h"
 #include "protocol/Scale.h"
 #include "protocol/Steps.h"
 #include "tests/support/RandomMemo.h"

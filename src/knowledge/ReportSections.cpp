@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The sections of the report.
-#include "dialogs/ReportSections.h"
+#include "knowledge/ReportSections.h"
 
 #include "core/Choices.h"
 #include "core/Memo.h"

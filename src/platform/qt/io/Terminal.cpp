@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+// What a program without windows has of its terminal.
+#include "platform/qt/io/Terminal.h"
+
+#include <atomic>
+#include <csignal>
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace {
+
+std::atomic<bool> interrupted = false;
+static_assert(std::atomic<bool>::is_always_lock_free);
+
+constexpr int errorOutput = 2;
+
+void noteInterrupt(int signal) {
+  interrupted = true;
+  std::signal(signal, SIG_DFL);
+}
+
+}  // namespace
+
+bool errorsGoToATerminal() {
+#ifdef _WIN32
+  return _isatty(errorOutput) != 0;
+#else
+  return isatty(errorOutput) != 0;
+#endif
+}
+
+void watchInterrupts() {
+  std::signal(SIGINT, noteInterrupt);
+  std::signal(SIGTERM, noteInterrupt);
+}
+
+bool wasInterrupted() { return interrupted; }

@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: MIT
+// What a program without windows has of its terminal.
+#pragma once
+
+// Whether a person looks at what goes to the error output.
+bool errorsGoToATerminal();
+
+// From here on Ctrl+C no longer ends the program but is remembered; a second one ends it.
+void watchInterrupts();
+bool wasInterrupted();

@@ -1,0 +1,244 @@
+// SPDX-License-Identifier: MIT
+// One unit on one line, and the runs with it.
+#include "tool/Connection.h"
+
+#include "core/Global.h"
+#include "core/Memo.h"
+#include "core/Model.h"
+#include "network/NetworkAccess.h"
+#include "network/NetworkRuns.h"
+#include "platform/Host.h"
+#include "platform/qt/io/DeviceFile.h"
+#include "protocol/Probe.h"
+#include "protocol/Waits.h"
+#include "protocol/WriteRun.h"
+#include "reading/MeterType.h"
+#include "reading/ReadRun.h"
+#include "runs/ImageRun.h"
+#include "tool/Models.h"
+#include "tool/Setup.h"
+#include "tool/ToolHost.h"
+
+namespace tool {
+
+namespace {
+
+constexpr double connectLimit = 2.0;  // seconds, as a run waits
+constexpr std::int16_t probeForRun = 4;
+constexpr std::int16_t resetOnly = 1;
+constexpr int versionLength = 3;
+
+constexpr const char* checkLine = "Check the wiring, the line settings and the address.";
+constexpr const char* otherLineHint = "Nothing was written. Use the setup of this unit's line, or --force.";
+
+[[noreturn]] void noUnit(const std::string& line) {
+  throw Problem(ExitCode::noUnit, "no unit answers on " + line, checkLine);
+}
+
+[[noreturn]] void noBridge(const std::string& line) {
+  throw Problem(ExitCode::port, "no connection to the bridge at " + line,
+                "Check its address, its port and the network.");
+}
+
+std::unique_ptr<SerialPort> portOf(const LineArguments& line) {
+  toolHost().device = line.name.device;
+  auto port = host().makeSerialPort();
+  port->commPort = line.name.device.empty() ? line.name.commPort : 1;
+  port->settings = chooseLine(line);
+  return port;
+}
+
+}  // namespace
+
+Connection::Connection(const LineArguments& line)
+    : line_(line), port_(portOf(line)), serial_(*port_), socket_(host().makeSocket()), network_(*socket_) {
+  Global.CancelFlag = False;
+  if (!line_.name.overBridge()) mustBeOpenable();
+}
+
+void Connection::mustBeOpenable() {
+  try {
+    port_->open();
+    port_->close();
+  } catch (const RuntimeError& fault) {
+    const std::string device = toolHost().deviceOf(port_->commPort);
+    const auto holder = device.empty() ? std::nullopt : deviceHolder(device);
+    const std::string who = holder ? holder->program + " (process " + std::to_string(holder->process) +
+                                         ") has " + device + " open."
+                                   : "See torvane-unit ports.";
+    throw Problem(ExitCode::port, lineText(line_.name) + ": " + fault.what(), who);
+  }
+}
+
+Channel& Connection::channel() {
+  if (line_.name.overBridge()) return network_;
+  return serial_;
+}
+
+void Connection::begin(bool reading) {
+  run_.reading = reading;
+  beginOutcome(run_,
+               line_.name.overBridge() ? lineText(line_.name) : lineText(line_.name) + " " + port_->settings);
+}
+
+bool Connection::answers() {
+  std::string reply;
+  if (line_.name.overBridge()) {
+    connectToBridge();
+    reply = network_.command(framed("U03"));
+  } else {
+    serial_.openIfClosed();
+    reply = serial_.command(framed("U03"));
+    serial_.closeIfOpen();
+  }
+  return !reply.empty() && !contains(reply, "Time");
+}
+
+void Connection::meet() {
+  if (namesLine(line_.model)) DeviceState.IsRkw77 = asFlag(lineOf(line_.model) == UnitFamily::rkw77);
+  begin(true);
+  if (line_.name.overBridge()) {
+    meetOverBridge();
+  } else {
+    meetOnSerial();
+  }
+  mustFitModel();
+}
+
+void Connection::meetForSetup() {
+  const std::int16_t setupIsRkw77 = DeviceState.IsRkw77;
+  meet();
+  if (DeviceState.IsRkw77 == setupIsRkw77) return;
+  throw Problem(ExitCode::noUnit,
+                "a unit of the other line than the setup's answers on " + lineText(line_.name),
+                otherLineHint);
+}
+
+// A port that fails in the middle of the probe ends it as if a unit had been found; what it said tells.
+void Connection::meetOnSerial() {
+  std::int16_t mode = probeForRun;
+  view_.said.clear();
+  const std::string found = comOK(run_, serial_, mode);
+  if (!found.empty()) noUnit(lineText(line_.name));
+  if (view_.said.starts_with("Encountered an error")) {
+    throw Problem(ExitCode::port, lineText(line_.name) + ": the port failed", view_.said);
+  }
+}
+
+void Connection::connectToBridge() {
+  if (socket_->state() == SocketState::connected) return;
+  network_.takeTarget();
+  network_.connect();
+  if (!waitFor(network_.socketConnected, connectLimit)) noBridge(lineText(line_.name));
+}
+
+void Connection::meetOverBridge() {
+  connectToBridge();
+  if (!NetworkCommunicationOK(run_, network_, detection_, false)) {
+    if (run_.outcome.end != RunEnd::otherLine) noUnit(lineText(line_.name));
+    DeviceState.IsRkw77 = asFlag(DeviceState.IsRkw77 == False);
+    run_.outcome.end = RunEnd::finished;
+  }
+  const std::int16_t isRkw77 = DeviceState.IsRkw77;
+  std::int16_t type = -1;
+  TcpCheckForMeterType(run_, network_, type);
+  DeviceState.IsRkw77 = isRkw77;
+  if (type >= 0) announce(run_, type, "");
+  askVersion();
+}
+
+void Connection::askVersion() {
+  const std::string reply = network_.command(framed("U03"));
+  const std::size_t mark = reply.find('U');
+  if (mark == std::string::npos || contains(reply, "Time")) return;
+  Global.FirmwareVersion = reply.size() > mark + 3 ? reply.substr(mark + 3, versionLength) : "";
+}
+
+void Connection::mustFitModel() const {
+  const std::string fault = modelFault(line_.model);
+  if (!fault.empty()) throw Problem(ExitCode::noUnit, fault + " on " + lineText(line_.name));
+}
+
+UnitImage Connection::readAll() {
+  UnitImage image = readImage(run_, channel());
+  image.line = run_.outcome.line;
+  return image;
+}
+
+void Connection::putBack(const EncodedSetup& setup) {
+  run_.reading = false;
+  run_.outcome.registers.clear();
+  writeEncoded(run_, channel(), setup);
+}
+
+// What the window does on the serial line, with a refusal in front of the first byte of a write.
+void Connection::write(bool reset, bool force) {
+  const std::int16_t isRkw77 = DeviceState.IsRkw77;
+  const bool checksType = line_.name.overBridge() && !line_.model.empty();
+  if (checksType) {
+    meet();
+    socket_->close();
+    DeviceState.IsRkw77 = isRkw77;
+  }
+  begin(false);
+  if (!line_.name.overBridge()) return writeOnSerial(reset, force, isRkw77);
+  overBridge();
+  if (reset && run_.outcome.end != RunEnd::noBridge && run_.outcome.end != RunEnd::noUnit &&
+      run_.outcome.end != RunEnd::otherLine)
+    attempt([this] { NetworkCommunicationOK(run_, network_, detection_, true); });
+}
+
+// A run that broke off, or a port that went away meanwhile, is a fault of the line, however many registers
+// took before it.
+void Connection::overSerial(const std::function<void()>& job) {
+  const bool cameToItsEnd = attempt(job);
+  if (run_.outcome.end != RunEnd::finished) return;
+  const bool goesOn = run_.outcome.count(Verdict::failed) == 0 || attempt([this] {
+                        port_->open();
+                        port_->close();
+                      });
+  if (!cameToItsEnd || !goesOn) run_.outcome.end = RunEnd::wiring;
+}
+
+void Connection::writeOnSerial(bool reset, bool force, std::int16_t isRkw77) {
+  meetOnSerial();
+  if (DeviceState.IsRkw77 != isRkw77 && !force) {
+    throw Problem(ExitCode::noUnit,
+                  "a unit of the other line than the setup's answers on " + lineText(line_.name),
+                  otherLineHint);
+  }
+  mustFitModel();
+  view_.upProg(3);
+  overSerial([this] { writeConfiguration(run_, serial_); });
+  if (!reset || run_.outcome.end == RunEnd::wiring) return;
+  std::int16_t mode = resetOnly;
+  comOK(run_, serial_, mode);
+}
+
+void Connection::overBridge() {
+  const std::int16_t came = NetworkFullConnect(run_, network_, detection_);
+  if (came == job::noBridge) noBridge(lineText(line_.name));
+  if (came == job::noUnit && run_.outcome.end != RunEnd::otherLine) noUnit(lineText(line_.name));
+}
+
+// Without a setup nothing tells which line the unit behind a bridge is of; it is asked, and then read as
+// such.
+void Connection::read() {
+  if (namesLine(line_.model)) DeviceState.IsRkw77 = asFlag(lineOf(line_.model) == UnitFamily::rkw77);
+  begin(true);
+  Global.ReadConfirmed = 1;
+  if (!line_.name.overBridge()) {
+    meetOnSerial();
+    mustFitModel();
+    overSerial([this] { readConfiguration(run_, serial_); });
+    return;
+  }
+  overBridge();
+  if (run_.outcome.end != RunEnd::otherLine || namesLine(line_.model)) return;
+  DeviceState.IsRkw77 = asFlag(DeviceState.IsRkw77 == False);
+  begin(true);
+  Global.ReadConfirmed = 1;
+  overBridge();
+}
+
+}  // namespace tool

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+// One unit on one line, and the runs with it: the very ones of the window.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "knowledge/EncodedSetup.h"
+#include "knowledge/UnitImage.h"
+#include "network/NetworkChannel.h"
+#include "platform/SerialPort.h"
+#include "platform/Socket.h"
+#include "protocol/SerialChannel.h"
+#include "reading/DeviceDetection.h"
+#include "runs/Run.h"
+#include "tool/Arguments.h"
+#include "tool/Output.h"
+#include "tool/ShellView.h"
+
+namespace tool {
+
+class Connection {
+ public:
+  // On the records as they are: the way and its settings are taken into them. Throws Problem where the port
+  // can't be opened.
+  explicit Connection(const LineArguments& line);
+
+  const RunOutcome& outcome() const { return run_.outcome; }
+
+  // Finds out what answers. Throws Problem when nothing does, or not what --model asks for.
+  void meet();
+  // The same for a setup: a unit of the other line is a Problem, before anything is written.
+  void meetForSetup();
+  // Whether there is anything that talks; quick.
+  bool answers();
+
+  // With a unit that was met.
+  UnitImage readAll();
+  void putBack(const EncodedSetup& setup);
+
+  // The whole runs, from the first probe on. What they come to stands in outcome().
+  void write(bool reset, bool force);
+  void read();
+
+ private:
+  void meetOnSerial();
+  void meetOverBridge();
+  void connectToBridge();
+  void askVersion();
+  void settleLine();
+  void mustBeOpenable();
+  void begin(bool reading);
+  void writeOnSerial(bool reset, bool force, std::int16_t isRkw77);
+  void overSerial(const std::function<void()>& job);
+  void overBridge();
+  void mustFitModel() const;
+  Channel& channel();
+
+  LineArguments line_;
+  ShellView view_;
+  Run run_{view_};
+  const std::unique_ptr<SerialPort> port_;
+  SerialChannel serial_;
+  const std::unique_ptr<Socket> socket_;
+  NetworkChannel network_;
+  DeviceDetection detection_;
+};
+
+// 0 done, 1 something failed, 3 no unit, 4 port or bridge, 130 cancelled.
+ExitCode exitCodeOf(const RunOutcome& outcome);
+
+// The unit that was met or written to: type, kind, model, version, address; what is not known is left out.
+Json unitObject(const RunOutcome& outcome);
+Json registersOf(const RunOutcome& outcome);
+std::string registersTable(const RunOutcome& outcome);
+// The line, unit, registers and verdict of a run behind what the object holds already; prints all.
+ExitCode report(const RunOutcome& outcome, const LineArguments& line, Json object, const Output& output);
+
+}  // namespace tool

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+// What --model and the column "model" may say.
+#include "tool/Models.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "core/Model.h"
+#include "core/PartNumber.h"
+#include "tool/Nearest.h"
+
+namespace tool {
+
+namespace {
+
+// By DeviceState.DeviceClass.
+constexpr std::array<const char*, 6> types = {"Rkw77", "TMP", "PRC", "STR", "GR2", "RHT"};
+
+bool isType(const std::string& model) {
+  return std::ranges::any_of(types, [&](const char* type) { return distance(type, model) == 0; });
+}
+
+// The first digit of the outputs, behind the model and its brackets: 5 is an analog output.
+bool wantsAnalog(const std::string& partNumber) {
+  const std::size_t dash = std::min(partNumber.find('-'), partNumber.size());
+  std::string_view digits = std::string_view(partNumber).substr(0, dash);
+  return digits.size() >= 2 && digits[digits.size() - 2] == '5';
+}
+
+}  // namespace
+
+UnitFamily lineOf(const std::string& model) {
+  const bool rkw77 = distance(types[0], model) == 0 || namesRkw77(model);
+  return rkw77 ? UnitFamily::rkw77 : UnitFamily::torvane;
+}
+
+std::string typeOfUnit() {
+  if (DeviceState.IsRkw77 != False) return types[0];
+  const auto place = static_cast<std::size_t>(DeviceState.DeviceClass);
+  return DeviceState.DeviceClass > 0 && place < types.size() ? types[place] : "";
+}
+
+std::string modelFault(const std::string& model) {
+  if (model.empty()) return "";
+  const std::string type = typeOfUnit();
+  const UnitFamily family = DeviceState.IsRkw77 != False ? UnitFamily::rkw77 : UnitFamily::torvane;
+  const std::string is = type.empty() ? std::string("a unit") : "a unit of type " + type;
+  if (lineOf(model) != family) return is + " answers in place of " + model;
+  if (isType(model)) return distance(type, model) == 0 ? "" : is + " answers in place of " + model;
+  if (wantsAnalog(model) && family == UnitFamily::torvane && DeviceState.AnalogFound == False)
+    return is + " without an analog output answers in place of " + model;
+  return "";
+}
+
+std::string modelTextFault(const std::string& model) {
+  if (isType(model) || namesRkw77(model) || model.starts_with("Tv") || model.starts_with("Rkv")) return "";
+  return '"' + model + "\" is no part number and no type: TMP, PRC, STR, GR2, RHT, Rkw77";
+}
+
+}  // namespace tool

@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: MIT
+// Setup files and copies of units, and the line settings that a run takes.
+#include "tool/Setup.h"
+
+#include <array>
+#include <utility>
+
+#include "core/ConfigCheck.h"
+#include "core/ConfigFile.h"
+#include "core/Global.h"
+#include "core/Memo.h"
+#include "core/Model.h"
+#include "core/NumberText.h"
+#include "core/Program.h"
+#include "knowledge/UnitFile.h"
+#include "platform/Host.h"
+#include "tool/Problem.h"
+
+namespace tool {
+
+namespace {
+
+constexpr std::array<const char*, 7> bauds = {"300", "600", "1200", "2400", "4800", "9600", "19200"};
+constexpr std::array<const char*, 3> parities = {"none", "odd", "even"};
+constexpr std::int16_t factoryBaud = 5;
+constexpr std::int16_t onABus = 1;
+
+std::string preference(const char* key) {
+  return host().setting(std::string(program::title) + "/Persist/" + key);
+}
+
+std::int16_t storedNumber(const char* key, std::int16_t ifMissing) {
+  const std::string text = preference(key);
+  std::int16_t number = ifMissing;
+  if (!text.empty()) attempt([&] { number = toInt16(Val(text)); });
+  return number;
+}
+
+std::string readWhole(const std::string& path, std::size_t most) {
+  try {
+    return host().readFile(path, most);
+  } catch (const RuntimeError& fault) {
+    throw Problem(ExitCode::file, path + ": " + fault.what());
+  }
+}
+
+void replaceWhole(const std::string& path, std::string_view bytes) {
+  try {
+    host().replaceFile(path, bytes);
+  } catch (const RuntimeError& fault) {
+    throw Problem(ExitCode::file, path + ": " + fault.what());
+  }
+}
+
+// Records and model tell the same in two places; the records count, as on the window.
+void takeModelCopies() {
+  DeviceState.DeviceClass = Memo[rec::deviceClass].extra;
+  DeviceState.IdFlagC = Memo[rec::idFlagC].extra;
+  DeviceState.SpareLong = Memo[rec::spareLong].extra;
+  DeviceState.MenuKind = Memo[rec::menuKind].extra;
+  Memo[rec::chkIDEnabled].value = 1;
+}
+
+void storeModelCopies() {
+  Memo[rec::deviceClass].extra = toInt16(DeviceState.DeviceClass);
+  Memo[rec::idFlagC].extra = DeviceState.IdFlagC;
+  Memo[rec::spareLong].text = numberText(DeviceState.SpareLong);
+  Memo[rec::menuKind].extra = toInt16(DeviceState.MenuKind);
+}
+
+void takeSetup(const std::string& path, std::string_view bytes) {
+  const ConfigCheck check = examineConfiguration(bytes);
+  if (!check.fault.empty())
+    throw Problem(ExitCode::file, path + ": this is no whole setup", "The file " + check.fault);
+  resetDeviceState();
+  // The reader takes as many bytes as this has characters.
+  if (!check.older) BaseModel = host().fromCodePage(check.baseModel);
+  readConfiguration(bytes);
+  takeModelCopies();
+}
+
+UnitImage takeCopy(const std::string& path, std::string_view bytes) {
+  UnitFileContent content = readUnitFile(bytes);
+  if (!content.image) throw Problem(ExitCode::file, path + ": " + content.fault);
+  return std::move(*content.image);
+}
+
+template <class Names>
+std::int16_t placeOf(const Names& names, const std::string& name) {
+  for (std::size_t place = 0; place < names.size(); ++place) {
+    if (names[place] == name) return static_cast<std::int16_t>(place);
+  }
+  return 0;
+}
+
+void takeOptions(const LineArguments& line) {
+  if (line.baud) Memo[rec::cboBaud].value = placeOf(bauds, std::to_string(*line.baud));
+  if (!line.parity.empty()) Memo[rec::cboParity].value = placeOf(parities, line.parity);
+  if (line.data) Memo[rec::cboData].value = *line.data == 8 ? 1 : 0;
+  if (line.stop) Memo[rec::cboStop].value = *line.stop == 2 ? 1 : 0;
+  if (!line.address) return;
+  Hardware.BusMode = onABus;
+  Hardware.BusAddress = static_cast<std::int16_t>(*line.address);
+}
+
+void takeWay(const LineName& name) {
+  Memo[rec::optCommunicationMode].flag = asFlag(!name.overBridge());
+  Memo[rec::optCommunicationMode + 1].flag = asFlag(name.overBridge());
+  if (name.overBridge()) {
+    Memo[rec::txtTCPIPAddress].text = name.host;
+    Memo[rec::txtTCPPort].text = std::to_string(name.port);
+  } else if (name.commPort > 0) {
+    Memo[rec::cboCommPort].value = static_cast<std::int16_t>(name.commPort - 1);
+  }
+}
+
+}  // namespace
+
+void beginRecords() {
+  Memo.reset();
+  storeDefaults();
+  fillFirmwareVersions();
+  Memo[rec::cboCommPort].value = storedNumber("CommPort", -1);
+  Memo[rec::cboBaud].value = storedNumber("Baud", factoryBaud);
+  Memo[rec::cboParity].value = storedNumber("Parity", 1);
+  Memo[rec::cboData].value = storedNumber("Data", 0);
+  Memo[rec::cboStop].value = storedNumber("Stop", 0);
+  BaseModel = factoryBaseModel;
+  Hardware = {.ModelNumber = "Tv(8,16,32)[case]", .Out1 = {.SSR = True}, .Out2 = {.SSR = True}};
+  const std::string unaddressed = preference("rs232");
+  Hardware.BusMode = unaddressed.empty() || unaddressed == "True" ? 0 : onABus;
+  Hardware.BusAddress = storedNumber("address", 1);
+  DeviceState.DeviceClass = -1;
+}
+
+void loadSetup(const std::string& path) {
+  beginRecords();
+  const std::string bytes = readWhole(path, longestConfiguration());
+  if (isUnitFile(bytes)) throw Problem(ExitCode::file, path + " is a copy of a unit, not a setup");
+  takeSetup(path, bytes);
+}
+
+void saveSetup(const std::string& path) {
+  storeModelCopies();
+  const double stamp = host().now();
+  replaceWhole(path, configModelPart(stamp) + configSetupPart(1, stamp));
+}
+
+UnitImage loadCopy(const std::string& path) { return takeCopy(path, readWhole(path, longestUnitFile)); }
+
+void saveCopy(const std::string& path, const UnitImage& copy) { replaceWhole(path, unitFileText(copy)); }
+
+std::variant<EncodedSetup, UnitImage> loadEither(const std::string& path) {
+  beginRecords();
+  const std::string bytes = readWhole(path, longestConfiguration());
+  if (isUnitFile(bytes)) return takeCopy(path, bytes);
+  takeSetup(path, bytes);
+  return encodeSetup();
+}
+
+std::string chooseLine(const LineArguments& line) {
+  takeOptions(line);
+  takeWay(line.name);
+  const auto at = [](const auto& names, int record) {
+    const auto place = static_cast<std::size_t>(Memo[record].value);
+    return std::string(place < names.size() ? names[place] : names[0]);
+  };
+  const auto baud = Memo[rec::cboBaud].value;
+  const std::string speed = baud < 0 ? bauds[factoryBaud] : at(bauds, rec::cboBaud);
+  const std::string parity = at(parities, rec::cboParity).substr(0, 1);
+  return speed + ',' + parity + ',' + (Memo[rec::cboData].value == 1 ? '8' : '7') + ',' +
+         (Memo[rec::cboStop].value == 1 ? '2' : '1');
+}
+
+}  // namespace tool

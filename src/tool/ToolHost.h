@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+// The machine without windows: clock, events, ports, sockets, settings and files. What only a window can do
+// does nothing here.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QTimer>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/Host.h"
+#include "platform/qt/io/QtPorts.h"
+#include "platform/qt/io/QtSettings.h"
+
+namespace tool {
+
+class ToolHost : public Host {
+ public:
+  ToolHost();
+
+  // The device that the next port opens, whatever its number; empty: that of its number.
+  std::string device;
+  std::string deviceOf(int commPort);
+
+  double now() override;
+  void yield() override;
+  void idle(double seconds) override;
+
+  void show(Form&, bool) override {}
+  void hide(Form&) override {}
+  void release(Form&) override {}
+  void centre(Form&) override {}
+  void repaint(Form&) override {}
+
+  // Goes to the error output. A question is answered with no, for nobody is there to decide.
+  Answer messageBox(std::string_view text, std::string_view title, Icon icon, Buttons buttons) override;
+  void beep() override {}
+
+  std::string setting(const std::string& path) override { return settings_.value(path); }
+  void saveSetting(const std::string&, const std::string&) override {}  // the preferences are the window's
+  void deleteSetting(const std::string&) override {}
+
+  std::unique_ptr<SerialPort> makeSerialPort() override;
+  std::string serialPortHint(int commPort) override { return ports_.hint(commPort); }
+  std::unique_ptr<Socket> makeSocket() override;
+
+  std::string chooseFileToOpen(const std::string&) override { return ""; }
+  std::string chooseFileToSave(const std::string&) override { return ""; }
+  std::string readFile(const std::string& path, std::size_t most) override;
+  void exchangeFile(const std::string& path, std::string_view bytes) override { replaceFile(path, bytes); }
+  void replaceFile(const std::string& path, std::string_view bytes) override;
+  bool fileExists(const std::string& path) override;
+  void renameFile(const std::string& from, const std::string& to) override;
+  std::string dataFolder() override;
+  std::string programFolder() override;
+  void copyText(std::string_view) override {}
+
+  std::unique_ptr<Printer> choosePrinter(const std::string& document) override;
+  std::string today() override;
+  std::string utcNow() override;
+  void showHelp(const std::string&) override {}
+  void fail(const std::string& description) override;
+
+ private:
+  double startOfRun_;  // seconds since midnight
+  QElapsedTimer sinceStart_;
+  QTimer alarm_;  // ends an idle wait
+  QtSettings settings_;
+  QtPorts ports_;
+};
+
+// The one that main has set.
+ToolHost& toolHost();
+
+}  // namespace tool
