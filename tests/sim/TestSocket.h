@@ -16,13 +16,13 @@ class TestSocket {
   int fault() const { return fault_; }  // ECONNREFUSED, ETIMEDOUT when patience was not enough ...
 
   void send(const std::string& bytes) const;
-  // Up to and including the byte, or what has come within ten seconds or before the end.
+  // Up to and including the byte, or what has come within a minute or before the end.
   std::string readTo(char last);
   std::string ask(const std::string& command);  // adds the carriage return
   // The next portion that the system has for us; empty at the end.
   std::string readPortion();
   bool hasBytes() const;  // now
-  bool isEnded();         // orderly, within ten seconds, with nothing said before
+  bool isEnded();         // orderly, within a minute, with nothing said before
   bool isReset();
 
  private:
