@@ -7,6 +7,7 @@
 #include "core/Model.h"
 #include "dialogs/RunHead.h"
 #include "dialogs/SetupFiles.h"
+#include "dialogs/UnitRuns.h"
 #include "editor/Replacement.h"
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
@@ -16,6 +17,7 @@ frmRead::frmRead() : Form("frmRead", "Read from...") {
   cmdFile.onClick = [this] { cmdFile_Click(); };
   cmdSerial.onClick = [this] { cmdSerial_Click(); };
   cmdNetwork.onClick = cmdSerial.onClick;  // the way is chosen on the communication tab
+  cmdCompare.onClick = [] { cmdCompare_Click(); };
   OKButton.onClick = [this] { unload(); };
 }
 
@@ -38,4 +40,10 @@ void frmRead::cmdSerial_Click() {
   unload();
   fitToFoundUnit();
   form<frmBigFolder>().noteLosses();
+}
+
+void frmRead::cmdCompare_Click() {
+  if (!prepareRun()) return;
+  compareUnit(false);
+  fitToFoundUnit();
 }

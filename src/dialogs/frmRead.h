@@ -19,6 +19,8 @@ class frmRead : public Form {
                            "Writes the present configuration to device using network communication",
                            "network"};
   Label Label4{fraWriteTo, "Label4", "Read configuration from device connected over the TCPIP Network."};
+  CommandButton cmdCompare{*this, "cmdCompare", "Compare",
+                           "Reads the unit and shows how it differs from this setup, which stays as it is"};
   CommandButton OKButton{*this, "OKButton", "Cancel"};
 
   void Form_Load() override;
@@ -26,4 +28,5 @@ class frmRead : public Form {
  private:
   void cmdFile_Click();
   void cmdSerial_Click();
+  static void cmdCompare_Click();
 };

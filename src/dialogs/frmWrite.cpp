@@ -8,9 +8,19 @@
 #include "dialogs/Report.h"
 #include "dialogs/RunHead.h"
 #include "dialogs/SetupFiles.h"
+#include "dialogs/UnitRuns.h"
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
 #include "protocol/frmSerial.h"
+
+namespace {
+
+bool preparesWrite() {
+  auto& editor = form<frmBigFolder>();
+  return prepareRun([&] { editor.writeMemo(editor.tabBig.tab()); });
+}
+
+}  // namespace
 
 frmWrite::frmWrite() : Form("frmWrite", "Write to...") {
   cmdFile.onClick = [] { cmdFile_Click(); };
@@ -18,6 +28,8 @@ frmWrite::frmWrite() : Form("frmWrite", "Write to...") {
   cmdSerial.onClick = [this] { cmdSerial_Click(); };
   cmdNetwork.onClick = cmdSerial.onClick;  // the way is chosen on the communication tab
   chkReset.onClick = [this] { Global.ResetAfterWrite = asFlag(chkReset.value() != 0); };
+  cmdCompare.onClick = [this] { cmdCompare_Click(); };
+  cmdPutBack.onClick = [] { cmdPutBack_Click(); };
   cmdCancel.onClick = [this] { hide(); };
 }
 
@@ -43,13 +55,29 @@ void frmWrite::cmdFile_Click() {
 }
 
 void frmWrite::cmdSerial_Click() {
-  auto& editor = form<frmBigFolder>();
-  if (!prepareRun([&] { editor.writeMemo(editor.tabBig.tab()); })) return;
+  if (!preparesWrite()) return;
   Global.AutoDetect = False;
   auto& run = form<frmSerial>();
   run.readMode = False;
   Global.ReadConfirmed = 0;
   run.showModal();
   ::unload<frmSerial>();
+  fitToFoundUnit();
+}
+
+// The form is fitted to the unit only behind the write: until then nothing but the user changes the boxes
+// that were compared.
+void frmWrite::cmdCompare_Click() {
+  if (!preparesWrite()) return;
+  if (compareUnit(true)) {
+    cmdSerial_Click();
+  } else {
+    fitToFoundUnit();
+  }
+}
+
+void frmWrite::cmdPutBack_Click() {
+  if (!preparesWrite()) return;
+  putBackCopy();
   fitToFoundUnit();
 }

@@ -28,6 +28,10 @@ class frmWrite : public Form {
   Label Label1{fraWriteTo, "Label1",
                "Choose File to write the configuration file for retrieval at a later time."};
   Label lblVerdict{*this, "lblVerdict"};  // what the last run came to
+  CommandButton cmdCompare{*this, "cmdCompare", "Compare",
+                           "Reads the unit and shows what a write would change in it"};
+  CommandButton cmdPutBack{*this, "cmdPutBack", "Put back a copy...",
+                           "Writes a kept copy of a unit back to the unit"};
   CommandButton cmdCancel{*this, "cmdCancel", "Close"};
 
   void showVerdict();  // as it stands on the main window
@@ -38,5 +42,7 @@ class frmWrite : public Form {
  private:
   static void cmdFile_Click();
   void cmdSerial_Click();
+  void cmdCompare_Click();
+  static void cmdPutBack_Click();
   void showReset();
 };

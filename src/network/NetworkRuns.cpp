@@ -47,7 +47,8 @@ void endWithoutUnit(Run& run) {
 
 }  // namespace
 
-std::int16_t NetworkFullConnect(Run& run, NetworkChannel& channel, DeviceDetection& detection) {
+std::int16_t NetworkFullConnect(Run& run, NetworkChannel& channel, DeviceDetection& detection,
+                                const UnitJob& job) {
   run.view.offerCancel();
   if (!findsBridge(run, channel)) {
     run.outcome.end = RunEnd::noBridge;
@@ -58,8 +59,12 @@ std::int16_t NetworkFullConnect(Run& run, NetworkChannel& channel, DeviceDetecti
     return job::noUnit;
   }
   if (NetworkCommunicationOK(run, channel, detection, false)) {
-    run.view.commitTabs();
-    doJob(run, channel);
+    if (job) {
+      job(run, channel);
+    } else {
+      run.view.commitTabs();
+      doJob(run, channel);
+    }
   } else {
     endWithoutUnit(run);
     run.view.notice("Unable to establish network connection");

@@ -18,8 +18,10 @@ enum : std::int16_t {
 };
 }
 
-// Connects to the bridge, looks twice at the unit behind it, and does the whole job.
-std::int16_t NetworkFullConnect(Run& run, NetworkChannel& channel, DeviceDetection& detection);
+// Connects to the bridge, looks twice at the unit behind it, and does the whole job: an empty one is the
+// write or the read that the run's direction tells.
+std::int16_t NetworkFullConnect(Run& run, NetworkChannel& channel, DeviceDetection& detection,
+                                const UnitJob& job = {});
 
 void NetworkWriteToDevice(Run& run, NetworkChannel& channel);
 void NetworkReadFromDevice(Run& run, NetworkChannel& channel);  // nothing unless a read is due

@@ -55,6 +55,8 @@ class Host {
   // user.
   virtual std::string chooseFileToOpen(const std::string& filter) = 0;
   virtual std::string chooseFileToSave(const std::string& filter) = 0;
+  // The same with a name for the file that the user may keep.
+  virtual std::string proposeFileToSave(const std::string& filter, const std::string& name) = 0;
   // At most so many bytes from the file's start. A file that can't be read is a RuntimeError in the system's
   // words.
   virtual std::string readFile(const std::string& path, std::size_t most) = 0;

@@ -60,7 +60,7 @@ void frmSerial::Form_Activate() {
     return;
   }
   history.begin();
-  if (Global.AutoDetect == False) form<frmBigFolder>().forgetRun();
+  if (Global.AutoDetect == False && !looksOnly()) form<frmBigFolder>().forgetRun();
   showTarget();
   beginOutcome(thisWay(), lblTarget.caption());
   const bool serial = Memo[rec::optCommunicationMode].flag != False;
@@ -105,6 +105,10 @@ bool frmSerial::serialPath() {
 }
 
 void frmSerial::runOverSerial() {
+  if (job) {
+    attempt([this] { job(run, channel); });
+    return;
+  }
   commitTabs();
   if (readMode != False) {
     if (Global.ReadConfirmed != 0) attempt([this] { ReadConfigurationFromDevice(); });
@@ -132,7 +136,12 @@ void frmSerial::networkPath() {
     if (readMode != False && Global.ReadConfirmed == 0) unload();
   }
   takeUnitAddress();
-  finish(readMode != False ? " and Configuration Read\r" : " and Configuration Sent\r");
+  finish(lastWords());
+}
+
+const char* frmSerial::lastWords() const {
+  if (job) return " and Done\r";
+  return readMode != False ? " and Configuration Read\r" : " and Configuration Sent\r";
 }
 
 void frmSerial::resetWhenWanted(const Handler& reset) {
@@ -143,6 +152,7 @@ void frmSerial::resetWhenWanted(const Handler& reset) {
 
 // The next command has to reach the unit where it is: only what was sent to it, or read from it, counts.
 void frmSerial::takeUnitAddress() {
+  if (job) return;  // what the unit has for an address is not what the boxes say
   constexpr const char* busAddress = "21";
   const bool known = run.reading ? run.outcome.understood(busAddress) : run.outcome.settled(busAddress);
   if (Memo[rec::optRS485].flag == False || !known) return;
@@ -162,6 +172,7 @@ void frmSerial::finish(std::string_view lastWords) {
 
 void frmSerial::keepVerdict() {
   history.end(run.outcome);
+  if (looksOnly()) return;  // what the last run came to still stands
   form<frmBigFolder>().keepRun(run.outcome, history.lines());
 }
 
@@ -233,7 +244,9 @@ void frmSerial::NetworkTestConnect() { ::NetworkTestConnect(thisWay(), *network)
 
 std::int16_t frmSerial::CheckForConnectedDevice() { return ::CheckForConnectedDevice(run, *network); }
 
-std::int16_t frmSerial::NetworkFullConnect() { return ::NetworkFullConnect(thisWay(), *network, *detection); }
+std::int16_t frmSerial::NetworkFullConnect() {
+  return ::NetworkFullConnect(thisWay(), *network, *detection, job);
+}
 
 bool frmSerial::NetworkCommunicationOK(bool reset) {
   return ::NetworkCommunicationOK(thisWay(), *network, *detection, reset);

@@ -2,7 +2,7 @@
 // The communications status window: it starts the runs, and is what the user watches meanwhile.
 //
 // Nobody calls a method to start a run: the caller sets `readMode` and the flags in Global and shows the
-// window modally; Form_Activate does the rest.
+// window modally; Form_Activate does the rest. With a `job` the unit that answers is given to that instead.
 #pragma once
 
 #include <cstdint>
@@ -41,6 +41,7 @@ class frmSerial : public Form, public RunView {
 
   // What a showing does.
   std::int16_t readMode = 0;      // a read run rather than a write run; written by the choosers
+  UnitJob job;                    // done in place of a write or a read; empty: these
   std::int16_t windowActive = 0;  // between activation and deactivation
 
   const std::unique_ptr<SerialPort> MSComm1;
@@ -111,8 +112,10 @@ class frmSerial : public Form, public RunView {
   void networkPath();
   void runOverSerial();
   void resetWhenWanted(const Handler& reset);
+  bool looksOnly() const { return job && readMode != False; }  // no run that is kept
   void takeUnitAddress();
   void finish(std::string_view lastWords);
+  const char* lastWords() const;
   void keepVerdict();
   void cmdCancel_Click();
   void showTarget();

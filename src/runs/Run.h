@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "core/Global.h"
@@ -16,6 +17,11 @@ struct Run {
   std::int16_t revisionClass = 0;  // written by the probe and the type check: 2 the simple menu, 3 no more
   RunOutcome outcome = {};
 };
+
+class Channel;
+
+// What is done with a unit that has answered.
+using UnitJob = std::function<void(Run&, Channel&)>;
 
 // A new outcome for a run that begins now over this line.
 void beginOutcome(Run& run, std::string line);

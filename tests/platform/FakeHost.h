@@ -56,6 +56,7 @@ class FakeHost : public Host {
   std::unique_ptr<Socket> makeSocket() override { return nullptr; }
   std::string chooseFileToOpen(const std::string&) override { return ""; }
   std::string chooseFileToSave(const std::string&) override { return ""; }
+  std::string proposeFileToSave(const std::string&, const std::string&) override { return ""; }
   std::string readFile(const std::string&, std::size_t) override { return ""; }
   void exchangeFile(const std::string&, std::string_view) override {}
   void replaceFile(const std::string&, std::string_view) override {}

@@ -8,6 +8,7 @@
 #include <map>
 
 #include "dialogs/frmCommModeWarning.h"
+#include "dialogs/frmCompare.h"
 #include "dialogs/frmHardware.h"
 #include "dialogs/frmPreferences.h"
 #include "dialogs/frmRead.h"
@@ -174,6 +175,7 @@ void expectPage() {
 TEST_F(HelpWordsTest, EachDialogsPageTellsOfAllItsControls) {
   expectPage<frmRead>();
   expectPage<frmWrite>();
+  expectPage<frmCompare>();
   expectPage<frmRunDetails>();
   expectPage<frmSerial>();
   expectPage<frmWarning>();

@@ -18,6 +18,7 @@
 #include <QWheelEvent>
 
 #include "dialogs/frmCommModeWarning.h"
+#include "dialogs/frmCompare.h"
 #include "dialogs/frmHardware.h"
 #include "dialogs/frmPreferences.h"
 #include "dialogs/frmRead.h"
@@ -51,7 +52,7 @@ class LayoutsTest : public QtTest {
 
 using ProgramForms =
     testing::Types<frmBigFolder, frmHardware, frmRead, frmWrite, frmSerial, frmSplash, frmWarning,
-                   frmCommModeWarning, frmPreferences, frmTimedMessage, frmWizard, frmRunDetails>;
+                   frmCommModeWarning, frmPreferences, frmTimedMessage, frmWizard, frmRunDetails, frmCompare>;
 TYPED_TEST_SUITE(LayoutsTest, ProgramForms);
 
 TYPED_TEST(LayoutsTest, FitsItsForm) {

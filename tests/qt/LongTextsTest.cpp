@@ -10,6 +10,7 @@
 #include <QTimer>
 
 #include "dialogs/frmCommModeWarning.h"
+#include "dialogs/frmCompare.h"
 #include "dialogs/frmHardware.h"
 #include "dialogs/frmPreferences.h"
 #include "dialogs/frmRead.h"
@@ -88,7 +89,7 @@ class LongTexts : public QtTest {
 
 using ProgramForms =
     testing::Types<frmBigFolder, frmHardware, frmRead, frmWrite, frmSerial, frmWarning, frmCommModeWarning,
-                   frmPreferences, frmTimedMessage, frmWizard, frmRunDetails>;
+                   frmPreferences, frmTimedMessage, frmWizard, frmRunDetails, frmCompare>;
 TYPED_TEST_SUITE(LongTexts, ProgramForms);
 
 // One after the other, so that each is the only one that could widen the window, and all together.

@@ -151,6 +151,11 @@ std::string VirtualHost::chooseFileToOpen(const std::string& filter) {
 
 std::string VirtualHost::chooseFileToSave(const std::string& filter) { return chooseFileToOpen(filter); }
 
+std::string VirtualHost::proposeFileToSave(const std::string& filter, const std::string& name) {
+  proposedName = name;
+  return chooseFileToOpen(filter);
+}
+
 std::string VirtualHost::readFile(const std::string& path, std::size_t most) {
   const auto found = files.find(path);
   if (found == files.end()) throw RuntimeError(Fault::fileNotFound, "No such file or directory");

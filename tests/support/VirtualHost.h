@@ -49,6 +49,7 @@ class VirtualHost : public Host {
   std::set<std::string> missingFiles;
   std::map<std::string, std::string> files;  // path to content
   std::string diskFault;                     // the system's words; empty: files can be written
+  std::string proposedName;                  // the last one
   std::deque<std::string> chosenFiles;       // what the user answers in the file choosers; none left: cancel
   std::vector<std::string> filters;          // what the choosers offered
   std::shared_ptr<Paper> paper;              // in the printer that the user chooses; none: cancel
@@ -90,6 +91,7 @@ class VirtualHost : public Host {
   std::unique_ptr<Socket> makeSocket() override;
   std::string chooseFileToOpen(const std::string& filter) override;
   std::string chooseFileToSave(const std::string& filter) override;
+  std::string proposeFileToSave(const std::string& filter, const std::string& name) override;
   std::string readFile(const std::string& path, std::size_t most) override;
   void exchangeFile(const std::string& path, std::string_view bytes) override;
   void replaceFile(const std::string& path, std::string_view bytes) override;

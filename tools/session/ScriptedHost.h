@@ -34,6 +34,9 @@ class ScriptedHost : public QtHost {
   Answer messageBox(std::string_view text, std::string_view title, Icon icon, Buttons buttons) override;
   std::string chooseFileToOpen(const std::string& filter) override;
   std::string chooseFileToSave(const std::string& filter) override;
+  std::string proposeFileToSave(const std::string& filter, const std::string&) override {
+    return chooseFileToOpen(filter);
+  }
   std::unique_ptr<Printer> choosePrinter(const std::string& document) override;
 
  private:

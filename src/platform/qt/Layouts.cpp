@@ -4,6 +4,7 @@
 
 #include "ui_frmBigFolder.h"
 #include "ui_frmCommModeWarning.h"
+#include "ui_frmCompare.h"
 #include "ui_frmHardware.h"
 #include "ui_frmPreferences.h"
 #include "ui_frmRead.h"
@@ -28,6 +29,7 @@ std::vector<Layout>& layouts() {
   static std::vector<Layout> table = {
       {"frmBigFolder", build<Ui::frmBigFolder>},
       {"frmCommModeWarning", build<Ui::frmCommModeWarning>},
+      {"frmCompare", build<Ui::frmCompare>},
       {"frmHardware", build<Ui::frmHardware>},
       {"frmPreferences", build<Ui::frmPreferences>},
       {"frmRead", build<Ui::frmRead>},

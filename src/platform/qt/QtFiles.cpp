@@ -141,8 +141,10 @@ std::string FileChooser::chooseToOpen(const std::string& filter) {
   return remember(QFileDialog::getOpenFileName(front_(), "Open", folder_, toolkitFilter(filter)));
 }
 
-std::string FileChooser::chooseToSave(const std::string& filter) {
-  return save(toolkitFilter(filter), "cfg", "");
+// A name without an ending gets that of the first kind of files.
+std::string FileChooser::chooseToSave(const std::string& filter, const std::string& name) {
+  const QString ending = shown(filter).section('|', 1, 1).section("*.", 1);
+  return save(toolkitFilter(filter), ending, shown(name));
 }
 
 std::string FileChooser::chooseToSavePdf(const QString& name) {

@@ -21,7 +21,7 @@ class FileChooser {
   QWidget* front() const { return front_(); }
   // Empty when the user has cancelled.
   std::string chooseToOpen(const std::string& filter);
-  std::string chooseToSave(const std::string& filter);
+  std::string chooseToSave(const std::string& filter, const std::string& name = {});
   // The same for a PDF, under a name to start with.
   std::string chooseToSavePdf(const QString& name);
 

@@ -157,6 +157,10 @@ std::string QtHost::chooseFileToOpen(const std::string& filter) { return files_.
 
 std::string QtHost::chooseFileToSave(const std::string& filter) { return files_.chooseToSave(filter); }
 
+std::string QtHost::proposeFileToSave(const std::string& filter, const std::string& name) {
+  return files_.chooseToSave(filter, name);
+}
+
 std::string QtHost::readFile(const std::string& path, std::size_t most) { return readWhole(path, most); }
 
 void QtHost::exchangeFile(const std::string& path, std::string_view bytes) { exchangeWhole(path, bytes); }

@@ -42,6 +42,7 @@ class QtHost : public Host {
 
   std::string chooseFileToOpen(const std::string& filter) override;
   std::string chooseFileToSave(const std::string& filter) override;
+  std::string proposeFileToSave(const std::string& filter, const std::string& name) override;
   std::string readFile(const std::string& path, std::size_t most) override;
   void exchangeFile(const std::string& path, std::string_view bytes) override;
   void replaceFile(const std::string& path, std::string_view bytes) override;
