@@ -112,7 +112,7 @@ class frmSerial : public Form, public RunView {
   void networkPath();
   void runOverSerial();
   void resetWhenWanted(const Handler& reset);
-  bool looksOnly() const { return job && readMode != False; }  // no run that is kept
+  bool looksOnly() const { return job && readMode != 0; }  // no run that is kept
   void takeUnitAddress();
   void finish(std::string_view lastWords);
   const char* lastWords() const;
