@@ -161,8 +161,9 @@ TEST_F(Comparing, IsCopiedSavedAndPrinted) {
 }
 
 TEST_F(Comparing, EndsWithTheRunThatTheUserCancels) {
-  cancelAt("Reading");
   host.whenShown("frmWrite", [] { form<frmWrite>().cmdCompare.userClicked(); });
+  host.expectBox(cancelQuestion, Answer::yes);
+  host.expect([this] { return unit.count("R") > 5; }, [] { form<frmSerial>().cmdCancel.userClicked(); });
   closeChooserBehindIt();
   form<frmBigFolder>().cmdWrite.userClicked();
   EXPECT_FALSE(isLoaded<frmCompare>());
