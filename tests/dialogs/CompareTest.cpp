@@ -18,6 +18,7 @@ class Comparing : public NetworkBench {
  protected:
   Comparing() {
     host.toleratesBoxes = true;
+    chooseWay(true);
     unload<frmSerial>();
     Global.DeviceSpecified = True;
   }
