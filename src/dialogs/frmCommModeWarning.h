@@ -9,7 +9,7 @@ class frmCommModeWarning : public Form {
   frmCommModeWarning();
 
   TextBox txtWarning{*this, "txtWarning"};  // whatever is typed into it, it says the same
-  CommandButton cmdCommWarning{*this, "cmdCommWarning", "Close"};
+  CommandButton cmdCommWarning{*this, "cmdCommWarning", "&Close"};
 
   void Form_Load() override;
 };

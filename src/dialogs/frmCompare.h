@@ -14,19 +14,19 @@ class frmCompare : public Form {
   frmCompare();
 
   Label lblSummary{*this, "lblSummary"};
-  Label lblSearch{*this, "lblSearch", "Search"};
+  Label lblSearch{*this, "lblSearch", "S&earch"};
   TextBox txtSearch{*this, "txtSearch", "Shows only the lines that hold these words"};
-  CheckBox chkAll{*this, "chkAll", "Show roundings and what a write leaves alone"};
-  CheckBox chkBus{*this, "chkBus", "Bus format and address too",
+  CheckBox chkAll{*this, "chkAll", "S&how roundings and what a write leaves alone"};
+  CheckBox chkBus{*this, "chkBus", "&Bus format and address too",
                   "Puts back the bus settings as well: the unit may then answer on another line or address"};
   ListBox lstDifferences{
       *this, "lstDifferences", {}, "What differs, a line for each setting: in the unit, and in this setup"};
-  CommandButton cmdCopy{*this, "cmdCopy", "Copy", "Puts the lines on the clipboard"};
-  CommandButton cmdSave{*this, "cmdSave", "Save as text", "Saves the lines as a text file"};
-  CommandButton cmdPrint{*this, "cmdPrint", "Print", "Prints the lines"};
-  CommandButton cmdKeep{*this, "cmdKeep", "Keep a copy...", "Saves all that the unit holds as a file"};
-  CommandButton cmdWrite{*this, "cmdWrite", "Write", "Goes on and changes the unit"};
-  CommandButton cmdClose{*this, "cmdClose", "Close"};
+  CommandButton cmdCopy{*this, "cmdCopy", "&Copy", "Puts the lines on the clipboard"};
+  CommandButton cmdSave{*this, "cmdSave", "&Save as text", "Saves the lines as a text file"};
+  CommandButton cmdPrint{*this, "cmdPrint", "&Print", "Prints the lines"};
+  CommandButton cmdKeep{*this, "cmdKeep", "&Keep a copy...", "Saves all that the unit holds as a file"};
+  CommandButton cmdWrite{*this, "cmdWrite", "&Write", "Goes on and changes the unit"};
+  CommandButton cmdClose{*this, "cmdClose", "C&lose"};
 
   // The boxes of the tabs against a unit, or a kept copy against it. Before the window is shown.
   void compareSetup(const UnitImage& unit, const EncodedSetup& setup, bool mayWrite);

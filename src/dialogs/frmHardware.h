@@ -15,42 +15,43 @@ class frmHardware : public Form {
   frmHardware();
 
   Label lblDescription{*this, "lblDescription"};
-  Label lblModel{*this, "lblModel", "Model#:"};
+  Label lblModel{*this, "lblModel", "&Model#:"};
   ComboBox cboModel{
       *this,
       "cboModel",
       {"Rkw77[case]", "IRkw77[case]", "Tv[8,16,32]", "Tv8", "Tv8C", "Tv8D[H/V]", "Tv32", "Tv16", "Tv16D",
        "Mqv8", "Mqv8C", "Rkv8", "Rkv8C", "Rkv8D[H/V]", "Rkv32", "Mqv16", "Rkv16", "Rkv16D"},
       "Choose the model from the list; the part number follows the choices below"};
-  CheckBox chkMonitor{*this, "chkMonitor", "Monitor only", "The unit shows its reading and drives no output"};
-  CheckBox chkAlarmsOnly{*this, "chkAlarmsOnly", "Alarms Only (-AL)",
+  CheckBox chkMonitor{*this, "chkMonitor", "Mo&nitor only",
+                      "The unit shows its reading and drives no output"};
+  CheckBox chkAlarmsOnly{*this, "chkAlarmsOnly", "&Alarms Only (-AL)",
                          "The unit has alarms and no control outputs"};
-  CheckBox chkSimpleMenu{*this, "chkSimpleMenu", "Simple Menu (-SM)",
+  CheckBox chkSimpleMenu{*this, "chkSimpleMenu", "Simple Men&u (-SM)",
                          "The unit has the short menu: two alarms with dead bands"};
   CheckBox chkIsoAnalogOutput{*this, "chkIsoAnalogOutput", "Iso Analog Output",
                               "No listed model has an isolated analog output"};
-  CheckBox chkAllPartNumbers{*this, "chkAllPartNumbers", "Show All Models",
+  CheckBox chkAllPartNumbers{*this, "chkAllPartNumbers", "Sho&w All Models",
                              "The list holds all models in any case"};
   Frame fraOut1{*this, "fraOut1", "Ouput 1"};
   Frame fraOut2{*this, "fraOut2", "Output 2"};
   // 0 to 3 for output 1, 4 to 7 for output 2.
-  std::array<OptionButton, 8> optOut{{{fraOut1, "optOut_0", "2 - SSR"},
-                                      {fraOut1, "optOut_1", "3 - Relay"},
-                                      {fraOut1, "optOut_2", "4 - Pulse"},
-                                      {fraOut1, "optOut_3", "5 - VI (Analog)"},
-                                      {fraOut2, "optOut_4", "2 - SSR"},
-                                      {fraOut2, "optOut_5", "3 - Relay"},
-                                      {fraOut2, "optOut_6", "4 - Pulse"},
-                                      {fraOut2, "optOut_7", "0 - None"}}};
+  std::array<OptionButton, 8> optOut{{{fraOut1, "optOut_0", "&2 - SSR"},
+                                      {fraOut1, "optOut_1", "&3 - Relay"},
+                                      {fraOut1, "optOut_2", "&4 - Pulse"},
+                                      {fraOut1, "optOut_3", "&5 - VI (Analog)"},
+                                      {fraOut2, "optOut_4", "2 - &SSR"},
+                                      {fraOut2, "optOut_5", "3 - &Relay"},
+                                      {fraOut2, "optOut_6", "4 - &Pulse"},
+                                      {fraOut2, "optOut_7", "&0 - None"}}};
   Frame fraOptions{*this, "fraOptions", "Options"};
   ListBox lstOption{fraOptions,
                     "lstOption",
                     {"RS-232", "RS-485", "(EIS)Ethernet RS-232", "(EI)Ethernet RS-485", "EI w/Ext RS-485"},
                     "Communication option of the unit"};
-  Label lblAddress{fraOptions, "lblAddress", "RS485 Address"};
+  Label lblAddress{fraOptions, "lblAddress", "RS485 A&ddress"};
   TextBox txtAddress{fraOptions, "txtAddress", "Address of the unit on its bus, 0 to 199"};
-  CommandButton cmdOk{*this, "cmdOk", "OK"};
-  CommandButton cmdCancel{*this, "cmdCancel", "Cancel"};
+  CommandButton cmdOk{*this, "cmdOk", "&OK"};
+  CommandButton cmdCancel{*this, "cmdCancel", "&Cancel"};
 
   void Form_Load() override;
   void Form_Activate() override;

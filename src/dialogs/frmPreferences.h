@@ -9,10 +9,10 @@ class frmPreferences : public Form {
   frmPreferences();
 
   Frame Frame1{*this, "Frame1", "Messages"};
-  CheckBox chkWarnEn{Frame1, "chkWarnEn", "Enabled Warning During Data Entry"};
+  CheckBox chkWarnEn{Frame1, "chkWarnEn", "&Enabled Warning During Data Entry"};
   Frame Frame2{*this, "Frame2", "Serial Communication"};
-  CheckBox chkReset{Frame2, "chkReset", "Reset Controller After Finish Programming"};
-  CommandButton cmdOk{*this, "cmdOk", "OK", "Discard change on current tab"};
+  CheckBox chkReset{Frame2, "chkReset", "&Reset Controller After Finish Programming"};
+  CommandButton cmdOk{*this, "cmdOk", "&OK", "Discard change on current tab"};
 
   void Form_Load() override;
 };

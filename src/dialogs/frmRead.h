@@ -9,19 +9,19 @@ class frmRead : public Form {
   frmRead();
 
   Frame fraWriteTo{*this, "fraWriteTo", "Source"};
-  CommandButton cmdFile{fraWriteTo, "cmdFile", "File", "Save the current configuration to File", "file"};
+  CommandButton cmdFile{fraWriteTo, "cmdFile", "&File", "Save the current configuration to File", "file"};
   Label Label1{fraWriteTo, "Label1", "Open a configuration file."};
   CommandButton cmdSerial{fraWriteTo, "cmdSerial", "",
                           "Writes the present configuration to device using the computer serial port",
                           "serial"};
-  Label Label2{fraWriteTo, "Label2", "Read configuration from device connected to Serial Port."};
-  CommandButton cmdNetwork{fraWriteTo, "cmdNetwork", "Network",
+  Label Label2{fraWriteTo, "Label2", "Read configuration from device connected to &Serial Port."};
+  CommandButton cmdNetwork{fraWriteTo, "cmdNetwork", "&Network",
                            "Writes the present configuration to device using network communication",
                            "network"};
   Label Label4{fraWriteTo, "Label4", "Read configuration from device connected over the TCPIP Network."};
-  CommandButton cmdCompare{*this, "cmdCompare", "Compare",
+  CommandButton cmdCompare{*this, "cmdCompare", "Co&mpare",
                            "Reads the unit and shows how it differs from this setup, which stays as it is"};
-  CommandButton OKButton{*this, "OKButton", "Cancel"};
+  CommandButton OKButton{*this, "OKButton", "&Cancel"};
 
   void Form_Load() override;
 

@@ -10,10 +10,10 @@ class frmRunDetails : public Form {
 
   Label lblVerdict{*this, "lblVerdict"};
   ListBox lstHistory{*this, "lstHistory", {}, "What the last run did, a line for each step"};
-  CommandButton cmdCopy{*this, "cmdCopy", "Copy", "Puts the history on the clipboard"};
-  CommandButton cmdSave{*this, "cmdSave", "Save as text", "Saves the history as a text file"};
-  CommandButton cmdPrint{*this, "cmdPrint", "Print", "Prints the history"};
-  CommandButton cmdClose{*this, "cmdClose", "Close"};
+  CommandButton cmdCopy{*this, "cmdCopy", "&Copy", "Puts the history on the clipboard"};
+  CommandButton cmdSave{*this, "cmdSave", "&Save as text", "Saves the history as a text file"};
+  CommandButton cmdPrint{*this, "cmdPrint", "&Print", "Prints the history"};
+  CommandButton cmdClose{*this, "cmdClose", "C&lose"};
 
   void Form_Load() override;
 

@@ -11,7 +11,7 @@ class frmTimedMessage : public Form {
   frmTimedMessage();
 
   Label Label1{*this, "Label1"};
-  CommandButton OKButton{*this, "OKButton", "OK"};
+  CommandButton OKButton{*this, "OKButton", "&OK"};
   Timer Timer1{*this, 10.0};
 
   std::string message;  // set by the caller before the form is shown

@@ -9,8 +9,8 @@ class frmWarning : public Form {
   frmWarning();
 
   Label lblWarning{*this, "lblWarning"};
-  CheckBox chkWarning{*this, "chkWarning", "Enabled Warning During Data Entry"};
-  CommandButton cmdOk{*this, "cmdOk", "OK", "Discard change on current tab"};
+  CheckBox chkWarning{*this, "chkWarning", "&Enabled Warning During Data Entry"};
+  CommandButton cmdOk{*this, "cmdOk", "&OK", "Discard change on current tab"};
 
   void Form_Load() override;  // shows Global.WarningText
 };

@@ -79,6 +79,14 @@ void CheckBox::userClicked() {
   act([this] { setValue(value_ == 0); });
 }
 
+CaptionedControl::CaptionedControl(Container& container, std::string name, std::string_view caption)
+    : Control(container, std::move(name)), caption_(caption) {
+  const std::size_t mark = caption_.find('&');
+  if (mark == std::string::npos) return;
+  caption_.erase(mark, 1);
+  mnemonic_ = caption_.substr(mark, 1);
+}
+
 OptionButton::OptionButton(Container& container, std::string name, std::string_view caption)
     : CaptionedControl(container, std::move(name), caption) {
   container.options.push_back(this);

@@ -114,10 +114,13 @@ class Control {
 
 class CaptionedControl : public Control {
  public:
-  CaptionedControl(Container& container, std::string name, std::string_view caption)
-      : Control(container, std::move(name)), caption_(caption) {}
+  // In `caption`, "&" stands in front of the letter that chooses the control with the Alt key: "&Write".
+  CaptionedControl(Container& container, std::string name, std::string_view caption);
 
-  const std::string& caption() const { return caption_; }
+  const std::string& caption() const { return caption_; }  // without that "&"
+  // The letter marked at first; it stands for whatever caption has it. None: an empty text.
+  const std::string& mnemonic() const { return mnemonic_; }
+  // As it stands, an "&" included.
   void setCaption(std::string_view caption) { assign(caption_, std::string(caption)); }
 
   ControlState state() const override;
@@ -125,6 +128,7 @@ class CaptionedControl : public Control {
 
  private:
   std::string caption_;
+  std::string mnemonic_;
 };
 
 class Label : public CaptionedControl {

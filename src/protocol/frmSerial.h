@@ -37,7 +37,7 @@ class frmSerial : public Form, public RunView {
   Label lblBar{*this, "lblBar"};
   ProgressBar lblProgress{*this, "lblProgress", fullBar};
   Label lblPercent{*this, "lblPercent"};
-  CommandButton cmdCancel{*this, "cmdCancel", "Cancel"};
+  CommandButton cmdCancel{*this, "cmdCancel", "&Cancel"};
 
   // What a showing does.
   std::int16_t readMode = 0;      // a read run rather than a write run; written by the choosers

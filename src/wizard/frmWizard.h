@@ -10,7 +10,6 @@
 #include "platform/Form.h"
 #include "wizard/WizardPages.h"
 
-inline constexpr const char* nextCaption = "Next >";
 inline constexpr const char* finishCaption = "Finish";
 
 class frmWizard : public Form {
@@ -21,18 +20,19 @@ class frmWizard : public Form {
   Label Label1{*this, "Label1", "Connection Wizard"};
   Label lblCaption{*this, "lblCaption"};  // the page's text; the tests leave their verdicts here
   Frame Frame1{*this, "Frame1", "Serial communication"};
-  OptionButton opt232{Frame1, "opt232", "RS-232"};
-  OptionButton opt485{Frame1, "opt485", "RS-485"};
-  Label Label2{Frame1, "Label2", "Address"};
+  OptionButton opt232{Frame1, "opt232", "RS-&232"};
+  OptionButton opt485{Frame1, "opt485", "RS-&485"};
+  Label Label2{Frame1, "Label2", "&Address"};
   ComboBox cboAddress{Frame1, "cboAddress", {}, "RS-485 address of the controller"};
   Frame Frame2{*this, "Frame2", "Search"};
-  OptionButton optYes{Frame2, "optYes", "Yes, search for my controller"};
-  OptionButton optNo{Frame2, "optNo", "No, I will set the port myself"};
+  OptionButton optYes{Frame2, "optYes", "&Yes, search for my controller"};
+  OptionButton optNo{Frame2, "optNo", "N&o, I will set the port myself"};
   Label lblDetection{*this, "lblDetection", "Detection is in progress..."};
   ProgressBar prgProgress{*this, "prgProgress", 100};
-  CommandButton cmdBack{*this, "cmdBack", "< Back"};
-  CommandButton cmdNext{*this, "cmdNext", nextCaption};
-  CommandButton cmdCancel{*this, "cmdCancel", "Cancel"};
+  CommandButton cmdBack{*this, "cmdBack", "< &Back"};
+  CommandButton cmdNext{*this, "cmdNext", "&Next >"};
+  const std::string nextCaption = cmdNext.caption();  // until it says Finish
+  CommandButton cmdCancel{*this, "cmdCancel", "&Cancel"};
 
   std::int16_t wizardPage = 0;
   std::int16_t wizardActive = 0;      // has been shown

@@ -114,7 +114,7 @@ constexpr Text texts[] = {
     {"cmdHelp", "Help", "Get help"},
     {"cmdWrite", "Write", "Write to file, serial-comm or printer"},
     {"cmdNext", "Next >", "Forward to next tab"},
-    {"cmdPrev", "< &Back", "Back to previous tab"},
+    {"cmdPrev", "< Back", "Back to previous tab"},
     {"cmdReset", "Discard", "Discard change on current tab"},
     {"cmdPref", "Preferences", "Enable controller Reset and Warning messages"},
     {"cmdFactoryDefaults", "Fact. defaults", ""},

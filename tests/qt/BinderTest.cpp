@@ -44,6 +44,7 @@ TEST_F(BinderTest, EveryControlShowsItsOwnStateAndTip) {
   for (Control* control : test.controls) {
     SCOPED_TRACE(control->name());
     auto& shownBy = widget<QWidget>(control->name().c_str());
+    if (shownBy.property("follows").isValid()) continue;
     control->setEnabled(false);
     EXPECT_FALSE(shownBy.isEnabledTo(shownBy.parentWidget()));
     control->setEnabled(true);

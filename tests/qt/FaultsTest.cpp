@@ -82,13 +82,13 @@ TEST_F(FaultsTest, AnotherContainer) {
               HasSubstr("\"chkOn\" lies in \"tabBig_2\", its control in \"fraGroup\""));
 }
 
-TEST_F(FaultsTest, TextThatIsNoLabelOrFollowsNothing) {
+TEST_F(FaultsTest, TextThatFollowsNothingAndRoomThatIsNoLabel) {
   const auto how = [](QWidget& window) {
     named(window, "text_value")->setProperty("follows", "nothing");
-    (new QLineEdit(&window))->setObjectName("text_odd");
+    (new QLineEdit(&window))->setObjectName("room_odd");
   };
   EXPECT_THAT(faults(how), AllOf(HasSubstr("\"text_value\" follows \"nothing\", which is no control"),
-                                 HasSubstr("\"text_odd\" is no label")));
+                                 HasSubstr("widget \"room_odd\" has no control")));
 }
 
 TEST_F(FaultsTest, PagesThatDoNotFitTheStrip) {

@@ -65,6 +65,7 @@ TYPED_TEST(LayoutsTest, ShowsStateAndTipOfEveryControl) {
     SCOPED_TRACE(control->name());
     const QWidget& widget = this->widget(*control);
     for (const bool on : {false, true}) {
+      if (widget.property("follows").isValid()) break;  // its state is another control's
       control->setEnabled(on);
       EXPECT_EQ(widget.isEnabledTo(widget.parentWidget()), on);
       control->setVisible(on);

@@ -16,13 +16,14 @@ struct TestForm : Form {
   TestForm() : TestForm("frmTest") {}
   explicit TestForm(const std::string& name) : Form(name, "Test") {}
 
-  Label lblName{*this, "lblName", "Name"};
+  Label lblName{*this, "lblName", "&Name"};
   Label lblGround{*this, "lblGround", "Ground"};
   TabStrip tabBig{*this, "tabBig", {"First", "Second", "Third"}};
   Frame fraGroup{tabBig.page(0), "fraGroup", "Group"};
-  ControlArray<OptionButton> optKind{fraGroup, "optKind", {"Alpha", "Beta", "Gamma"}};
-  CheckBox chkOn{fraGroup, "chkOn", "On", "Turns it on"};
+  ControlArray<OptionButton> optKind{fraGroup, "optKind", {"&Alpha", "Beta", "Gamma"}};
+  CheckBox chkOn{fraGroup, "chkOn", "&On", "Turns it on"};
   TextBox txtValue{fraGroup, "txtValue", "A value"};
+  Label text_value{fraGroup, "text_value", "seconds"};
   ListBox lstKinds{tabBig.page(1), "lstKinds", {"one", "two", "three"}};
   ComboBox cboBaud{tabBig.page(1), "cboBaud", {"300", "600", "1200"}, "Rate"};
   ComboBox cboFree{tabBig.page(1), "cboFree", {"a", "b"}};
@@ -34,7 +35,7 @@ struct TestForm : Form {
   Frame fraFirst{tabBig.page(2), "fraFirst", "First"};
   Frame fraSecond{tabBig.page(2), "fraSecond", ""};
   CheckBox chkLast{tabBig.page(2), "chkLast", "Last"};
-  CommandButton cmdGo{*this, "cmdGo", "Begin", "Goes", "imgMicro"};
+  CommandButton cmdGo{*this, "cmdGo", "Be&gin", "Goes", "imgMicro"};
   CommandButton cmdEnd{*this, "cmdEnd", "&End"};
 
   bool Form_QueryUnload() override {

@@ -192,7 +192,7 @@ TEST_F(WindowTest, HasRoomForTextsThatCameBehindItsCentring) {
   layouts().back().build = [](QWidget& window) {
     buildOther(window);
     auto* text = new QLabel(&window);
-    text->setObjectName("text_long");
+    text->setObjectName("room_long");
     text->setWordWrap(true);
     auto* column = new QVBoxLayout(&window);
     column->addWidget(text);
@@ -200,7 +200,7 @@ TEST_F(WindowTest, HasRoomForTextsThatCameBehindItsCentring) {
   };
   auto& other = form<OtherForm>();
   other.centre();
-  auto& text = *host_.window(other).findChild<QLabel*>("text_long");
+  auto& text = *host_.window(other).findChild<QLabel*>("room_long");
   text.setText(QStringLiteral("word ").repeated(100));
   other.show();
   host_.yield();

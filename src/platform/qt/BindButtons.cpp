@@ -9,7 +9,7 @@
 namespace {
 
 void showCaption(const CaptionedControl& control, QAbstractButton& widget) {
-  const QString caption = withMnemonic(shown(control.caption()), widget.property("mnemonic").toString());
+  const QString caption = withMnemonic(shown(control.caption()), shown(control.mnemonic()));
   if (widget.text() != caption) widget.setText(caption);
 }
 

@@ -56,7 +56,7 @@ void showMark(const Label& control, QLabel& widget) {
 
 void showLabel(const Label& control, QLabel& widget) {
   const QString caption =
-      withMnemonic(textWithin(widget, shown(control.caption())), widget.property("mnemonic").toString());
+      withMnemonic(textWithin(widget, shown(control.caption())), shown(control.mnemonic()));
   if (widget.text() != caption) widget.setText(caption);
   showGround(control, widget);
   showMark(control, widget);

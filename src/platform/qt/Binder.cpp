@@ -57,7 +57,7 @@ class Walk {
     for (const auto& [name, control] : controls_) {
       if (!bindings_.contains(name)) fault("control \"", name, "\" has no widget");
     }
-    for (QWidget* follower : followers_) follow(*follower);
+    for (Binding* follower : followers_) follow(*follower);
     if (!faults_.empty()) throw std::logic_error(form_.containerName() + " and its layout differ:" + faults_);
     for (const auto& [name, binding] : bindings_) binding->show();
   }
@@ -108,6 +108,7 @@ class Walk {
     bindings_[name] = binding;
     if (binding == nullptr) return fault("\"", name, "\" is a ", widget.metaObject()->className());
     keepRoom(widget);
+    if (widget.property("follows").isValid()) followers_.push_back(binding);
     if (qobject_cast<QGroupBox*>(&widget) != nullptr) walk(widget, name);
   }
 
@@ -135,27 +136,19 @@ class Walk {
   }
 
   void visitOther(QWidget& widget, const std::string& name, const std::string& container) {
-    if (name.starts_with("text_")) return visitText(widget);
+    if (name.starts_with("room_") && qobject_cast<QLabel*>(&widget) != nullptr) return;
     const bool layoutOnly = name.empty() || name.starts_with("box_") || name.starts_with("qt_");
     if (!layoutOnly) return fault("widget \"", name, "\" has no control");
     walk(widget, container);
   }
 
-  void visitText(QWidget& widget) {
-    auto* label = qobject_cast<QLabel*>(&widget);
-    if (label == nullptr) return fault("\"", typed(widget.objectName()), "\" is no label");
-    label->setTextFormat(Qt::PlainText);
-    label->setText(withMnemonic(label->text(), label->property("mnemonic").toString()));
-    if (label->property("follows").isValid()) followers_.push_back(label);
-  }
-
-  void follow(QWidget& follower) {
-    const std::string name = typed(follower.property("follows").toString());
+  void follow(Binding& follower) {
+    const QWidget& widget = follower.widget();
+    const std::string name = typed(widget.property("follows").toString());
     const auto found = bindings_.find(name);
     if (found == bindings_.end() || found->second == nullptr) {
-      return fault("\"", typed(follower.objectName()), "\" follows \"", name, "\", which is no control");
+      return fault("\"", typed(widget.objectName()), "\" follows \"", name, "\", which is no control");
     }
-    keepRoom(follower);
     found->second->addFollower(follower);
   }
 
@@ -164,7 +157,7 @@ class Walk {
   std::map<std::string, Control*> controls_;
   std::map<std::string, Binding*> bindings_;  // null: the widget is of the wrong class
   std::set<std::string> seen_;
-  std::vector<QWidget*> followers_;
+  std::vector<Binding*> followers_;
   std::string faults_;
 };
 

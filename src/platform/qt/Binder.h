@@ -10,9 +10,9 @@
 // std::logic_error: a control without a widget, a widget without a control, a widget of the wrong class, a
 // name twice, a widget that lies in another container than its control, a "follows" that names no control.
 //
-// Names that need no control: "text_..." (labels), "box_..." (containers for layout), "<strip>_pages" with
-// its pages "<strip>_0"... Dynamic properties that the layouts use: "mnemonic", "columns", "rows", "follows",
-// "stack".
+// Names that need no control: "room_..." (labels that keep a place free), "box_..." (containers for layout),
+// "<strip>_pages" with its pages "<strip>_0"... Dynamic properties that the layouts use: "columns", "rows",
+// "follows" (a label shows and hides with another control), "stack".
 void bindForm(Form& form, QWidget& window);
 
 // Shows every control again: after a change of the desktop's colours.

@@ -35,7 +35,7 @@ void Binding::show() {
   showing_ = true;
   show_();
   if (qobject_cast<QPushButton*>(&widget_) != nullptr) keepKeyboard();
-  showCommon(widget_);
+  if (!follows_) showCommon(widget_);
   const QString tip = tipText(shown(control_->toolTip()));
   if (widget_.toolTip() != tip) widget_.setToolTip(tip);
   for (const auto& follower : followers_) {
@@ -57,6 +57,11 @@ void Binding::keepKeyboard() {
     if (keyboardTaker_ == window.focusWidget()) widget_.setFocus();
     keyboardTaker_ = nullptr;
   }
+}
+
+void Binding::addFollower(Binding& follower) {
+  follower.follows_ = true;
+  addFollower(follower.widget_);
 }
 
 void Binding::showCommon(QWidget& widget) const {

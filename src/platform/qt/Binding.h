@@ -30,7 +30,10 @@ class Binding : public QObject {
   // The form is about to end; the widget may outlive it for a while.
   void release();
 
+  // A widget that is shown, hidden and greyed with this one.
   void addFollower(QWidget& follower) { followers_.emplace_back(&follower); }
+  // The same for a control's widget, whose own control then has no say in this.
+  void addFollower(Binding& follower);
 
   // Set by a text box: raises its validator if the user has been there since it was last raised.
   std::function<void()> leave;
@@ -43,6 +46,7 @@ class Binding : public QObject {
   QWidget& widget_;
   std::function<void()> show_;
   std::vector<QPointer<QWidget>> followers_;
+  bool follows_ = false;  // another control
   QPointer<QPushButton> keyboardTaker_;  // has the keyboard in place of this button, which is switched off
   bool showing_ = false;
 };

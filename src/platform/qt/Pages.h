@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// The pages of the main window, each with a layout of its own. Their place in the strip is told in the layout
+// of the window.
+#pragma once
+
+#include <QWidget>
+
+#include "ui_pageAlarm1.h"
+#include "ui_pageAlarm2.h"
+#include "ui_pageAnalog.h"
+#include "ui_pageComm.h"
+#include "ui_pageIdCode.h"
+#include "ui_pageInputType.h"
+#include "ui_pageLbAlarm.h"
+#include "ui_pageOut1.h"
+#include "ui_pageOut2.h"
+#include "ui_pageRampSoak.h"
+#include "ui_pageReading.h"
+#include "ui_pageSetpoints.h"
+
+template <class Ui>
+class Page : public QWidget {
+ public:
+  explicit Page(QWidget* parent = nullptr) : QWidget(parent) { Ui().setupUi(this); }
+};
+
+using PageIdCode = Page<Ui::pageIdCode>;
+using PageSetpoints = Page<Ui::pageSetpoints>;
+using PageInputType = Page<Ui::pageInputType>;
+using PageReading = Page<Ui::pageReading>;
+using PageAlarm1 = Page<Ui::pageAlarm1>;
+using PageAlarm2 = Page<Ui::pageAlarm2>;
+using PageLbAlarm = Page<Ui::pageLbAlarm>;
+using PageOut1 = Page<Ui::pageOut1>;
+using PageOut2 = Page<Ui::pageOut2>;
+using PageRampSoak = Page<Ui::pageRampSoak>;
+using PageAnalog = Page<Ui::pageAnalog>;
+using PageComm = Page<Ui::pageComm>;
