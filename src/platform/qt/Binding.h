@@ -46,7 +46,7 @@ class Binding : public QObject {
   QWidget& widget_;
   std::function<void()> show_;
   std::vector<QPointer<QWidget>> followers_;
-  bool follows_ = false;                // another control
+  bool follows_ = false;                 // another control
   QPointer<QPushButton> keyboardTaker_;  // has the keyboard in place of this button, which is switched off
   bool showing_ = false;
 };
