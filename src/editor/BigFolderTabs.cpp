@@ -103,6 +103,7 @@ void frmBigFolder::cmdFactoryDefaults_Click() {
   initBigFolder();
   Global.DeviceSpecified = False;
   resetDeviceState();
+  loadMemo(tab::out1);  // the analog output of a unit before it has forced its choice until now
   cboBaud.setListIndex(5);
   cboParity.setListIndex(1);
   cboData.setListIndex(0);

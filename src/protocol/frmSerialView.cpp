@@ -9,12 +9,27 @@
 
 namespace {
 
+constexpr std::size_t mostTold = 2000;  // bytes of one status; what a peer may add has no bound
+constexpr std::size_t toldEnd = 500;    // the outcome stands at the end
+
 frmWizard& wizard() { return form<frmWizard>(); }
+
+bool isInsideCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
+
+// The beginning and the end, whole characters of both.
+std::string bounded(std::string text) {
+  if (text.size() <= mostTold) return text;
+  std::size_t from = mostTold - toldEnd;
+  std::size_t to = text.size() - toldEnd;
+  while (isInsideCharacter(text[from])) --from;
+  while (to < text.size() && isInsideCharacter(text[to])) ++to;
+  return text.replace(from, to - from, "...");
+}
 
 }  // namespace
 
 void frmSerial::upStat(bool append, std::string_view text) {
-  lblStatus.setCaption(append ? lblStatus.caption() + std::string(text) : std::string(text));
+  lblStatus.setCaption(bounded(append ? lblStatus.caption() + std::string(text) : std::string(text)));
   history.tell(lblStatus.caption(), append);
   history.judge(run.outcome);
   lblStatus.refresh();

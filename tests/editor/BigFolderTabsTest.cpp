@@ -143,6 +143,27 @@ TEST_F(FactoryDefaults, StoreAndShowEveryDefaultAgain) {
   EXPECT_EQ(editor.chkRampEn.value(), 0);
 }
 
+// Whatever unit was on show: the boxes commit what they do after the first start.
+TEST_F(FactoryDefaults, LeaveNothingOfTheUnitBeforeThem) {
+  const auto committed = [this] {
+    editor.cmdFactoryDefaults.userClicked();
+    editor.reCover();
+    std::vector<MemoField> records;
+    for (int record = 0; record <= rec::optNoChange; ++record) records.push_back(Memo[record]);
+    return records;
+  };
+  const std::vector<MemoField> first = committed();
+  for (int unit = 0; unit < 10; ++unit) {
+    chooseUnit(unit / 2, unit % 2 == 1);
+    fitForm();
+    const std::vector<MemoField> now = committed();
+    for (std::size_t record = 0; record < first.size(); ++record) {
+      EXPECT_TRUE(now[record] == first[record]) << "record " << record << " after unit " << unit;
+    }
+    EXPECT_EQ(editor.cboOut1Ctrl.text(), "On/Off") << unit;
+  }
+}
+
 TEST_F(FactoryDefaults, ForgetTheModelButNotItsNumber) {
   Global.DeviceSpecified = True;
   Hardware.ModelNumber = "other";

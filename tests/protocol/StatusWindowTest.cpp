@@ -44,6 +44,24 @@ TEST_F(StatusWindow, KeepsALineForEachStatusInItsNarrative) {
   EXPECT_EQ(window().lstNarrative.listIndex(), 1);
 }
 
+// A peer may say anything: what is kept of it has a bound, and the outcome at its end is kept.
+TEST_F(StatusWindow, KeepsOfAnEndlessTextItsBeginningAndItsEnd) {
+  for (const std::string piece : {"F", "\xC3\xA4"}) {
+    std::string reply;
+    while (reply.size() < 1'000'000) reply += piece;
+    window().upStat(false, "Reading Input Type...\r");
+    for (int round = 0; round < 20; ++round) window().upStat(true, reply);
+    window().upStat(true, "Fail");
+    EXPECT_LT(status().size(), 2100U);
+    EXPECT_TRUE(status().starts_with("Reading Input Type...\r" + piece));
+    EXPECT_TRUE(status().ends_with(piece + "Fail"));
+    EXPECT_LT(window().lstNarrative.items().back().size(), 2100U);
+    for (std::size_t at = status().find(piece); status().compare(at, 3, "...") != 0; at += piece.size()) {
+      ASSERT_EQ(status().substr(at, piece.size()), piece) << "a character cut in two at " << at;
+    }
+  }
+}
+
 TEST_F(StatusWindow, RepaintsTheStatusTextAtOnce) {
   int painted = 0;
   window().lblStatus.onRefresh = [&painted] { ++painted; };

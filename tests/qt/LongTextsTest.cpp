@@ -68,6 +68,12 @@ void fill(Control& control, const std::string& text) {
 template <class Kind>
 class LongTexts : public QtTest {
  protected:
+  // A window that comes back as large as it was in an earlier test shows nothing of what a text does to it.
+  LongTexts() {
+    for (const char* key : {"Left", "Top", "Width", "Height", "Maximized"}) {
+      host_.deleteSetting(std::string("Torvane Configuration/Window/") + key);
+    }
+  }
   ~LongTexts() override { host_.release(*form_); }
 
   QWidget& window() { return host_.window(*form_); }
@@ -123,7 +129,7 @@ TYPED_TEST(LongTexts, ThatAreThereFromTheStartLeaveTheWindowOnTheScreen) {
   this->form_->setCaption(longTexts[0]);
   this->host_.show(*this->form_, false);
   this->host_.yield();
-  EXPECT_LE(this->window().width(), std::max(bare, laptop.width() * 102 / 100));
+  EXPECT_LE(this->window().width(), std::max(bare, laptop.width()));
 }
 
 TYPED_TEST(LongTexts, InATipStayInLinesThatFitTheScreenAndArePlain) {

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+// Facts that the guide lists as tables: row by row what the program does.
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QRegularExpression>
+#include <QStringList>
+
+#include "editor/ForcedRules.h"
+
+namespace {
+
+// The cells of a page's table, row by row; the first row is its head.
+QList<QStringList> tableAfter(const QString& page, const QString& heading) {
+  QFile file(":/help/" + page);
+  EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << page.toStdString();
+  const QString part = QString::fromUtf8(file.readAll()).section("<h2>" + heading + "</h2>", 1, 1);
+  const QString table = part.section("<table>", 1, 1).section("</table>", 0, 0);
+  const QRegularExpression row("<tr>(.*?)</tr>", QRegularExpression::DotMatchesEverythingOption);
+  const QRegularExpression cell("<t[hd][^>]*>(.*?)</t[hd]>", QRegularExpression::DotMatchesEverythingOption);
+  QList<QStringList> rows;
+  for (auto rowMatch = row.globalMatch(table); rowMatch.hasNext();) {
+    QStringList cells;
+    for (auto match = cell.globalMatch(rowMatch.next().captured(1)); match.hasNext();) {
+      cells << match.next().captured(1).simplified();
+    }
+    rows << cells;
+  }
+  return rows;
+}
+
+TEST(GuideFacts, WhatTheWindowChangesInASetupIsListedAsItIsDone) {
+  const QList<QStringList> told = tableAfter("read-from.html", "After a read");
+  QList<QStringList> done;
+  for (const ForcedRule& rule : forcedRules()) done << QStringList{rule.when, rule.becomes};
+  ASSERT_FALSE(told.isEmpty());
+  EXPECT_TRUE(told.mid(1) == done);
+}
+
+}  // namespace
