@@ -136,8 +136,8 @@ void printDocument(Printer& printer) {
 
 }  // namespace
 
-void printReport() {
-  attempt([] {
+bool printReport() {
+  return attempt([] {
     const auto printer = host().choosePrinter(Global.FileName);
     printDocument(*printer);
   });

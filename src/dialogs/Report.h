@@ -16,8 +16,8 @@ inline constexpr int lastSection = 12;
 }  // namespace report
 
 // The print command. Anything that goes wrong, a cancel in the printer chooser above all, ends it without a
-// word and prints nothing. FileName is "Untitled" afterwards if it was empty.
-void printReport();
+// word and prints nothing: false. FileName is "Untitled" afterwards if it was empty.
+bool printReport();
 
 // What it is made of.
 void PrintHeader(Printer& printer, std::string_view text);  // centred, and an empty line

@@ -17,15 +17,6 @@ namespace {
 
 constexpr double secondsOfDay = 86400;
 
-// Hardware goes in as it is before the tabs are committed.
-std::string presentConfiguration() {
-  const double stamp = std::fmod(host().now(), secondsOfDay);
-  std::string file = configModelPart(stamp);
-  auto& editor = form<frmBigFolder>();
-  editor.reCover();
-  return file + configSetupPart(editor.tabBig.tab(), stamp);
-}
-
 void refuse(const std::string& what, const std::string& path, const std::string& reason) {
   messageBox(what + "\r" + path + "\r\r" + reason, "", Icon::critical);
 }
@@ -53,6 +44,15 @@ std::string settle(const std::string& path) {
 }
 
 }  // namespace
+
+// Hardware goes in as it is before the tabs are committed.
+std::string presentConfiguration() {
+  const double stamp = std::fmod(host().now(), secondsOfDay);
+  std::string file = configModelPart(stamp);
+  auto& editor = form<frmBigFolder>();
+  editor.reCover();
+  return file + configSetupPart(editor.tabBig.tab(), stamp);
+}
 
 bool openConfiguration(const std::string& path) {
   ConfigCheck check;

@@ -8,6 +8,8 @@
 // Examines the file first. What can't be read is refused in a box, what is no setup is asked about; false:
 // nothing has changed, and the user may choose another.
 bool openConfiguration(const std::string& path);
+// The bytes of the setup on show, which is committed by it.
+std::string presentConfiguration();
 // What can't be written is refused in a box; false: the setup and the file's name are as they were.
 bool saveConfiguration(const std::string& path);
 

@@ -49,10 +49,7 @@ frmBigFolder::frmBigFolder() : MSComm1(host().makeSerialPort()), fields_(fieldTa
 }
 
 void frmBigFolder::Form_Load() {
-  BaseModel = factoryBaseModel;
-  settings_.Appname = program::title;
-  settings_.Section = "Persist";
-  listPartNumber(firstCatalogueRow);
+  prepare();
   initSplash();
   auto& splash = form<frmSplash>();
   hide();
@@ -62,6 +59,18 @@ void frmBigFolder::Form_Load() {
   initBigFolder();
   keepSplashUp(start);
   ::unload<frmSplash>();
+  settle();
+  show();
+}
+
+void frmBigFolder::prepare() {
+  BaseModel = factoryBaseModel;
+  settings_.Appname = program::title;
+  settings_.Section = "Persist";
+  listPartNumber(firstCatalogueRow);
+}
+
+void frmBigFolder::settle() {
   settings_.Key = "Reset";
   settings_.RegGet();
   Global.ResetAfterWrite = asFlag(settings_.Setting == "True");
@@ -72,7 +81,6 @@ void frmBigFolder::Form_Load() {
   AnalogOutControls(false);
   txtRS485Address.setEnabled(false);
   countPartNumbers();
-  show();
 }
 
 void frmBigFolder::initSplash() {

@@ -35,6 +35,8 @@ class frmBigFolder : public BigFolderControls {
 
   // Life: BigFolderLife.cpp.
   void Form_Load() override;
+  void prepare();  // before the factory setup is shown ...
+  void settle();   // ... and behind it
   void Form_Activate() override;
   void Form_Unload() override;
   void initSplash();
@@ -48,6 +50,10 @@ class frmBigFolder : public BigFolderControls {
   void writeMemo(std::int16_t tab);
   void reCover();  // writeMemo of all tabs
   std::string formDPt() const;
+  // What a user does to the control of a record: goes to its tab, types a text and leaves the box, or chooses
+  // an index, a tick or a position. Whether the control is in reach doesn't count. Commits the tab.
+  void takeText(int record, std::string_view text);
+  void takeChoice(int record, int choice);
 
   // A whole setup: BigFolderSetup.cpp. `between` runs after each of the twelve tabs.
   // Shows all records, whatever the window showed before. What a control can't show becomes the nearest thing
@@ -137,6 +143,8 @@ class frmBigFolder : public BigFolderControls {
   static constexpr int notStored = notShown;
 
   std::vector<Field> fieldTable();
+  const Field& fieldOf(int record) const;
+  void commit(const Field& field);
   void alignDeadBands();
   static bool isInUse(const Field& field);
   void load(const Field& field);

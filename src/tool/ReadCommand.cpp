@@ -34,7 +34,7 @@ bool cameToRegisters(const RunOutcome& outcome) {
 }
 
 ExitCode run(const Arguments& arguments, const Output& output) {
-  beginRecords();
+  SetupDesk desk;
   RunOutcome outcome;
   {
     Connection connection(arguments.line);
@@ -44,7 +44,8 @@ ExitCode run(const Arguments& arguments, const Output& output) {
   const bool isWhole = cameToRegisters(outcome) && outcome.end == RunEnd::finished;
   if (isWhole) {
     takeUnit(arguments.line);
-    saveSetup(arguments.out);
+    desk.takeRead();
+    desk.save(arguments.out);
   }
   if (isWhole && !arguments.keep.empty()) {
     Connection connection(arguments.line);

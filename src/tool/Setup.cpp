@@ -52,31 +52,15 @@ void replaceWhole(const std::string& path, std::string_view bytes) {
   }
 }
 
-// Records and model tell the same in two places; the records count, as on the window.
-void takeModelCopies() {
-  DeviceState.DeviceClass = Memo[rec::deviceClass].extra;
-  DeviceState.IdFlagC = Memo[rec::idFlagC].extra;
-  DeviceState.SpareLong = Memo[rec::spareLong].extra;
-  DeviceState.MenuKind = Memo[rec::menuKind].extra;
-  Memo[rec::chkIDEnabled].value = 1;
-}
-
-void storeModelCopies() {
-  Memo[rec::deviceClass].extra = toInt16(DeviceState.DeviceClass);
-  Memo[rec::idFlagC].extra = DeviceState.IdFlagC;
-  Memo[rec::spareLong].text = numberText(DeviceState.SpareLong);
-  Memo[rec::menuKind].extra = toInt16(DeviceState.MenuKind);
-}
-
-void takeSetup(const std::string& path, std::string_view bytes) {
+void mustBeSetup(const std::string& path, std::string_view bytes) {
   const ConfigCheck check = examineConfiguration(bytes);
   if (!check.fault.empty())
     throw Problem(ExitCode::file, path + ": this is no whole setup", "The file " + check.fault);
-  resetDeviceState();
-  // The reader takes as many bytes as this has characters.
-  if (!check.older) BaseModel = host().fromCodePage(check.baseModel);
-  readConfiguration(bytes);
-  takeModelCopies();
+}
+
+SetupEditor editorAtDesk() {
+  const Desk desk;
+  return {};
 }
 
 UnitImage takeCopy(const std::string& path, std::string_view bytes) {
@@ -133,28 +117,36 @@ void beginRecords() {
   DeviceState.DeviceClass = -1;
 }
 
-void loadSetup(const std::string& path) {
-  beginRecords();
+SetupDesk::SetupDesk() : editor(editorAtDesk()) { beginRecords(); }
+
+void SetupDesk::open(const std::string& path) {
   const std::string bytes = readWhole(path, longestConfiguration());
   if (isUnitFile(bytes)) throw Problem(ExitCode::file, path + " is a copy of a unit, not a setup");
-  takeSetup(path, bytes);
+  mustBeSetup(path, bytes);
+  const Desk desk;
+  editor.open(path);
 }
 
-void saveSetup(const std::string& path) {
-  storeModelCopies();
-  const double stamp = host().now();
-  replaceWhole(path, configModelPart(stamp) + configSetupPart(1, stamp));
+void SetupDesk::takeRead() {
+  const Desk desk;
+  editor.takeRecords();
 }
+
+void SetupDesk::save(const std::string& path) {
+  const Desk desk;
+  replaceWhole(path, editor.asFile());
+}
+
+void loadSetup(const std::string& path) { SetupDesk().open(path); }
 
 UnitImage loadCopy(const std::string& path) { return takeCopy(path, readWhole(path, longestUnitFile)); }
 
 void saveCopy(const std::string& path, const UnitImage& copy) { replaceWhole(path, unitFileText(copy)); }
 
 std::variant<EncodedSetup, UnitImage> loadEither(const std::string& path) {
-  beginRecords();
   const std::string bytes = readWhole(path, longestConfiguration());
   if (isUnitFile(bytes)) return takeCopy(path, bytes);
-  takeSetup(path, bytes);
+  loadSetup(path);
   return encodeSetup();
 }
 

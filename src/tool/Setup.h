@@ -6,19 +6,31 @@
 #include <string>
 #include <variant>
 
+#include "editor/SetupEditor.h"
 #include "knowledge/EncodedSetup.h"
 #include "knowledge/UnitImage.h"
 #include "tool/Arguments.h"
+#include "tool/ToolHost.h"
 
 namespace tool {
 
 // The records as a program begins with them: factory defaults and the stored preferences.
 void beginRecords();
 
-// A setup file into the records. Throws Problem if it can't be read or is no setup.
+// A setup under work: the records as the window would have them, with its rules.
+class SetupDesk {
+ public:
+  SetupDesk();  // on factory defaults and the stored preferences
+
+  void open(const std::string& path);  // throws Problem if the file can't be read or is no setup
+  void takeRead();                     // the records as a read has left them
+  void save(const std::string& path);  // in one step
+
+  SetupEditor editor;
+};
+
+// A setup file into the records, as the window opens it.
 void loadSetup(const std::string& path);
-// The records into a file, in one step.
-void saveSetup(const std::string& path);
 
 UnitImage loadCopy(const std::string& path);
 void saveCopy(const std::string& path, const UnitImage& copy);

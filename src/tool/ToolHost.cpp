@@ -5,19 +5,17 @@
 #include <QCoreApplication>
 #include <QDate>
 #include <QDateTime>
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QLocale>
-#include <QSaveFile>
-#include <QStandardPaths>
 #include <QTime>
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 
 #include "core/Global.h"
 #include "core/Model.h"
+#include "platform/Form.h"
 #include "platform/RuntimeError.h"
 #include "platform/qt/io/QtSerialPort.h"
 #include "platform/qt/io/QtSocket.h"
@@ -28,8 +26,23 @@ namespace tool {
 
 namespace {
 
-[[noreturn]] void failed(const QFileDevice& file, Fault fault) {
-  throw RuntimeError(fault, typed(file.errorString()));
+// A port that nobody has plugged in.
+struct NoPort : SerialPort {
+  void open() override { refuse(); }
+  void close() override {}
+  bool isOpen() const override { return false; }
+  std::size_t inBufferCount() override { refuse(); }
+  std::string input() override { refuse(); }
+  void output(std::string_view) override { refuse(); }
+  void waitForInput(double) override { refuse(); }
+
+ private:
+  [[noreturn]] static void refuse() { throw RuntimeError(Fault::portNotOpen, "The port is not open"); }
+};
+
+void pressOk(const Form& dialog) {
+  const auto ok = std::ranges::find(dialog.controls, "cmdOk", &Control::name);
+  if (ok != dialog.controls.end()) dynamic_cast<CommandButton&>(**ok).userClicked();
 }
 
 // A run looks at the flag behind each register.
@@ -54,6 +67,7 @@ void ToolHost::yield() {
 
 void ToolHost::idle(double seconds) {
   const auto wait = static_cast<int>(std::ceil(seconds * 1000));
+  if (!dialogs_.empty()) return pressOk(*dialogs_.back());
   if (wait <= 0) return yield();
   alarm_.start(wait);
   QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
@@ -61,48 +75,28 @@ void ToolHost::idle(double seconds) {
   takeInterrupt();
 }
 
+void ToolHost::show(Form& form, bool modal) {
+  if (modal) dialogs_.push_back(&form);
+}
+
+void ToolHost::hide(Form& form) { std::erase(dialogs_, &form); }
+
 Answer ToolHost::messageBox(std::string_view text, std::string_view, Icon, Buttons buttons) {
-  std::fprintf(stderr, "torvane-unit: %s\n", typed(shown(text)).c_str());
+  if (!atDesk) std::fprintf(stderr, "torvane-unit: %s\n", typed(shown(text)).c_str());
   return buttons == Buttons::ok ? Answer::ok : Answer::no;
 }
 
 std::string ToolHost::deviceOf(int commPort) { return device.empty() ? ports_.device(commPort) : device; }
 
 std::unique_ptr<SerialPort> ToolHost::makeSerialPort() {
+  if (atDesk) return std::make_unique<NoPort>();
   return std::make_unique<QtSerialPort>([this](int commPort) { return deviceOf(commPort); });
 }
 
 std::unique_ptr<Socket> ToolHost::makeSocket() { return std::make_unique<QtSocket>(); }
 
-std::string ToolHost::readFile(const std::string& path, std::size_t most) {
-  QFile file(QString::fromStdString(path));
-  if (!file.open(QIODevice::ReadOnly)) failed(file, file.exists() ? Fault::fileFault : Fault::fileNotFound);
-  const QByteArray bytes = file.read(static_cast<qint64>(most));
-  if (file.error() != QFileDevice::NoError) failed(file, Fault::fileFault);
-  return bytes.toStdString();
-}
-
-void ToolHost::replaceFile(const std::string& path, std::string_view bytes) {
-  QSaveFile file(QString::fromStdString(path));
-  if (!file.open(QIODevice::WriteOnly)) failed(file, Fault::fileFault);
-  const auto size = static_cast<qint64>(bytes.size());
-  if (file.write(bytes.data(), size) != size || !file.flush() || !file.commit())
-    failed(file, Fault::fileFault);
-}
-
 bool ToolHost::fileExists(const std::string& path) {
   return QFileInfo(QString::fromStdString(path)).isFile();
-}
-
-void ToolHost::renameFile(const std::string& from, const std::string& to) {
-  QFile file(QString::fromStdString(from));
-  if (!file.rename(QString::fromStdString(to))) failed(file, Fault::fileFault);
-}
-
-std::string ToolHost::dataFolder() {
-  const QString folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-  QDir().mkpath(folder);
-  return typed(folder);
 }
 
 std::string ToolHost::programFolder() { return typed(QCoreApplication::applicationDirPath()); }

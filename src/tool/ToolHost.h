@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The machine without windows: clock, events, ports, sockets, settings and files. What only a window can do
-// does nothing here.
+// does nothing here, and a dialog that comes up while a setup is worked on gets its OK.
 #pragma once
 
 #include <QElapsedTimer>
@@ -8,8 +8,10 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/Host.h"
+#include "platform/qt/io/Files.h"
 #include "platform/qt/io/QtPorts.h"
 #include "platform/qt/io/QtSettings.h"
 
@@ -23,13 +25,16 @@ class ToolHost : public Host {
   std::string device;
   std::string deviceOf(int commPort);
 
+  // While a setup is worked on no port of this machine is touched, and nobody hears what a window would say.
+  bool atDesk = false;
+
   double now() override;
   void yield() override;
   void idle(double seconds) override;
 
-  void show(Form&, bool) override {}
-  void hide(Form&) override {}
-  void release(Form&) override {}
+  void show(Form& form, bool modal) override;
+  void hide(Form& form) override;
+  void release(Form& form) override { hide(form); }
   void centre(Form&) override {}
   void repaint(Form&) override {}
 
@@ -42,17 +47,17 @@ class ToolHost : public Host {
   void deleteSetting(const std::string&) override {}
 
   std::unique_ptr<SerialPort> makeSerialPort() override;
-  std::string serialPortHint(int commPort) override { return ports_.hint(commPort); }
+  std::string serialPortHint(int) override { return ""; }
   std::unique_ptr<Socket> makeSocket() override;
 
   std::string chooseFileToOpen(const std::string&) override { return ""; }
   std::string chooseFileToSave(const std::string&) override { return ""; }
-  std::string readFile(const std::string& path, std::size_t most) override;
-  void exchangeFile(const std::string& path, std::string_view bytes) override { replaceFile(path, bytes); }
-  void replaceFile(const std::string& path, std::string_view bytes) override;
+  std::string readFile(const std::string& path, std::size_t most) override { return readWhole(path, most); }
+  void exchangeFile(const std::string& path, std::string_view bytes) override { exchangeWhole(path, bytes); }
+  void replaceFile(const std::string& path, std::string_view bytes) override { replaceWhole(path, bytes); }
   bool fileExists(const std::string& path) override;
-  void renameFile(const std::string& from, const std::string& to) override;
-  std::string dataFolder() override;
+  void renameFile(const std::string& from, const std::string& to) override { renameWhole(from, to); }
+  std::string dataFolder() override { return ::dataFolder(); }
   std::string programFolder() override;
   void copyText(std::string_view) override {}
 
@@ -65,12 +70,22 @@ class ToolHost : public Host {
  private:
   double startOfRun_;  // seconds since midnight
   QElapsedTimer sinceStart_;
-  QTimer alarm_;  // ends an idle wait
+  QTimer alarm_;                // ends an idle wait
+  std::vector<Form*> dialogs_;  // that wait for an answer, the front one last
   QtSettings settings_;
   QtPorts ports_;
 };
 
 // The one that main has set.
 ToolHost& toolHost();
+
+// While one of these lives, the host is at its desk.
+class Desk {
+ public:
+  Desk() { toolHost().atDesk = true; }
+  Desk(const Desk&) = delete;
+  Desk& operator=(const Desk&) = delete;
+  ~Desk() { toolHost().atDesk = false; }
+};
 
 }  // namespace tool

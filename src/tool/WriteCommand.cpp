@@ -6,6 +6,7 @@
 #include "tool/CompareReport.h"
 #include "tool/Connection.h"
 #include "tool/Declare.h"
+#include "tool/Settings.h"
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
 
@@ -47,8 +48,10 @@ Json foundAndLeft(const Comparison& before) {
   Json settings = Json::array();
   for (const DifferingSetting& each : before.settings) {
     const std::string left = each.change == Change::kept ? each.inUnit : each.inSetup;
-    settings.push_back(
-        {{"section", each.section}, {"name", each.name}, {"found", each.inUnit}, {"left", left}});
+    settings.push_back({{"section", each.section},
+                        {"name", settingName(*each.field)},
+                        {"found", each.inUnit},
+                        {"left", left}});
   }
   return settings;
 }
