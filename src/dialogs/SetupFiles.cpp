@@ -83,6 +83,11 @@ bool saveConfiguration(const std::string& path) {
   }
 }
 
+void saveConfigurationAs() {
+  const std::string path = host().chooseFileToSave(configFilter);
+  if (!path.empty()) saveConfiguration(path);
+}
+
 std::string keepForRescue() {
   try {
     if (!isLoaded<frmBigFolder>()) return "";

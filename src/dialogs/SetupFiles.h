@@ -12,6 +12,8 @@ bool openConfiguration(const std::string& path);
 std::string presentConfiguration();
 // What can't be written is refused in a box; false: the setup and the file's name are as they were.
 bool saveConfiguration(const std::string& path);
+// Asks for the name first; nothing happens without one.
+void saveConfigurationAs();
 
 // Keeps the present setup in the user's data folder. Gives what to say of it, nothing where it could not be
 // kept; never fails.

@@ -2,7 +2,6 @@
 // The chooser in front of every write.
 #include "dialogs/frmWrite.h"
 
-#include "core/ConfigFile.h"
 #include "core/Global.h"
 #include "core/Model.h"
 #include "dialogs/Report.h"
@@ -23,7 +22,7 @@ bool preparesWrite() {
 }  // namespace
 
 frmWrite::frmWrite() : Form("frmWrite", "Write to...") {
-  cmdFile.onClick = [] { cmdFile_Click(); };
+  cmdFile.onClick = saveConfigurationAs;
   cmdPrint.onClick = printReport;
   cmdSerial.onClick = [this] { cmdSerial_Click(); };
   cmdNetwork.onClick = cmdSerial.onClick;  // the way is chosen on the communication tab
@@ -47,11 +46,6 @@ void frmWrite::showVerdict() {
   const Label& line = form<frmBigFolder>().lblVerdict;
   lblVerdict.setCaption(line.caption());
   lblVerdict.setMark(line.mark());
-}
-
-void frmWrite::cmdFile_Click() {
-  const std::string path = host().chooseFileToSave(configFilter);
-  if (!path.empty()) saveConfiguration(path);
 }
 
 void frmWrite::cmdSerial_Click() {

@@ -40,7 +40,6 @@ class frmWrite : public Form {
   void Form_Activate() override;
 
  private:
-  static void cmdFile_Click();
   void cmdSerial_Click();
   void cmdCompare_Click();
   static void cmdPutBack_Click();

@@ -39,6 +39,7 @@ std::int16_t storedNumber(const std::string& text, std::int16_t ifMissing) {
 
 frmBigFolder::frmBigFolder() : MSComm1(host().makeSerialPort()), fields_(fieldTable()) {
   wireTabs();
+  wireKeys();
   wireVerdict();
   wireUndo();
   wireCommTab();

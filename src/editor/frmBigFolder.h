@@ -158,6 +158,8 @@ class frmBigFolder : public BigFolderControls {
   void storeModelCopies() const;
 
   void wireTabs();
+  void wireKeys();
+  void stepToTabInUse(int by);
   void wireVerdict();
   void wireUndo();
   void withdrawUndo();

@@ -112,6 +112,17 @@ void Form::userPressedKey() {
   }
 }
 
+void Form::userTookShortcut(const std::string& keys) {
+  const auto found = std::ranges::find(shortcuts, keys, &Shortcut::keys);
+  if (!reachable() || found == shortcuts.end()) return;
+  const HandlerScope scope(*this);
+  try {
+    found->act();
+  } catch (const RuntimeError& error) {
+    host().fail(error.what());
+  }
+}
+
 void Form::unload() {
   if (handlersRunning_ > 0) {
     unloadAsked_ = true;

@@ -23,6 +23,12 @@ class Timer {
   double due_;
 };
 
+// Keys that act anywhere in a window, in the toolkit's words: "Ctrl+S".
+struct Shortcut {
+  std::string keys;
+  Handler act;
+};
+
 class Form : public Container, public std::enable_shared_from_this<Form> {
  public:
   // `name` is the form's own, as "frmSerial", and that of its layout.
@@ -54,12 +60,14 @@ class Form : public Container, public std::enable_shared_from_this<Form> {
   // The view: the window's frame was closed, a key was pressed.
   void userClosed();
   void userPressedKey();
+  void userTookShortcut(const std::string& keys);
 
   // Ends the form. From inside one of its own handlers it takes effect when that handler has returned.
   void unload();
 
-  std::vector<Control*> controls;  // in the order of their declaration
-  Handler onRedraw;                // set by the view: the caption has changed
+  std::vector<Control*> controls;   // in the order of their declaration
+  std::vector<Shortcut> shortcuts;  // set before the form has a window
+  Handler onRedraw;                 // set by the view: the caption has changed
 
  private:
   friend class HandlerScope;

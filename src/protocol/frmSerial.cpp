@@ -195,7 +195,7 @@ void frmSerial::cmdCancel_Click() {
     return;
   }
   const Answer answer = messageBox("This action will abort\rcurrent communication activities\rAre you sure?",
-                                   "", Icon::question, Buttons::yesNo);
+                                   "", Icon::question, Buttons::noYes);
   if (answer == Answer::yes) Global.CancelFlag = True;
 }
 

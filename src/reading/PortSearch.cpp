@@ -46,7 +46,7 @@ bool findsUnitOn(Run& run, SerialChannel& channel, int port, int progress) {
   const bool found = comOK(run, channel, mode).empty();
   run.view.wizardProgress(progress);
   if (found || Global.CancelFlag == False) return found;
-  const Answer answer = run.view.box(cancelQuestion, "", Icon::question, Buttons::yesNo);
+  const Answer answer = run.view.box(cancelQuestion, "", Icon::question, Buttons::noYes);
   if (answer != Answer::yes) Global.CancelFlag = False;
   return false;
 }

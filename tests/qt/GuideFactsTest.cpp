@@ -7,6 +7,8 @@
 #include <QStringList>
 
 #include "editor/ForcedRules.h"
+#include "editor/frmBigFolder.h"
+#include "qt/TestForm.h"
 
 namespace {
 
@@ -35,6 +37,18 @@ TEST(GuideFacts, WhatTheWindowChangesInASetupIsListedAsItIsDone) {
   for (const ForcedRule& rule : forcedRules()) done << QStringList{rule.when, rule.becomes};
   ASSERT_FALSE(told.isEmpty());
   EXPECT_TRUE(told.mid(1) == done);
+}
+
+class GuideKeys : public QtTest {};
+
+TEST_F(GuideKeys, EveryKeyOfTheMainWindowIsListed) {
+  QStringList told;
+  for (const QStringList& row : tableAfter("main-window.html", "By keyboard")) told << row[0].split(", ");
+  const auto editor = std::make_shared<frmBigFolder>();
+  EXPECT_GT(editor->shortcuts.size(), 5U);
+  for (const Shortcut& shortcut : editor->shortcuts) {
+    EXPECT_TRUE(told.contains(QString::fromStdString(shortcut.keys))) << shortcut.keys;
+  }
 }
 
 }  // namespace

@@ -12,10 +12,16 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QScrollBar>
+#include <QTabBar>
 
 #include "platform/qt/PictureView.h"
 
 namespace {
+
+// An open list in which the user is: the wheel moves what is shown of it, not what is chosen.
+bool scrollsOnly(const QWidget& widget) {
+  return qobject_cast<const QListWidget*>(&widget) != nullptr && widget.hasFocus();
+}
 
 class WheelGuard : public QObject {
  public:
@@ -23,7 +29,7 @@ class WheelGuard : public QObject {
 
   bool eventFilter(QObject* watched, QEvent* event) override {
     const auto* widget = qobject_cast<QWidget*>(watched);
-    if (event->type() != QEvent::Wheel || widget == nullptr || widget->hasFocus()) return false;
+    if (event->type() != QEvent::Wheel || widget == nullptr || scrollsOnly(*widget)) return false;
     event->ignore();  // the page may scroll with it
     return true;
   }
@@ -51,6 +57,11 @@ bool takesInput(const QWidget& widget) {
          qobject_cast<const QScrollBar*>(&widget);
 }
 
+// A tab bar has its own way with the keyboard.
+bool changesByWheel(const QWidget& widget) {
+  return takesInput(widget) || qobject_cast<const QTabBar*>(&widget) != nullptr;
+}
+
 QString withoutMnemonic(QString text) { return text.remove('&'); }
 
 }  // namespace
@@ -69,8 +80,8 @@ void nameForScreenReaders(const QWidget& window) {
 
 void tameInputs(const QWidget& window) {
   for (QWidget* widget : window.findChildren<QWidget*>()) {
-    if (!isOurs(*widget) || !takesInput(*widget)) continue;
-    widget->setFocusPolicy(Qt::StrongFocus);
-    widget->installEventFilter(new WheelGuard(widget));
+    if (!isOurs(*widget)) continue;
+    if (takesInput(*widget)) widget->setFocusPolicy(Qt::StrongFocus);
+    if (changesByWheel(*widget)) widget->installEventFilter(new WheelGuard(widget));
   }
 }

@@ -8,6 +8,6 @@
 // its tool tip. What shows a text of its own needs none.
 void nameForScreenReaders(const QWidget& window);
 
-// Every box, list and bar can be reached by keyboard, and the wheel moves only what has the keyboard: a setup
-// must not change under a passing hand.
+// Every box, list and bar can be reached by keyboard. The wheel changes none of them, nor the tab on show: a
+// setup must not change under a passing hand, also where the keyboard is.
 void tameInputs(const QWidget& window);

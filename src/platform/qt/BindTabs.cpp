@@ -5,6 +5,27 @@
 
 namespace {
 
+// What the user was in has gone with its page: the first thing on the new page that can be reached has the
+// keyboard, as the Tab key would give it, so that one sees where it is.
+void moveKeyboard(QTabBar& bar, QStackedWidget& pages) {
+  QWidget& page = *pages.currentWidget();
+  for (QWidget* next = page.nextInFocusChain(); next != &page; next = next->nextInFocusChain()) {
+    const bool reachable =
+        next->isVisible() && next->isEnabled() && (next->focusPolicy() & Qt::TabFocus) != 0;
+    if (reachable && page.isAncestorOf(next)) return next->setFocus(Qt::ShortcutFocusReason);
+  }
+  bar.setFocus(Qt::ShortcutFocusReason);
+}
+
+void showPage(QTabBar& bar, QStackedWidget& pages, int index) {
+  if (pages.currentIndex() == index) return;
+  QWidget* keyboard = pages.window()->focusWidget();
+  const bool goes = keyboard == nullptr || pages.isAncestorOf(keyboard);
+  if (goes && keyboard != nullptr) keyboard->clearFocus();  // or the stack gives it on, unseen
+  pages.setCurrentIndex(index);
+  if (goes && pages.isVisible()) moveKeyboard(bar, pages);
+}
+
 // The bar moves away from a tab that becomes greyed, so the one on show is set last.
 void showStrip(const TabStrip& control, QTabBar& bar, QStackedWidget* pages) {
   for (int index = 0; index < control.tabs(); ++index) {
@@ -13,7 +34,7 @@ void showStrip(const TabStrip& control, QTabBar& bar, QStackedWidget* pages) {
     }
   }
   if (bar.currentIndex() != control.tab()) bar.setCurrentIndex(control.tab());
-  if (pages != nullptr && pages->currentIndex() != control.tab()) pages->setCurrentIndex(control.tab());
+  if (pages != nullptr) showPage(bar, *pages, control.tab());
 }
 
 // The captions are as fixed as the pages.

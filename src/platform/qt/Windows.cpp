@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QStyle>
 #include <QWindow>
 #include <algorithm>
@@ -46,7 +47,17 @@ FormWindow::FormWindow(Form& form, QtSettings& settings) : form_(&form), setting
   bindForm(form, *this);
   setWindowTitle(shortened(shown(form.caption())));
   if (property("splash").toBool()) setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
+  for (const Shortcut& shortcut : form.shortcuts) listenTo(shortcut.keys);
   form.onRedraw = [this] { setWindowTitle(shortened(shown(form_->caption()))); };
+}
+
+// The text box that the user is in is left first, as for a button.
+void FormWindow::listenTo(const std::string& keys) {
+  const auto* shortcut = new QShortcut(QKeySequence(shown(keys)), this);
+  connect(shortcut, &QShortcut::activated, this, [this, keys] {
+    leaveTextBox(*this);
+    tell([&keys](Form& form) { form.userTookShortcut(keys); });
+  });
 }
 
 void FormWindow::release() {
@@ -68,6 +79,7 @@ void FormWindow::showOver(QWidget* below, bool modal, bool takesKeyboard) {
   create();
   if (below != nullptr && (modal || beside)) windowHandle()->setTransientParent(below->windowHandle());
   placeOver(modal ? below : nullptr);
+  if (property("choiceFirst").toBool() && focusWidget() == nullptr) setFocus();
   QWidget::show();
   raise();
   if (!testAttribute(Qt::WA_ShowWithoutActivating)) activateWindow();
@@ -121,7 +133,7 @@ void FormWindow::moveToCentre() {
 void FormWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
   leaveTextBox(*this);
-  tell(&Form::userClosed);
+  tell([](Form& form) { form.userClosed(); });
 }
 
 // Only keys that no widget has used come here. Enter presses the button that has the keyboard, else the
@@ -132,8 +144,8 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
   QPushButton* button = enter ? buttonForEnter() : nullptr;
   if (button != nullptr && button->isEnabled()) return button->click();
   // Escape closes a dialog, as its frame does.
-  if (event->key() == Qt::Key_Escape && isModal()) return tell(&Form::userClosed);
-  tell(&Form::userPressedKey);
+  if (event->key() == Qt::Key_Escape && isModal()) return tell([](Form& form) { form.userClosed(); });
+  tell([](Form& form) { form.userPressedKey(); });
 }
 
 QPushButton* FormWindow::buttonForEnter() const {
@@ -157,10 +169,10 @@ void FormWindow::hideEvent(QHideEvent* event) {
   savePlace(settings_, {normal, isMaximized()});
 }
 
-void FormWindow::tell(void (Form::*what)()) {
+void FormWindow::tell(const std::function<void(Form&)>& what) {
   if (form_ == nullptr) return;
   const auto alive = form_->shared_from_this();
-  guarded([&] { ((*alive).*what)(); });
+  guarded([&] { what(*alive); });
 }
 
 Windows::~Windows() {

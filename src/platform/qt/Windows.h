@@ -5,7 +5,9 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QWidget>
+#include <functional>
 #include <map>
+#include <string>
 #include <vector>
 
 #include "platform/Form.h"
@@ -13,7 +15,8 @@
 
 // A top level widget that tells its form what happens to it. The layout may ask for a splash window, without
 // a frame, by the dynamic property "splash"; for one that leaves the keyboard where it is, by "beside"; and
-// for one that comes back where and as large as it was in the run before, by "remembered".
+// for one that comes back where and as large as it was in the run before, by "remembered"; for one in which
+// Enter presses no button before the user has turned to one, by "choiceFirst".
 class FormWindow : public QWidget {
  public:
   // Lays the form out and binds it; std::logic_error if it has no layout or doesn't fit it.
@@ -37,7 +40,8 @@ class FormWindow : public QWidget {
   void moveToCentre();
   void placeOver(QWidget* below);
   QPushButton* buttonForEnter() const;
-  void tell(void (Form::*what)());
+  void listenTo(const std::string& keys);
+  void tell(const std::function<void(Form&)>& what);
 
   Form* form_;
   QtSettings& settings_;
