@@ -27,12 +27,16 @@ constexpr double connectLimit = 2.0;  // seconds, as a run waits
 constexpr std::int16_t probeForRun = 4;
 constexpr std::int16_t resetOnly = 1;
 constexpr int versionLength = 3;
+constexpr std::int16_t pointToPoint = 0;  // Hardware.BusMode
+constexpr std::int16_t onABus = 1;
+constexpr std::size_t shortestReply = 3;
 
 constexpr const char* checkLine = "Check the wiring, the line settings and the address.";
 constexpr const char* otherLineHint = "Nothing was written. Use the setup of this unit's line, or --force.";
 
-[[noreturn]] void noUnit(const std::string& line) {
-  throw Problem(ExitCode::noUnit, "no unit answers on " + line, checkLine);
+// What a run has said of something that did answer tells more than any advice.
+[[noreturn]] void noUnit(const std::string& line, const std::string& said) {
+  throw Problem(ExitCode::noUnit, "no unit answers on " + line, said.empty() ? checkLine : said);
 }
 
 [[noreturn]] void noBridge(const std::string& line) {
@@ -81,7 +85,10 @@ void Connection::begin(bool reading) {
                line_.name.overBridge() ? lineText(line_.name) : lineText(line_.name) + " " + port_->settings);
 }
 
-bool Connection::answers() {
+// What another address has to say late is no answer.
+bool Connection::answers(std::optional<int> address) {
+  Hardware.BusMode = address ? onABus : pointToPoint;
+  if (address) Hardware.BusAddress = static_cast<std::int16_t>(*address);
   std::string reply;
   if (line_.name.overBridge()) {
     connectToBridge();
@@ -91,7 +98,8 @@ bool Connection::answers() {
     reply = serial_.command(framed("U03"));
     serial_.closeIfOpen();
   }
-  return !reply.empty() && !contains(reply, "Time");
+  return reply.size() >= shortestReply && !contains(reply, "Time") && !contains(reply, "*") &&
+         reply.starts_with(addressPart());
 }
 
 void Connection::meet() {
@@ -109,6 +117,10 @@ void Connection::meetForSetup() {
   const std::int16_t setupIsRkw77 = DeviceState.IsRkw77;
   meet();
   if (DeviceState.IsRkw77 == setupIsRkw77) return;
+  otherLine();
+}
+
+void Connection::otherLine() const {
   throw Problem(ExitCode::noUnit,
                 "a unit of the other line than the setup's answers on " + lineText(line_.name),
                 otherLineHint);
@@ -119,7 +131,7 @@ void Connection::meetOnSerial() {
   std::int16_t mode = probeForRun;
   view_.said.clear();
   const std::string found = comOK(run_, serial_, mode);
-  if (!found.empty()) noUnit(lineText(line_.name));
+  if (!found.empty()) noUnit(lineText(line_.name), view_.said);
   if (view_.said.starts_with("Encountered an error")) {
     throw Problem(ExitCode::port, lineText(line_.name) + ": the port failed", view_.said);
   }
@@ -134,11 +146,14 @@ void Connection::connectToBridge() {
 
 void Connection::meetOverBridge() {
   connectToBridge();
+  view_.said.clear();
+  view_.quiet = true;
   if (!NetworkCommunicationOK(run_, network_, detection_, false)) {
-    if (run_.outcome.end != RunEnd::otherLine) noUnit(lineText(line_.name));
+    if (run_.outcome.end != RunEnd::otherLine) noUnit(lineText(line_.name), view_.said);
     DeviceState.IsRkw77 = asFlag(DeviceState.IsRkw77 == False);
     run_.outcome.end = RunEnd::finished;
   }
+  view_.quiet = false;
   const std::int16_t isRkw77 = DeviceState.IsRkw77;
   std::int16_t type = -1;
   TcpCheckForMeterType(run_, network_, type);
@@ -202,11 +217,7 @@ void Connection::overSerial(const std::function<void()>& job) {
 
 void Connection::writeOnSerial(bool reset, bool force, std::int16_t isRkw77) {
   meetOnSerial();
-  if (DeviceState.IsRkw77 != isRkw77 && !force) {
-    throw Problem(ExitCode::noUnit,
-                  "a unit of the other line than the setup's answers on " + lineText(line_.name),
-                  otherLineHint);
-  }
+  if (DeviceState.IsRkw77 != isRkw77 && !force) otherLine();
   mustFitModel();
   view_.upProg(3);
   overSerial([this] { writeConfiguration(run_, serial_); });
@@ -216,9 +227,13 @@ void Connection::writeOnSerial(bool reset, bool force, std::int16_t isRkw77) {
 }
 
 void Connection::overBridge() {
+  view_.said.clear();
+  view_.quiet = true;
   const std::int16_t came = NetworkFullConnect(run_, network_, detection_);
   if (came == job::noBridge) noBridge(lineText(line_.name));
-  if (came == job::noUnit && run_.outcome.end != RunEnd::otherLine) noUnit(lineText(line_.name));
+  view_.quiet = false;
+  if (came == job::noUnit && run_.outcome.end != RunEnd::otherLine) noUnit(lineText(line_.name), view_.said);
+  if (run_.outcome.end == RunEnd::otherLine && !run_.reading) otherLine();
 }
 
 // Without a setup nothing tells which line the unit behind a bridge is of; it is asked, and then read as
@@ -234,7 +249,9 @@ void Connection::read() {
     return;
   }
   overBridge();
-  if (run_.outcome.end != RunEnd::otherLine || namesLine(line_.model)) return;
+  if (run_.outcome.end != RunEnd::otherLine) return;
+  if (namesLine(line_.model))
+    noUnit(lineText(line_.name), "A unit of the other line than " + line_.model + " answers there.");
   DeviceState.IsRkw77 = asFlag(DeviceState.IsRkw77 == False);
   begin(true);
   Global.ReadConfirmed = 1;

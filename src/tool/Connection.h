@@ -33,8 +33,8 @@ class Connection {
   void meet();
   // The same for a setup: a unit of the other line is a Problem, before anything is written.
   void meetForSetup();
-  // Whether there is anything that talks; quick.
-  bool answers();
+  // Whether there is anything that talks, at this address or without one; quick. Runs go there from now on.
+  bool answers(std::optional<int> address);
 
   // With a unit that was met.
   UnitImage readAll();
@@ -56,6 +56,7 @@ class Connection {
   void overSerial(const std::function<void()>& job);
   void overBridge();
   void mustFitModel() const;
+  [[noreturn]] void otherLine() const;
   Channel& channel();
 
   LineArguments line_;

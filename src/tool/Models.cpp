@@ -41,6 +41,12 @@ std::string typeOfUnit() {
   return DeviceState.DeviceClass > 0 && place < types.size() ? types[place] : "";
 }
 
+std::string typeIn(const std::string& unit) {
+  if (unit == "Larkspur") return types[0];
+  const std::size_t blank = unit.find(' ');
+  return blank == std::string::npos ? std::string() : unit.substr(blank + 1);
+}
+
 std::string modelFault(const std::string& model) {
   if (model.empty()) return "";
   const std::string type = typeOfUnit();

@@ -14,6 +14,8 @@ UnitFamily lineOf(const std::string& model);
 
 // "TMP" of the unit that was met last; empty: not known.
 std::string typeOfUnit();
+// "TMP" of "Torvane TMP", as an outcome names a unit.
+std::string typeIn(const std::string& unit);
 // Why the unit that was met last is not this model; empty: it is.
 std::string modelFault(const std::string& model);
 // Why this is no model at all; empty: it is one.

@@ -49,7 +49,7 @@ ExitCode exitCodeOf(const RunOutcome& outcome) {
 
 Json unitObject(const RunOutcome& outcome) {
   Json unit;
-  unit["type"] = typeOfUnit();
+  unit["type"] = typeIn(outcome.unit);
   unit["kind"] = meterKind();
   unit["model"] = outcome.unit;
   if (!Global.FirmwareVersion.empty()) unit["version"] = Global.FirmwareVersion;

@@ -31,6 +31,7 @@ void ShellView::upProg(std::int16_t percent) {
 Answer ShellView::box(std::string_view text, std::string_view title, Icon icon, Buttons buttons) {
   clearBar();
   said = text;
+  if (quiet) return buttons == Buttons::ok ? Answer::ok : Answer::no;
   return messageBox(text, title, icon, buttons);
 }
 

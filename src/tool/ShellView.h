@@ -16,13 +16,15 @@ class ShellView : public RunView {
   ShellView& operator=(const ShellView&) = delete;
   ~ShellView() override;
 
-  std::string said;  // the text of the last box
+  std::string said;    // the text of the last box
+  bool quiet = false;  // boxes are kept and not shown: whoever runs it tells itself what it came to
 
   void upStat(bool, std::string_view) override {}
   void upProg(std::int16_t percent) override;
   Answer box(std::string_view text, std::string_view title, Icon icon, Buttons buttons) override;
   void notice(std::string_view text) override;
-  void commitTabs() override {}  // nothing but Memo holds the setup
+  // Nothing but Memo holds the setup. The run has its unit now, and what it asks is for the user.
+  void commitTabs() override { quiet = false; }
   void showTabs() override {}
 
  private:

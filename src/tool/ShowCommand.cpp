@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The settings of a setup file.
 #include "core/Model.h"
+#include "dialogs/Report.h"
 #include "tool/Csv.h"
 #include "tool/Declare.h"
 #include "tool/Settings.h"
@@ -39,13 +40,25 @@ std::string wordsOf(const std::vector<NamedSetting>& settings) {
   return tableText(rows);
 }
 
+// In place of an older file, in one step.
+void print(const std::string& file) {
+  const Desk desk;
+  toolHost().pdf = file;
+  if (!printReport()) throw Problem(ExitCode::file, file + ": the report can't be written there");
+}
+
 ExitCode run(const Arguments& arguments, const Output& output) {
-  if (!arguments.pdf.empty()) {
-    throw Problem(ExitCode::usage, "--pdf is not built in yet", "The main program prints to a PDF.");
-  }
-  loadSetup(arguments.setup);
+  SetupDesk desk;
+  desk.open(arguments.setup);
   const std::vector<NamedSetting> settings = settingsOfRecords();
-  output.print(objectOf(arguments.setup, settings), arguments.csv ? csvOf(settings) : wordsOf(settings));
+  Json object = objectOf(arguments.setup, settings);
+  if (arguments.pdf.empty()) {
+    output.print(object, arguments.csv ? csvOf(settings) : wordsOf(settings));
+    return ExitCode::done;
+  }
+  print(arguments.pdf);
+  object["pdf"] = arguments.pdf;
+  output.print(object, arguments.csv ? csvOf(settings) : std::string());
   return ExitCode::done;
 }
 

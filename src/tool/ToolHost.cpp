@@ -21,6 +21,7 @@
 #include "platform/qt/io/QtSocket.h"
 #include "platform/qt/io/QtText.h"
 #include "platform/qt/io/Terminal.h"
+#include "tool/PdfPaper.h"
 
 namespace tool {
 
@@ -102,7 +103,8 @@ bool ToolHost::fileExists(const std::string& path) {
 std::string ToolHost::programFolder() { return typed(QCoreApplication::applicationDirPath()); }
 
 std::unique_ptr<Printer> ToolHost::choosePrinter(const std::string&) {
-  throw RuntimeError(Fault::printerFault, "Nothing is printed without a window");
+  if (pdf.empty()) throw RuntimeError(Fault::printerFault, "Nothing is printed without a window");
+  return std::make_unique<PdfPaper>(pdf);
 }
 
 std::string ToolHost::today() {

@@ -25,6 +25,9 @@ class ToolHost : public Host {
   std::string device;
   std::string deviceOf(int commPort);
 
+  // Where the report goes.
+  std::string pdf;
+
   // While a setup is worked on no port of this machine is touched, and nobody hears what a window would say.
   bool atDesk = false;
 
@@ -52,6 +55,7 @@ class ToolHost : public Host {
 
   std::string chooseFileToOpen(const std::string&) override { return ""; }
   std::string chooseFileToSave(const std::string&) override { return ""; }
+  std::string proposeFileToSave(const std::string&, const std::string&) override { return ""; }
   std::string readFile(const std::string& path, std::size_t most) override { return readWhole(path, most); }
   void exchangeFile(const std::string& path, std::string_view bytes) override { exchangeWhole(path, bytes); }
   void replaceFile(const std::string& path, std::string_view bytes) override { replaceWhole(path, bytes); }
