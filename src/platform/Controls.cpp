@@ -156,6 +156,14 @@ void ListControl::clear() {
   redraw();
 }
 
+void ListControl::setItems(std::vector<std::string> items, std::vector<Mark> marks) {
+  items_ = std::move(items);
+  marks_ = std::move(marks);
+  listIndex_ = -1;
+  indexChanged();
+  redraw();
+}
+
 Mark ListControl::itemMark(int index) const {
   return index >= 0 && index < static_cast<int>(marks_.size()) ? marks_[static_cast<std::size_t>(index)]
                                                                : Mark::none;

@@ -288,6 +288,8 @@ class ListControl : public Control {
   // Removing the chosen item leaves none chosen, and raises no click.
   void removeItem(int index);
   void clear();
+  // All items anew and at once, with the marks of the first of them; none is chosen.
+  void setItems(std::vector<std::string> items, std::vector<Mark> marks = {});
   // An item's mark goes with it.
   Mark itemMark(int index) const;
   void setItemMark(int index, Mark mark);
@@ -316,6 +318,20 @@ class ListBox : public ListControl {
   ListBox(Container& container, std::string name, std::initializer_list<std::string_view> items = {},
           std::string_view tip = "")
       : ListControl(container, std::move(name), items, tip) {}
+};
+
+// A list whose items are rows: a tab stands between two cells. A row of one cell is a heading over those
+// below.
+class Table : public ListBox {
+ public:
+  Table(Container& container, std::string name, std::vector<std::string> headings, std::string_view tip)
+      : ListBox(container, std::move(name), {}, tip), headings_(std::move(headings)) {}
+
+  const std::vector<std::string>& headings() const { return headings_; }  // of the columns
+  void setHeadings(std::vector<std::string> headings) { assign(headings_, std::move(headings)); }
+
+ private:
+  std::vector<std::string> headings_;
 };
 
 // A list with a text of its own, which follows the index but may be set to something else.

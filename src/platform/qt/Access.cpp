@@ -15,6 +15,7 @@
 #include <QTabBar>
 
 #include "platform/qt/PictureView.h"
+#include "platform/qt/RowTable.h"
 
 namespace {
 
@@ -45,7 +46,8 @@ bool needsName(const QWidget& widget) {
          (qobject_cast<const QAbstractButton*>(&widget) || qobject_cast<const QComboBox*>(&widget) ||
           qobject_cast<const QLineEdit*>(&widget) || qobject_cast<const QListWidget*>(&widget) ||
           qobject_cast<const QPlainTextEdit*>(&widget) || qobject_cast<const QScrollBar*>(&widget) ||
-          qobject_cast<const QProgressBar*>(&widget) || qobject_cast<const PictureView*>(&widget));
+          qobject_cast<const RowTable*>(&widget) || qobject_cast<const QProgressBar*>(&widget) ||
+          qobject_cast<const PictureView*>(&widget));
 }
 
 bool isOurs(const QWidget& widget) {
@@ -54,7 +56,7 @@ bool isOurs(const QWidget& widget) {
 
 bool takesInput(const QWidget& widget) {
   return qobject_cast<const QComboBox*>(&widget) || qobject_cast<const QListWidget*>(&widget) ||
-         qobject_cast<const QScrollBar*>(&widget);
+         qobject_cast<const QScrollBar*>(&widget) || qobject_cast<const RowTable*>(&widget);
 }
 
 // A tab bar has its own way with the keyboard.

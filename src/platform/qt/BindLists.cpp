@@ -118,6 +118,17 @@ Binding* bind(ListBox& control, QListWidget& widget) {
   return binding;
 }
 
+Binding* bind(Table& control, RowTable& widget) {
+  auto* binding = new Binding(control, widget, [&] { widget.showRows(control); });
+  QObject::connect(widget.selectionModel(), &QItemSelectionModel::selectionChanged, binding,
+                   [=, &control, &widget] {
+                     const auto rows = widget.selectionModel()->selectedRows();
+                     const int row = rows.empty() ? control.listIndex() : rows.front().row();
+                     binding->userDid([&] { control.userChose(row); });
+                   });
+  return binding;
+}
+
 Binding* bind(ComboBox& control, QComboBox& widget) {
   auto* binding = new Binding(control, widget, [&] { showCombo(control, widget); });
   if (control.editable) letUserType(binding, control, widget);

@@ -29,6 +29,7 @@ constexpr Binding* (*kinds[])(Control&, QWidget&) = {
     bindAs<CommandButton, QPushButton>,
     bindAs<Frame, QGroupBox>,
     bindAs<ListBox, QListWidget>,
+    bindAs<Table, RowTable>,
     bindAs<Picture, PictureView>,
     bindAs<ScrollBar, QScrollBar>,
     bindAs<TabStrip, QTabBar>,

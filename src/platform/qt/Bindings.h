@@ -20,6 +20,7 @@
 #include "platform/qt/AnimationView.h"
 #include "platform/qt/Binding.h"
 #include "platform/qt/PictureView.h"
+#include "platform/qt/RowTable.h"
 
 // Each returns the new binding, which lives with the widget and has not shown anything yet.
 Binding* bind(CommandButton& control, QPushButton& widget);
@@ -30,6 +31,7 @@ Binding* bind(TextBox& control, QLineEdit& widget);
 Binding* bind(TextBox& control, QPlainTextEdit& widget);
 
 Binding* bind(ListBox& control, QListWidget& widget);
+Binding* bind(Table& control, RowTable& widget);
 Binding* bind(ComboBox& control, QComboBox& widget);
 
 Binding* bind(Label& control, QLabel& widget);
