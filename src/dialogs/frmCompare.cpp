@@ -1,26 +1,28 @@
 // SPDX-License-Identifier: MIT
-// What differs between a unit and a setup.
+// What differs between two of a unit, a setup and a copy.
 #include "dialogs/frmCompare.h"
 
-#include "dialogs/Report.h"
-#include "knowledge/UnitFile.h"
+#include "core/Model.h"
+#include "dialogs/KeptCopies.h"
+#include "dialogs/TextOutput.h"
 #include "platform/Host.h"
 
 namespace {
 
-constexpr const char* textFilter = "Text Files (*.txt)|*.txt|All Files (*.*)|*.*";
+constexpr const char* otherLineOfSetup =
+    "The unit is of the other line than this setup was made for: look at every row before you write.";
+constexpr const char* otherLineOfCopy =
+    "The copy is of a unit of the other line, whose registers mean something else: it can't be put back into "
+    "this one.";
+constexpr const char* otherKind =
+    "The copy was kept as another kind of unit: only what both kinds have is put back.";
+constexpr const char* twoFiles = "Choose two files: setups (.cfg), copies of units (.unit), or one of each.";
 
-// A file that can't be written leaves the older one whole, and the user with another try.
-void saveOrSay(const std::string& path, const std::string& content) {
-  if (path.empty()) return;
-  try {
-    host().replaceFile(path, content);
-  } catch (const RuntimeError& error) {
-    messageBox(
-        "The file could not be saved to\r" + path + "\r" + error.what() + "\rChoose another folder or file.",
-        "", Icon::critical);
-  }
+bool isOtherLine(const UnitImage& one, int otherKindOfUnit) {
+  return (one.kind == kind::rkw77) != (otherKindOfUnit == kind::rkw77);
 }
+
+std::string bareName(const std::string& path) { return path.substr(path.find_last_of("/\\") + 1); }
 
 }  // namespace
 
@@ -28,16 +30,20 @@ frmCompare::frmCompare() : Form("frmCompare", "Compare") {
   txtSearch.onChange = [this] { showRows(); };
   chkAll.onClick = [this] { showRows(); };
   chkBus.onClick = [this] { compareAgain(); };
+  cmdFirst.onClick = [this] { choose(first_); };
+  cmdSecond.onClick = [this] { choose(second_); };
   cmdCopy.onClick = [this] { host().copyText(text()); };
-  cmdSave.onClick = [this] { saveText(); };
-  cmdPrint.onClick = [this] { printRows(); };
-  cmdKeep.onClick = [this] { keepCopy(); };
+  cmdSave.onClick = [this] { saveOrSay(host().chooseFileToSave(textFilter), text()); };
+  cmdPrint.onClick = [this] { choosePrinterFor(caption(), text()); };
+  cmdKeep.onClick = [this] { saveCopy(unit_); };
   cmdWrite.onClick = [this] {
     writeAsked = true;
     hide();
   };
   cmdClose.onClick = [this] { hide(); };
-  chkBus.setVisible(false);
+  for (Control* control :
+       {static_cast<Control*>(&chkBus), static_cast<Control*>(&cmdFirst), static_cast<Control*>(&cmdSecond)})
+    control->setVisible(false);
 }
 
 void frmCompare::Form_Load() { centre(); }
@@ -48,11 +54,12 @@ bool frmCompare::Form_QueryUnload() {
   return true;
 }
 
-void frmCompare::compareSetup(const UnitImage& unit, const EncodedSetup& setup, bool mayWrite) {
+void frmCompare::compareSetup(const UnitImage& unit, const EncodedSetup& setup, bool otherLine) {
   unit_ = unit;
   setup_ = setup;
-  cmdWrite.setVisible(mayWrite);
-  compareAgain();
+  lstDifferences.setHeadings({"Setting", "In the unit", "In this setup", "Change"});
+  comparison_ = compare(unit_, setup_);
+  showSummary(otherLine ? otherLineOfSetup : "");
 }
 
 void frmCompare::compareCopy(const UnitImage& unit, const UnitImage& copy) {
@@ -61,52 +68,86 @@ void frmCompare::compareCopy(const UnitImage& unit, const UnitImage& copy) {
   setCaption("Put back a copy");
   cmdWrite.setCaption("Put back");
   chkBus.setVisible(true);
+  lstDifferences.setHeadings({"Setting", "In the unit", "In the copy", "Change"});
   compareAgain();
 }
 
 void frmCompare::compareAgain() {
-  if (chkBus.visible()) setup_ = setupOf(copy_, busAsked());
+  setup_ = setupOf(copy_, busAsked());
   comparison_ = compare(unit_, setup_);
-  const bool otherKind = unit_.kind != setup_.kind;
-  lblSummary.setCaption(
-      summaryOf(comparison_) +
-      (otherKind ? ". The copy is of another kind of unit than the one that answers." : ""));
-  lblSummary.setMark(comparison_.unread > 0 || otherKind ? Mark::error : Mark::none);
+  const bool otherLine = isOtherLine(unit_, copy_.kind);
+  cmdWrite.setEnabled(!otherLine);
+  showSummary(otherLine ? otherLineOfCopy : unit_.kind != copy_.kind ? otherKind : "");
+}
+
+void frmCompare::compareFiles() {
+  setCaption("Compare files");
+  for (Control* control : {&cmdFirst, &cmdSecond}) control->setVisible(true);
+  for (Control* control : {&cmdWrite, &cmdKeep}) control->setVisible(false);
+  compareChosen();
+}
+
+void frmCompare::choose(Chosen& file) {
+  const std::string path = host().chooseFileToOpen(eitherFilter);
+  if (path.empty()) return;
+  EitherFile content;
+  try {
+    content = readEither(host().readFile(path, longestEither()));
+  } catch (const RuntimeError& error) {
+    content.fault = error.what();
+  }
+  if (!content.fault.empty()) {
+    messageBox(path + "\r" + content.fault, "", Icon::critical);
+    return;
+  }
+  file = {std::move(content), bareName(path)};
+  compareChosen();
+}
+
+void frmCompare::compareChosen() {
+  const auto nameOf = [](const Chosen& file, const char* missing) {
+    return file.name.empty() ? std::string(missing) : file.name;
+  };
+  lstDifferences.setHeadings(
+      {"Setting", nameOf(first_, "First file"), nameOf(second_, "Second file"), "Change"});
+  if (first_.name.empty() || second_.name.empty()) {
+    lblSummary.setCaption(twoFiles);
+    return;
+  }
+  unit_ = asUnit(first_.file);
+  setup_ = asSetup(second_.file);
+  comparison_ = compare(unit_, setup_);
+  showSummary(isOtherLine(unit_, setup_.kind) ? "The two are of units of different lines." : "");
+}
+
+void frmCompare::showSummary(const std::string& remark) {
+  lblSummary.setCaption(summaryOf(comparison_) + (remark.empty() ? "" : ". " + remark));
+  lblSummary.setMark(comparison_.unread > 0 || !remark.empty() ? Mark::error : Mark::none);
   showRows();
 }
 
 void frmCompare::showRows() {
   rows_ = rowsWith(txtSearch.text(), rowsOf(comparison_, unit_, chkAll.value() != 0));
-  lstDifferences.clear();
+  std::vector<std::string> items;
+  std::vector<Mark> marks;
+  std::string section;
+  const auto add = [&](std::string item, Mark mark) {
+    items.push_back(std::move(item));
+    marks.push_back(mark);
+  };
   for (const CompareRow& row : rows_) {
-    lstDifferences.addItem(row.text);
-    if (row.fault) lstDifferences.setItemMark(lstDifferences.listCount() - 1, Mark::error);
+    const Mark mark = row.reason.empty() ? Mark::none : Mark::error;
+    if (row.section != section) add(tableRow({row.section}), mark);
+    section = row.section;
+    add(row.reason.empty() ? tableRow({row.name, row.inUnit, row.inSetup, row.change})
+                           : tableRow({row.name, row.reason}),
+        mark);
   }
-  if (!rows_.empty()) lstDifferences.setListIndex(0);
+  lstDifferences.setItems(std::move(items), std::move(marks));
 }
 
 std::string frmCompare::text() const {
   std::string lines = lblSummary.caption() + "\n\n";
-  for (const CompareRow& row : rows_) lines += row.text + "\n";
+  for (const CompareRow& row : rows_) lines += lineOf(row) + "\n";
   return lines;
-}
-
-void frmCompare::saveText() const { saveOrSay(host().chooseFileToSave(textFilter), text()); }
-
-void frmCompare::keepCopy() const {
-  saveOrSay(host().proposeFileToSave(unitFilter, proposedFileName(unit_)), unitFileText(unit_));
-}
-
-// A cancel in the printer chooser prints nothing.
-void frmCompare::printRows() const {
-  attempt([this] {
-    const auto printer = host().choosePrinter(caption());
-    printer->setFont("Courier", 12);
-    PrintHeader(*printer, caption());
-    PrintText(*printer, lblSummary.caption() + "\n");
-    PrintText(*printer, "\n");
-    for (const CompareRow& row : rows_) PrintText(*printer, row.text + "\n");
-    PrintPageFooter(*printer);
-    printer->endDocument();
-  });
 }

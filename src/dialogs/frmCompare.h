@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
-// What differs between a unit and a setup, setting by setting: to be read, searched, copied, saved, printed,
-// and to go on from.
+// What differs between a unit and a setup, a unit and a copy, or two files, setting by setting: to be read,
+// searched, copied, saved, printed, and to go on from.
 #pragma once
 
 #include <string>
 #include <vector>
 
 #include "knowledge/CompareRows.h"
+#include "knowledge/EitherFile.h"
 #include "platform/Form.h"
 
 class frmCompare : public Form {
@@ -14,13 +15,15 @@ class frmCompare : public Form {
   frmCompare();
 
   Label lblSummary{*this, "lblSummary"};
+  CommandButton cmdFirst{*this, "cmdFirst", "&First file...", "Chooses a setup or a copy of a unit"};
+  CommandButton cmdSecond{*this, "cmdSecond", "Secon&d file...",
+                          "Chooses the setup or the copy that it is compared with"};
   Label lblSearch{*this, "lblSearch", "S&earch"};
   TextBox txtSearch{*this, "txtSearch", "Shows only the lines that hold these words"};
   CheckBox chkAll{*this, "chkAll", "S&how roundings and what a write leaves alone"};
   CheckBox chkBus{*this, "chkBus", "&Bus format and address too",
                   "Puts back the bus settings as well: the unit may then answer on another line or address"};
-  ListBox lstDifferences{
-      *this, "lstDifferences", {}, "What differs, a line for each setting: in the unit, and in this setup"};
+  Table lstDifferences{*this, "lstDifferences", {}, "What differs, a row for each setting"};
   CommandButton cmdCopy{*this, "cmdCopy", "&Copy", "Puts the lines on the clipboard"};
   CommandButton cmdSave{*this, "cmdSave", "&Save as text", "Saves the lines as a text file"};
   CommandButton cmdPrint{*this, "cmdPrint", "&Print", "Prints the lines"};
@@ -28,9 +31,13 @@ class frmCompare : public Form {
   CommandButton cmdWrite{*this, "cmdWrite", "&Write", "Goes on and changes the unit"};
   CommandButton cmdClose{*this, "cmdClose", "C&lose"};
 
-  // The boxes of the tabs against a unit, or a kept copy against it. Before the window is shown.
-  void compareSetup(const UnitImage& unit, const EncodedSetup& setup, bool mayWrite);
+  // What is compared, before the window is shown. The boxes of the tabs with a unit; `otherLine`: it is of
+  // the other line than the setup's.
+  void compareSetup(const UnitImage& unit, const EncodedSetup& setup, bool otherLine);
+  // A unit with a kept copy that is to be put back.
   void compareCopy(const UnitImage& unit, const UnitImage& copy);
+  // Two files that the user chooses in the window.
+  void compareFiles();
 
   bool writeAsked = false;  // how the window was left
   const Comparison& comparison() const { return comparison_; }
@@ -40,16 +47,23 @@ class frmCompare : public Form {
   bool Form_QueryUnload() override;
 
  private:
+  struct Chosen {
+    EitherFile file;
+    std::string name;  // without its folder; empty: none is chosen
+  };
+
   void compareAgain();
+  void compareChosen();
+  void choose(Chosen& file);
+  void showSummary(const std::string& remark);
   void showRows();
   std::string text() const;  // the sentence on top and all lines on show
-  void saveText() const;
-  void keepCopy() const;
-  void printRows() const;
 
   UnitImage unit_;
   EncodedSetup setup_;
   UnitImage copy_;
+  Chosen first_;
+  Chosen second_;
   Comparison comparison_;
   std::vector<CompareRow> rows_;  // on show
 };

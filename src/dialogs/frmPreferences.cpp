@@ -4,10 +4,12 @@
 
 #include "core/Global.h"
 #include "core/Model.h"
+#include "dialogs/KeptCopies.h"
 
 frmPreferences::frmPreferences() : Form("frmPreferences", "Preferences") {
   chkWarnEn.onClick = [this] { Global.WarningsOff = asFlag(chkWarnEn.value() == 0); };
   chkReset.onClick = [this] { Global.ResetAfterWrite = asFlag(chkReset.value() != 0); };
+  chkKeep.onClick = [this] { setKeepsCopies(chkKeep.value() != 0); };
   cmdOk.onClick = [this] { hide(); };
 }
 
@@ -15,4 +17,5 @@ void frmPreferences::Form_Load() {
   centre();
   chkWarnEn.setValue(Global.WarningsOff == False ? 1 : 0);
   chkReset.setValue(Global.ResetAfterWrite != False ? 1 : 0);
+  if (keepsCopies()) chkKeep.setValue(1);
 }

@@ -8,6 +8,7 @@
 #include "dialogs/RunHead.h"
 #include "dialogs/SetupFiles.h"
 #include "dialogs/UnitRuns.h"
+#include "dialogs/frmCompare.h"
 #include "editor/Replacement.h"
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
@@ -17,7 +18,9 @@ frmRead::frmRead() : Form("frmRead", "Read from...") {
   cmdFile.onClick = [this] { cmdFile_Click(); };
   cmdSerial.onClick = [this] { cmdSerial_Click(); };
   cmdNetwork.onClick = cmdSerial.onClick;  // the way is chosen on the communication tab
-  cmdCompare.onClick = [] { cmdCompare_Click(); };
+  cmdCompare.onClick = [this] { cmdCompare_Click(); };
+  cmdKeep.onClick = [] { cmdKeep_Click(); };
+  cmdFiles.onClick = [] { cmdFiles_Click(); };
   OKButton.onClick = [this] { unload(); };
 }
 
@@ -43,7 +46,18 @@ void frmRead::cmdSerial_Click() {
 }
 
 void frmRead::cmdCompare_Click() {
-  if (!prepareRun()) return;
-  compareUnit(false);
-  fitToFoundUnit();
+  if (!prepareRun() || !compareUnit()) return;
+  unload();
+  writeUnit();
+}
+
+void frmRead::cmdKeep_Click() {
+  if (prepareRun()) keepCopy();
+}
+
+void frmRead::cmdFiles_Click() {
+  auto& window = form<frmCompare>();
+  window.compareFiles();
+  window.showModal();
+  ::unload<frmCompare>();
 }

@@ -21,6 +21,10 @@ class frmRead : public Form {
   Label Label4{fraWriteTo, "Label4", "Read configuration from device connected over the TCPIP Network."};
   CommandButton cmdCompare{*this, "cmdCompare", "Co&mpare",
                            "Reads the unit and shows how it differs from this setup, which stays as it is"};
+  CommandButton cmdKeep{*this, "cmdKeep", "&Keep a copy...",
+                        "Reads the unit and saves all that it holds as a file; the setup stays as it is"};
+  CommandButton cmdFiles{*this, "cmdFiles", "Compare f&iles...",
+                         "Shows how two setups or copies differ, without a unit"};
   CommandButton OKButton{*this, "OKButton", "&Cancel"};
 
   void Form_Load() override;
@@ -28,5 +32,7 @@ class frmRead : public Form {
  private:
   void cmdFile_Click();
   void cmdSerial_Click();
-  static void cmdCompare_Click();
+  void cmdCompare_Click();
+  static void cmdKeep_Click();
+  static void cmdFiles_Click();
 };

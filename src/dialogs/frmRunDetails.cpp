@@ -4,53 +4,20 @@
 
 #include <algorithm>
 
-#include "dialogs/Report.h"
+#include "dialogs/TextOutput.h"
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
 
 namespace {
 
-constexpr const char* textFilter = "Text Files (*.txt)|*.txt|All Files (*.*)|*.*";
-constexpr std::size_t longestWord = 50;  // that a line of paper holds
-constexpr std::size_t longestLine = 400;
-
 const RunRecord& record() { return form<frmBigFolder>().lastRun; }
-
-// A reply may be one word of any length, which would run off the paper.
-std::string fitForPaper(std::string_view line) {
-  std::string text;
-  std::size_t wordLength = 0;
-  for (const char character : line.substr(0, longestLine)) {
-    wordLength = character == ' ' ? 0 : wordLength + 1;
-    if (wordLength > longestWord) {
-      text += ' ';
-      wordLength = 1;
-    }
-    text += character;
-  }
-  return line.size() > longestLine ? text + "..." : text;
-}
-
-// A cancel in the printer chooser prints nothing.
-void printHistory() {
-  attempt([] {
-    const auto printer = host().choosePrinter("Run Details");
-    printer->setFont("Courier", 12);
-    PrintHeader(*printer, "Run Details");
-    PrintText(*printer, fitForPaper(record().verdict) + "\n");
-    PrintText(*printer, "\n");
-    for (const HistoryLine& line : record().history) PrintText(*printer, fitForPaper(line.text) + "\n");
-    PrintPageFooter(*printer);
-    printer->endDocument();
-  });
-}
 
 }  // namespace
 
 frmRunDetails::frmRunDetails() : Form("frmRunDetails", "Run Details") {
   cmdCopy.onClick = [] { host().copyText(textOf(record())); };
   cmdSave.onClick = [] { cmdSave_Click(); };
-  cmdPrint.onClick = printHistory;
+  cmdPrint.onClick = [] { choosePrinterFor("Run Details", textOf(record())); };
   cmdClose.onClick = [this] { unload(); };
 }
 

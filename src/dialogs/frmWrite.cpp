@@ -10,7 +10,6 @@
 #include "dialogs/UnitRuns.h"
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
-#include "protocol/frmSerial.h"
 
 namespace {
 
@@ -24,11 +23,12 @@ bool preparesWrite() {
 frmWrite::frmWrite() : Form("frmWrite", "Write to...") {
   cmdFile.onClick = saveConfigurationAs;
   cmdPrint.onClick = printReport;
-  cmdSerial.onClick = [this] { cmdSerial_Click(); };
+  cmdSerial.onClick = [] { cmdSerial_Click(); };
   cmdNetwork.onClick = cmdSerial.onClick;  // the way is chosen on the communication tab
   chkReset.onClick = [this] { Global.ResetAfterWrite = asFlag(chkReset.value() != 0); };
-  cmdCompare.onClick = [this] { cmdCompare_Click(); };
+  cmdCompare.onClick = [] { cmdCompare_Click(); };
   cmdPutBack.onClick = [] { cmdPutBack_Click(); };
+  cmdRecord.onClick = [] { verifyAndRecord(); };
   cmdCancel.onClick = [this] { hide(); };
 }
 
@@ -46,32 +46,17 @@ void frmWrite::showVerdict() {
   const Label& line = form<frmBigFolder>().lblVerdict;
   lblVerdict.setCaption(line.caption());
   lblVerdict.setMark(line.mark());
+  cmdRecord.setEnabled(mayRecord());
 }
 
 void frmWrite::cmdSerial_Click() {
-  if (!preparesWrite()) return;
-  Global.AutoDetect = False;
-  auto& run = form<frmSerial>();
-  run.readMode = False;
-  Global.ReadConfirmed = 0;
-  run.showModal();
-  ::unload<frmSerial>();
-  fitToFoundUnit();
+  if (preparesWrite()) writeUnit();
 }
 
-// The form is fitted to the unit only behind the write: until then nothing but the user changes the boxes
-// that were compared.
 void frmWrite::cmdCompare_Click() {
-  if (!preparesWrite()) return;
-  if (compareUnit(true)) {
-    cmdSerial_Click();
-  } else {
-    fitToFoundUnit();
-  }
+  if (preparesWrite() && compareUnit()) writeUnit();
 }
 
 void frmWrite::cmdPutBack_Click() {
-  if (!preparesWrite()) return;
-  putBackCopy();
-  fitToFoundUnit();
+  if (preparesWrite()) putBackCopy();
 }

@@ -32,6 +32,8 @@ class frmWrite : public Form {
                            "Reads the unit and shows what a write would change in it"};
   CommandButton cmdPutBack{*this, "cmdPutBack", "Put &back a copy...",
                            "Writes a kept copy of a unit back to the unit"};
+  CommandButton cmdRecord{*this, "cmdRecord", "&Verify and record...",
+                          "Reads the unit that was written to again, and makes a record of how it was left"};
   CommandButton cmdCancel{*this, "cmdCancel", "&Close"};
 
   void showVerdict();  // as it stands on the main window
@@ -40,8 +42,8 @@ class frmWrite : public Form {
   void Form_Activate() override;
 
  private:
-  void cmdSerial_Click();
-  void cmdCompare_Click();
+  static void cmdSerial_Click();
+  static void cmdCompare_Click();
   static void cmdPutBack_Click();
   void showReset();
 };

@@ -23,24 +23,31 @@ constexpr std::string_view sections[] = {"General",
                                          "Analog Output",
                                          "Comm"};
 
-auto tabOrder(const DifferingSetting& setting) {
-  return std::distance(std::begin(sections), std::ranges::find(sections, setting.section));
-}
+constexpr const char* notRead = "Not read";
+constexpr const char* nothingToSend = "Nothing to send";
 
 std::string valueText(const std::string& words) { return words.empty() ? "(not in use)" : words; }
 
-std::string noteOf(Change change) {
-  if (change == Change::rounding) return " (only rounded)";
-  return change == Change::kept ? " (left alone by a write)" : "";
+const char* wordsOf(Change change) {
+  switch (change) {
+    case Change::written:
+      return "changed by a write";
+    case Change::rounding:
+      return "only rounded";
+    case Change::kept:
+      return "left alone by a write";
+  }
+  return "";
 }
 
 CompareRow rowOf(const DifferingSetting& setting) {
-  return {setting.section + " / " + setting.name + ": " + valueText(setting.inUnit) + " -> " +
-          valueText(setting.inSetup) + noteOf(setting.change)};
+  return {setting.section,           setting.name,
+          valueText(setting.inUnit), valueText(setting.inSetup),
+          wordsOf(setting.change),   {}};
 }
 
-const char* nameOf(std::string_view reg) {
-  return registerRows()[static_cast<std::size_t>(registerPlace(reg))].name;
+const RegisterRow& rowNamed(std::string_view reg) {
+  return registerRows()[static_cast<std::size_t>(registerPlace(reg))];
 }
 
 std::string lowerCase(std::string_view text) {
@@ -49,22 +56,28 @@ std::string lowerCase(std::string_view text) {
   return lower;
 }
 
+void addUnread(std::vector<CompareRow>& rows, const UnitImage& unit) {
+  for (std::size_t place = 0; place < registerCount; ++place) {
+    const RegisterRow& row = registerRows()[place];
+    const auto& [payload, reason] = unit.registers[place];
+    if (!payload.empty() || !hasRegister(row.reg, unit.kind)) continue;
+    rows.push_back({notRead, row.name, {}, {}, {}, reason.empty() ? "not known" : reason});
+  }
+}
+
 }  // namespace
 
 std::vector<CompareRow> rowsOf(const Comparison& comparison, const UnitImage& unit, bool all) {
   std::vector<DifferingSetting> settings = comparison.settings;
-  std::ranges::stable_sort(settings, {}, tabOrder);
+  std::ranges::stable_sort(settings, {}, [](const auto& each) { return tabOrder(each.section); });
   std::vector<CompareRow> rows;
   for (const DifferingSetting& setting : settings) {
     if (all || setting.change == Change::written) rows.push_back(rowOf(setting));
   }
-  for (const RegisterRow& row : registerRows()) {
-    const std::string& reason = unit.registers[static_cast<std::size_t>(registerPlace(row.reg))].reason;
-    if (!reason.empty()) rows.push_back({std::string("Not read: ") + row.name + ": " + reason, true});
-  }
+  addUnread(rows, unit);
   for (const RegisterChange& change : comparison.registers) {
-    if (change.reason.empty()) continue;
-    rows.push_back({std::string("Nothing to send: ") + nameOf(change.reg) + ": " + change.reason, true});
+    if (!change.reason.empty())
+      rows.push_back({nothingToSend, rowNamed(change.reg).name, {}, {}, {}, change.reason});
   }
   return rows;
 }
@@ -73,7 +86,27 @@ std::vector<CompareRow> rowsWith(std::string_view words, const std::vector<Compa
   const std::string wanted = lowerCase(words);
   std::vector<CompareRow> found;
   std::ranges::copy_if(rows, std::back_inserter(found), [&](const CompareRow& row) {
-    return lowerCase(row.text).find(wanted) != std::string::npos;
+    return lowerCase(lineOf(row)).find(wanted) != std::string::npos;
   });
   return found;
+}
+
+std::string lineOf(const CompareRow& row) {
+  const std::string start = row.section + " / " + row.name + ": ";
+  if (!row.reason.empty()) return start + row.reason;
+  const bool plain = row.change == wordsOf(Change::written);
+  return start + row.inUnit + " -> " + row.inSetup + (plain ? "" : " (" + row.change + ")");
+}
+
+int tabOrder(std::string_view section) {
+  return static_cast<int>(std::distance(std::begin(sections), std::ranges::find(sections, section)));
+}
+
+std::string tableRow(const std::vector<std::string>& cells) {
+  std::string row;
+  for (const std::string& cell : cells) {
+    if (&cell != &cells.front()) row += '\t';
+    for (const char c : cell) row += c >= 0 && c < ' ' ? ' ' : c;
+  }
+  return row;
 }

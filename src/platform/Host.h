@@ -80,6 +80,8 @@ class Host {
   // The printer chooser, set to the default printer; a cancel is a RuntimeError. The document's name, which
   // may be a file's path, is what the queue shows.
   virtual std::unique_ptr<Printer> choosePrinter(const std::string& document) = 0;
+  // A document that becomes a PDF file when it ends.
+  virtual std::unique_ptr<Printer> makePdf(const std::string& path);
   // "2026-03-01" in the form of the user's locale.
   virtual std::string today() = 0;
   // "2026-03-01T09:30:00Z": now, UTC.

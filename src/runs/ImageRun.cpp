@@ -85,6 +85,14 @@ UnitImage readImage(Run& run, Channel& channel) {
   return image;
 }
 
+std::string versionOf(Channel& channel) {
+  constexpr std::size_t width = 3;
+  const std::string reply = channel.command(framed("U03"));
+  const std::size_t mark = reply.find("U03");
+  if (mark == std::string::npos || contains(reply, "Time")) return "";
+  return reply.substr(mark + width, width);
+}
+
 void writeEncoded(Run& run, Channel& channel, const EncodedSetup& setup) {
   channel.wiringProblem = False;
   for (const RegisterStep& row : registerSteps()) {

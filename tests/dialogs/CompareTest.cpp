@@ -1,88 +1,22 @@
 // SPDX-License-Identifier: MIT
-// Compare, keep a copy, put back: through the choosers, in virtual time.
-#include <functional>
-#include <random>
-#include <set>
-
-#include "core/Global.h"
-#include "core/Memo.h"
-#include "core/Model.h"
-#include "dialogs/frmCompare.h"
+// Compare: through the choosers, in virtual time.
+#include "core/ConfigFile.h"
+#include "dialogs/SetupFiles.h"
 #include "knowledge/UnitFile.h"
-#include "tests/support/NetworkBench.h"
-#include "tests/support/RandomMemo.h"
+#include "tests/dialogs/CompareBench.h"
 
 namespace {
 
-class Comparing : public NetworkBench {
- protected:
-  Comparing() {
-    host.toleratesBoxes = true;
-    chooseWay(true);
-    unload<frmSerial>();
-    Global.DeviceSpecified = True;
-  }
-
-  // The user presses Compare in the chooser, acts in the window that comes, and closes the chooser at the
-  // end.
-  void compareAndThen(const std::function<void(frmCompare&)>& act) {
-    host.whenShown("frmWrite", [] { form<frmWrite>().cmdCompare.userClicked(); });
-    meet(act);
-    closeChooserBehindIt();
-    form<frmBigFolder>().cmdWrite.userClicked();
-    EXPECT_TRUE(host.scriptDone());
-  }
-  void putBackAndThen(const std::function<void(frmCompare&)>& act) {
-    host.whenShown("frmWrite", [] { form<frmWrite>().cmdPutBack.userClicked(); });
-    meet(act);
-    closeChooserBehindIt();
-    form<frmBigFolder>().cmdWrite.userClicked();
-    EXPECT_TRUE(host.scriptDone());
-  }
-  void meet(const std::function<void(frmCompare&)>& act) {
-    host.whenShown("frmCompare", [act] { act(form<frmCompare>()); });
-  }
-  void closeChooserBehindIt() {
-    host.expect([] { return isLoaded<frmWrite>() && form<frmWrite>().reachable(); },
-                [] { form<frmWrite>().cmdCancel.userClicked(); });
-  }
-  void scramble(sim::Unit& which) {
-    for (const RegisterRow& row : registerRows()) {
-      std::string digits = which.registerHex(row.reg);
-      for (char& digit : digits) {
-        if (between(random, 0, 4) == 0) digit = "0123456789ABCDEF"[between(random, 0, 15)];
-      }
-      if (row.reg != std::string("1F") && row.reg != std::string("21")) which.setRegister(row.reg, digits);
-    }
-  }
-  static std::set<std::string> writtenTo(const sim::Unit& which) {
-    std::set<std::string> regs;
-    for (const sim::LogEntry& entry : which.log()) {
-      if (entry.direction == '>' && entry.body.starts_with('W')) regs.insert(entry.body.substr(1, 2));
-    }
-    return regs;
-  }
-  std::string keepCopy() {
-    host.chosenFiles = {"/kept.unit"};
-    compareAndThen([](frmCompare& window) {
-      window.cmdKeep.userClicked();
-      window.cmdClose.userClicked();
-    });
-    return host.files["/kept.unit"];
-  }
-
-  std::mt19937 random{7};
-};
+using Comparing = CompareBench;
 
 TEST_F(Comparing, ShowsADifferenceInWordsAndChangesNothing) {
   form<frmBigFolder>().txtSp1.setText("123.4");
   const Payloads before = registersOf(unit);
   compareAndThen([](frmCompare& window) {
     EXPECT_NE(window.lblSummary.caption().find("differ"), std::string::npos);
-    window.txtSearch.userTyped("set-point 1");
-    ASSERT_GE(window.lstDifferences.listCount(), 1);
-    EXPECT_NE(window.lstDifferences.list(0).find("-> 123.4"), std::string::npos)
-        << window.lstDifferences.list(0);
+    EXPECT_EQ(window.lstDifferences.headings()[1], "In the unit");
+    window.txtSearch.userTyped("SET-point 1");
+    EXPECT_EQ(rowsOf(window.lstDifferences), "Set Points\nSet-Point 1\t000.0\t123.4\tchanged by a write\n");
     window.txtSearch.userTyped("no such words");
     EXPECT_EQ(window.lstDifferences.listCount(), 0);
     window.cmdClose.userClicked();
@@ -93,42 +27,39 @@ TEST_F(Comparing, ShowsADifferenceInWordsAndChangesNothing) {
   EXPECT_FALSE(isLoaded<frmSerial>());
 }
 
-// What a write is said to change is what it changes, whatever the unit holds and over either way.
-TEST_F(Comparing, SaysWhatTheWriteThenChanges) {
+// What the probe has found out of the unit fits the form at a write or a read, not at a look.
+TEST_F(Comparing, LeavesSetupAndModelAsTheyStand) {
+  press(&frmWrite::cmdSerial);  // brings model and boxes into line with this unit
+  compareAndThen([](frmCompare& window) { window.cmdClose.userClicked(); });
+  const SetupRecords before = presentRecords();
+  const std::string model = BaseModel;
+  unit.setRegister("01", "2004D2");
   for (const bool serial : {true, false}) {
-    for (int round = 0; round < 6; ++round) {
-      SCOPED_TRACE(round);
-      fillRandomMemo(random);
-      Hardware.BusMode = 0;
-      showMemo();
-      chooseWay(serial);
-      sim::Unit& which = serial ? unit : remote;
-      scramble(which);
-      which.takeLog();
-      std::set<std::string> said;
-      std::size_t readsBefore = 0;
-      compareAndThen([&](frmCompare& window) {
-        for (const RegisterChange& change : window.comparison().registers) {
-          if (change.written) said.insert(change.reg);
-        }
-        EXPECT_EQ(which.count("W"), 0U);
-        readsBefore = which.count("R");
-        window.cmdWrite.userClicked();
-      });
-      EXPECT_GE(readsBefore, 33U);
-      EXPECT_EQ(writtenTo(which), said);
-      if (HasFailure()) return;
-    }
+    chooseWay(serial);
+    const SetupRecords chosen = presentRecords();
+    compareAndThen([](frmCompare& window) { window.cmdClose.userClicked(); });
+    EXPECT_EQ(DeviceState, before.deviceState);
+    EXPECT_EQ(Hardware, before.hardware);
+    EXPECT_EQ(BaseModel, model);
+    EXPECT_TRUE(Memo == chosen.memo);
   }
 }
 
-TEST_F(Comparing, FoldsWhatAWriteLeavesAlone) {
-  unit.setRegister("24", "FF");
+TEST_F(Comparing, FoldsRoundingsAndWhatAWriteLeavesAlone) {
+  unit.setRegister("01", "A00000");  // zero with a sign
+  unit.setRegister("1F", "3C");
   compareAndThen([](frmCompare& window) {
-    const int folded = window.lstDifferences.listCount();
+    const auto folded = static_cast<std::size_t>(window.lstDifferences.listCount());
+    const Comparison& found = window.comparison();
+    ASSERT_GT(found.count(Change::rounding) + found.count(Change::kept), 0U);
+    const std::string before = rowsOf(window.lstDifferences);
+    EXPECT_EQ(before.find("only rounded"), std::string::npos);
+    EXPECT_EQ(before.find("left alone by a write"), std::string::npos);
     window.chkAll.userClicked();
-    EXPECT_GE(window.lstDifferences.listCount(), folded);
-    EXPECT_EQ(window.lstDifferences.listCount(), static_cast<int>(window.comparison().settings.size()));
+    EXPECT_GT(static_cast<std::size_t>(window.lstDifferences.listCount()), folded);
+    const std::string all = rowsOf(window.lstDifferences);
+    EXPECT_EQ(all.find("only rounded") != std::string::npos, found.count(Change::rounding) > 0);
+    EXPECT_EQ(all.find("left alone by a write") != std::string::npos, found.count(Change::kept) > 0);
     window.userClosed();
   });
   EXPECT_EQ(unit.count("W"), 0U);
@@ -138,9 +69,11 @@ TEST_F(Comparing, SaysWhichRegisterCouldNotBeRead) {
   unit.faults.refusals = {{"?43", "R16", sim::unlimited}};
   compareAndThen([](frmCompare& window) {
     const int last = window.lstDifferences.listCount() - 1;
-    EXPECT_EQ(window.lstDifferences.list(last), "Not read: Alarm 2 High: refused \"?43\"");
+    EXPECT_EQ(window.lstDifferences.list(last - 1), "Not read");
+    EXPECT_EQ(window.lstDifferences.list(last), "Alarm 2 High\trefused \"?43\"");
     EXPECT_EQ(window.lstDifferences.itemMark(last), Mark::error);
     EXPECT_EQ(window.lblSummary.mark(), Mark::error);
+    EXPECT_NE(window.lblSummary.caption().find(", 1 register could not be read"), std::string::npos);
     window.cmdClose.userClicked();
   });
 }
@@ -156,16 +89,29 @@ TEST_F(Comparing, IsCopiedSavedAndPrinted) {
     EXPECT_EQ(host.clipboard.find(window.lblSummary.caption()), 0U);
     window.cmdClose.userClicked();
   });
-  EXPECT_NE(host.clipboard.find("Set Points / "), std::string::npos);
+  EXPECT_NE(host.clipboard.find("Set Points / Set-Point 1: 000.0 -> 123.4\n"), std::string::npos);
   EXPECT_EQ(host.files["/list.txt"], host.clipboard);
   EXPECT_NE(host.paper->asText().find("123.4"), std::string::npos);
 }
 
+TEST_F(Comparing, SaysThatItCouldNotBeSavedOrPrinted) {
+  host.diskFault = "No space left on device";
+  host.chosenFiles = {"/list.txt"};
+  host.paper = std::make_shared<Paper>();
+  host.paper->failsAtPage = 1;
+  compareAndThen([&](frmCompare& window) {
+    host.expectBox("could not be saved to\r/list.txt\rNo space left on device");
+    window.cmdSave.userClicked();
+    window.cmdClose.userClicked();
+  });
+  EXPECT_FALSE(host.files.contains("/list.txt"));
+}
+
 TEST_F(Comparing, EndsWithTheRunThatTheUserCancels) {
-  host.whenShown("frmWrite", [] { form<frmWrite>().cmdCompare.userClicked(); });
   host.expectBox(cancelQuestion, Answer::yes);
+  host.whenShown("frmWrite", [] { form<frmWrite>().cmdCompare.userClicked(); });
   host.expect([this] { return unit.count("R") > 5; }, [] { form<frmSerial>().cmdCancel.userClicked(); });
-  closeChooserBehindIt();
+  closeWriteChooser();
   form<frmBigFolder>().cmdWrite.userClicked();
   EXPECT_FALSE(isLoaded<frmCompare>());
   EXPECT_EQ(unit.count("W"), 0U);
@@ -180,82 +126,158 @@ TEST_F(Comparing, LeavesTheVerdictOfTheLastRunAsItStands) {
   EXPECT_EQ(form<frmBigFolder>().lblVerdict.caption(), verdict);
 }
 
-TEST_F(Comparing, OfAReadOffersNoWrite) {
+TEST_F(Comparing, OfAReadGoesOnToAWriteToo) {
+  form<frmBigFolder>().txtSp1.setText("123.4");
   host.whenShown("frmRead", [] { form<frmRead>().cmdCompare.userClicked(); });
-  meet([](frmCompare& window) {
-    EXPECT_FALSE(window.cmdWrite.visible());
-    window.cmdClose.userClicked();
-  });
-  host.expect([] { return isLoaded<frmRead>() && form<frmRead>().reachable(); },
-              [] { form<frmRead>().OKButton.userClicked(); });
+  host.whenShown("frmCompare", [] { form<frmCompare>().cmdWrite.userClicked(); });
   form<frmBigFolder>().cmdOpen.userClicked();
   EXPECT_TRUE(host.scriptDone());
+  EXPECT_EQ(unit.registerHex("01"), "2004D2");
+  EXPECT_FALSE(isLoaded<frmRead>());
 }
 
-// ---- keep and put back
-
-TEST_F(Comparing, KeepsACopyThatHoldsTheWholeUnit) {
-  scramble(unit);
-  const UnitFileContent kept = readUnitFile(keepCopy());
-  ASSERT_TRUE(kept.image) << kept.fault;
-  for (const RegisterRow& row : registerRows()) {
-    EXPECT_EQ(digitsOf(digitsIn(*kept.image), row.reg), unit.registerHex(row.reg)) << row.reg;
-  }
-  EXPECT_EQ(host.proposedName, proposedFileName(*kept.image));
+TEST_F(Comparing, OfAReadLeavesTheChooserOpen) {
+  host.whenShown("frmRead", [] { form<frmRead>().cmdCompare.userClicked(); });
+  host.whenShown("frmCompare", [] { form<frmCompare>().cmdClose.userClicked(); });
+  closeReadChooser();
+  form<frmBigFolder>().cmdOpen.userClicked();
+  EXPECT_TRUE(host.scriptDone());
+  EXPECT_EQ(unit.count("W"), 0U);
 }
 
-TEST_F(Comparing, PutsBackEveryBitThatMayBeChanged) {
-  for (const bool serial : {true, false}) {
+// ---- what is said is what is written
+
+sim::UnitSetup unitOf(int kind) {
+  sim::UnitSetup setup;
+  setup.model = kind == kind::rkw77 ? sim::Model::larkspur : sim::Model::tmp;
+  return setup;
+}
+
+class ComparedWrite : public CompareBench, public testing::WithParamInterface<int> {
+ protected:
+  static constexpr int rounds = 100;  // of each kind, over each way
+
+  ComparedWrite() : CompareBench(unitOf(GetParam())) { random.seed(static_cast<unsigned>(60 + GetParam())); }
+
+  void anySetupAndUnit(bool serial, sim::Unit& which) {
+    fillRandomMemo(random);
+    Hardware.BusMode = 0;
+    chooseKind(GetParam());
+    showMemo();
     chooseWay(serial);
+    scramble(which, between(random, 0, 9));
+    which.setRegister("1F", "34");
+    which.takeLog();
+  }
+};
+
+TEST_P(ComparedWrite, ChangesWhatTheWindowSaid) {
+  for (int round = 0; round < rounds * 2; ++round) {
+    SCOPED_TRACE(round);
+    const bool serial = round % 2 == 0;
     sim::Unit& which = serial ? unit : remote;
-    for (int round = 0; round < 4; ++round) {
-      scramble(which);
-      keepCopy();
-      const Payloads kept = registersOf(which);
-      scramble(which);
-      host.chosenFiles = {"/kept.unit"};
-      putBackAndThen([](frmCompare& window) { window.cmdWrite.userClicked(); });
-      for (const RegisterRow& row : registerRows()) {
-        const std::int32_t mask = maskOf(row.reg, meterKind());
-        EXPECT_EQ(maskHex(which.registerHex(row.reg), mask), maskHex(kept.at(row.reg), mask)) << row.reg;
+    anySetupAndUnit(serial, which);
+    Comparison said;
+    compareAndThen([&](frmCompare& window) {
+      said = window.comparison();
+      EXPECT_EQ(meterKind(), GetParam());
+      EXPECT_EQ(which.count("W"), 0U);
+      window.cmdWrite.userClicked();
+    });
+    std::set<std::string> regs;
+    for (const RegisterChange& change : said.registers) {
+      if (change.written) regs.insert(change.reg);
+      if (!change.before.empty()) {
+        EXPECT_EQ(which.registerHex(change.reg), change.after) << change.reg;
       }
-      if (HasFailure()) return;
     }
+    EXPECT_EQ(said.registers.size(), registerCount);
+    EXPECT_EQ(writtenTo(which), regs);
+    if (HasFailure()) return;
   }
 }
 
-TEST_F(Comparing, PutsTheBusFormatBackOnRequestAlone) {
-  keepCopy();
-  const std::string kept = unit.registerHex("1F");
-  std::string other = kept;
-  other[0] = kept[0] == '3' ? '2' : '3';
-  for (const bool asked : {false, true}) {
-    unit.setRegister("1F", other);
-    host.chosenFiles = {"/kept.unit"};
-    std::vector<std::string> written;
-    putBackAndThen([&](frmCompare& window) {
-      if (asked) window.chkBus.userClicked();
-      for (const RegisterChange& change : window.comparison().registers) {
-        if (change.written) written.push_back(change.reg);
-      }
+INSTANTIATE_TEST_SUITE_P(AllKinds, ComparedWrite, testing::Range(0, 5));
+
+// ---- two files
+
+class ComparingFiles : public CompareBench {
+ protected:
+  // A setup with this set point, as the program saves it.
+  void saveSetup(const std::string& path, const char* setPoint) {
+    form<frmBigFolder>().txtSp1.setText(setPoint);
+    ASSERT_TRUE(saveConfiguration(path));
+  }
+  void compareFiles(const std::vector<std::string>& paths, const std::function<void(frmCompare&)>& act) {
+    host.chosenFiles = {paths.begin(), paths.end()};
+    host.whenShown("frmRead", [] { form<frmRead>().cmdFiles.userClicked(); });
+    host.whenShown("frmCompare", [act] {
+      auto& window = form<frmCompare>();
+      EXPECT_EQ(window.lblSummary.caption().find("Choose two files"), 0U);
+      window.cmdFirst.userClicked();
+      window.cmdSecond.userClicked();
+      act(window);
       window.cmdClose.userClicked();
     });
-    EXPECT_EQ(written, asked ? std::vector<std::string>{"1F"} : std::vector<std::string>{});
+    closeReadChooser();
+    form<frmBigFolder>().cmdOpen.userClicked();
+    EXPECT_TRUE(host.scriptDone());
   }
+  static void searchSetPoint(frmCompare& window) { window.txtSearch.userTyped("set-point 1"); }
+};
+
+TEST_F(ComparingFiles, ShowsHowTwoSetupsDifferWithoutAUnit) {
+  saveSetup("/a.cfg", "111.1");
+  saveSetup("/b.cfg", "222.2");
+  form<frmBigFolder>().txtSp1.setText("333.3");
+  form<frmBigFolder>().reCover();
+  const SetupRecords before = presentRecords();
+  compareFiles({"/a.cfg", "/b.cfg"}, [](frmCompare& window) {
+    EXPECT_EQ(window.lstDifferences.headings(),
+              std::vector<std::string>({"Setting", "a.cfg", "b.cfg", "Change"}));
+    EXPECT_EQ(window.comparison().count(Change::written), 1U);
+    searchSetPoint(window);
+    EXPECT_EQ(rowsOf(window.lstDifferences), "Set Points\nSet-Point 1\t111.1\t222.2\tchanged by a write\n");
+    EXPECT_FALSE(window.cmdWrite.visible());
+    EXPECT_FALSE(window.cmdKeep.visible());
+  });
+  EXPECT_TRUE(unit.log().empty());
+  EXPECT_EQ(form<frmBigFolder>().txtSp1.text(), "333.3");
+  EXPECT_TRUE(Memo == before.memo);
+  EXPECT_EQ(DeviceState, before.deviceState);
+  EXPECT_EQ(Hardware, before.hardware);
 }
 
-TEST_F(Comparing, RefusesACopyThatIsCutOrForeign) {
-  const std::string whole = keepCopy();
-  for (const std::string& bytes :
-       {whole.substr(0, whole.size() / 2), std::string("anything"), std::string()}) {
-    host.files["/kept.unit"] = bytes;
-    host.chosenFiles = {"/kept.unit"};
-    unit.takeLog();
-    host.expectBox("/kept.unit\r");
-    host.whenShown("frmWrite", [] { form<frmWrite>().cmdPutBack.userClicked(); });
-    closeChooserBehindIt();
-    form<frmBigFolder>().cmdWrite.userClicked();
-    EXPECT_TRUE(unit.log().empty());
+TEST_F(ComparingFiles, TakesACopyOnEitherSide) {
+  saveSetup("/a.cfg", "111.1");
+  unit.setRegister("01", "2008AE");
+  const std::string copy = keepCopy();
+  host.files["/unit.cfg"] = copy;  // the first line tells, not the name
+  compareFiles({"/a.cfg", "/unit.cfg"}, [](frmCompare& window) {
+    searchSetPoint(window);
+    EXPECT_EQ(rowsOf(window.lstDifferences), "Set Points\nSet-Point 1\t111.1\t222.2\tchanged by a write\n");
+  });
+  compareFiles({"/unit.cfg", "/a.cfg"}, [](frmCompare& window) {
+    searchSetPoint(window);
+    EXPECT_EQ(rowsOf(window.lstDifferences), "Set Points\nSet-Point 1\t222.2\t111.1\tchanged by a write\n");
+  });
+  compareFiles({"/unit.cfg", "/unit.cfg"}, [](frmCompare& window) {
+    EXPECT_EQ(window.lblSummary.caption().find("0 settings differ, "), 0U) << window.lblSummary.caption();
+    EXPECT_TRUE(window.comparison().same());
+  });
+}
+
+TEST_F(ComparingFiles, RefusesWhatIsNeitherAndKeepsWhatWasChosen) {
+  saveSetup("/a.cfg", "111.1");
+  host.files["/bad.unit"] = "torvane unit copy 1\nkind: 0\n";
+  host.files["/bad.cfg"] = "anything";
+  for (const char* bad : {"/bad.unit", "/bad.cfg", "/missing.cfg"}) {
+    host.expectBox(std::string(bad) + "\r");
+    compareFiles({"/a.cfg", bad}, [](frmCompare& window) {
+      EXPECT_EQ(window.lstDifferences.headings()[1], "a.cfg");
+      EXPECT_EQ(window.lstDifferences.headings()[2], "Second file");
+      EXPECT_EQ(window.lstDifferences.listCount(), 0);
+    });
   }
 }
 

@@ -12,6 +12,7 @@
 #include "dialogs/frmHardware.h"
 #include "dialogs/frmPreferences.h"
 #include "dialogs/frmRead.h"
+#include "dialogs/frmRecord.h"
 #include "dialogs/frmRunDetails.h"
 #include "dialogs/frmTimedMessage.h"
 #include "dialogs/frmWarning.h"
@@ -176,6 +177,7 @@ TEST_F(HelpWordsTest, EachDialogsPageTellsOfAllItsControls) {
   expectPage<frmRead>();
   expectPage<frmWrite>();
   expectPage<frmCompare>();
+  expectPage<frmRecord>();
   expectPage<frmRunDetails>();
   expectPage<frmSerial>();
   expectPage<frmWarning>();

@@ -22,6 +22,7 @@
 #include "dialogs/frmHardware.h"
 #include "dialogs/frmPreferences.h"
 #include "dialogs/frmRead.h"
+#include "dialogs/frmRecord.h"
 #include "dialogs/frmRunDetails.h"
 #include "dialogs/frmSplash.h"
 #include "dialogs/frmTimedMessage.h"
@@ -29,6 +30,7 @@
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
 #include "platform/qt/PictureView.h"
+#include "platform/qt/RowTable.h"
 #include "platform/qt/io/QtText.h"
 #include "protocol/frmSerial.h"
 #include "qt/TestForm.h"
@@ -50,9 +52,9 @@ class LayoutsTest : public QtTest {
   std::shared_ptr<Form> form_ = std::make_shared<Kind>();
 };
 
-using ProgramForms =
-    testing::Types<frmBigFolder, frmHardware, frmRead, frmWrite, frmSerial, frmSplash, frmWarning,
-                   frmCommModeWarning, frmPreferences, frmTimedMessage, frmWizard, frmRunDetails, frmCompare>;
+using ProgramForms = testing::Types<frmBigFolder, frmHardware, frmRead, frmWrite, frmSerial, frmSplash,
+                                    frmWarning, frmCommModeWarning, frmPreferences, frmTimedMessage,
+                                    frmWizard, frmRunDetails, frmCompare, frmRecord>;
 TYPED_TEST_SUITE(LayoutsTest, ProgramForms);
 
 TYPED_TEST(LayoutsTest, FitsItsForm) {
@@ -88,8 +90,8 @@ bool isAny(const QWidget& widget) {
 }
 
 bool isInput(const QWidget& widget) {
-  return isAny<QAbstractButton, QComboBox, QLineEdit, QListWidget, QPlainTextEdit, QScrollBar, QTabBar>(
-      widget);
+  return isAny<QAbstractButton, QComboBox, QLineEdit, QListWidget, QPlainTextEdit, QScrollBar, QTabBar,
+               RowTable>(widget);
 }
 
 TYPED_TEST(LayoutsTest, EveryInputIsReachedByKeyboardAndHasANameToSay) {

@@ -14,6 +14,7 @@
 #include "dialogs/frmHardware.h"
 #include "dialogs/frmPreferences.h"
 #include "dialogs/frmRead.h"
+#include "dialogs/frmRecord.h"
 #include "dialogs/frmRunDetails.h"
 #include "dialogs/frmTimedMessage.h"
 #include "dialogs/frmWarning.h"
@@ -95,7 +96,7 @@ class LongTexts : public QtTest {
 
 using ProgramForms =
     testing::Types<frmBigFolder, frmHardware, frmRead, frmWrite, frmSerial, frmWarning, frmCommModeWarning,
-                   frmPreferences, frmTimedMessage, frmWizard, frmRunDetails, frmCompare>;
+                   frmPreferences, frmTimedMessage, frmWizard, frmRunDetails, frmCompare, frmRecord>;
 TYPED_TEST_SUITE(LongTexts, ProgramForms);
 
 // One after the other, so that each is the only one that could widen the window, and all together.

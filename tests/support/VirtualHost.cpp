@@ -141,6 +141,14 @@ std::unique_ptr<Printer> VirtualHost::choosePrinter(const std::string& document)
   return std::make_unique<VirtualPrinter>(paper);
 }
 
+// What was printed into it is on the paper, and that it was made stands among the files.
+std::unique_ptr<Printer> VirtualHost::makePdf(const std::string& path) {
+  if (!diskFault.empty()) throw RuntimeError(Fault::printerFault, diskFault);
+  files[path] = "PDF";
+  paper = std::make_shared<Paper>();
+  return std::make_unique<VirtualPrinter>(paper);
+}
+
 std::string VirtualHost::chooseFileToOpen(const std::string& filter) {
   filters.push_back(filter);
   if (chosenFiles.empty()) return "";

@@ -104,6 +104,7 @@ class VirtualHost : public Host {
   std::string dataFolder() override { return "/data"; }
   std::string programFolder() override { return "/program"; }
   std::unique_ptr<Printer> choosePrinter(const std::string& document) override;
+  std::unique_ptr<Printer> makePdf(const std::string& path) override;
   std::string today() override { return "2026-03-01"; }
   std::string utcNow() override { return "2026-03-01T09:30:00Z"; }
   void showHelp(const std::string& path) override { events.push_back("help " + path); }

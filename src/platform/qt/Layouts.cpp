@@ -8,6 +8,7 @@
 #include "ui_frmHardware.h"
 #include "ui_frmPreferences.h"
 #include "ui_frmRead.h"
+#include "ui_frmRecord.h"
 #include "ui_frmRunDetails.h"
 #include "ui_frmSerial.h"
 #include "ui_frmSplash.h"
@@ -33,6 +34,7 @@ std::vector<Layout>& layouts() {
       {"frmHardware", build<Ui::frmHardware>},
       {"frmPreferences", build<Ui::frmPreferences>},
       {"frmRead", build<Ui::frmRead>},
+      {"frmRecord", build<Ui::frmRecord>},
       {"frmRunDetails", build<Ui::frmRunDetails>},
       {"frmSerial", build<Ui::frmSerial>},
       {"frmSplash", build<Ui::frmSplash>},

@@ -134,6 +134,8 @@ std::unique_ptr<Printer> QtHost::choosePrinter(const std::string& document) {
   return ::choosePrinter(files_, document);
 }
 
+std::unique_ptr<Printer> QtHost::makePdf(const std::string& path) { return pdfPrinter(shown(path)); }
+
 // None of the program's windows is active while the user is at another program.
 QWidget* QtHost::front() const {
   QWidget* const active = QApplication::activeWindow();

@@ -53,6 +53,7 @@ class QtHost : public Host {
   std::string programFolder() override;
 
   std::unique_ptr<Printer> choosePrinter(const std::string& document) override;
+  std::unique_ptr<Printer> makePdf(const std::string& path) override;
   std::string today() override;
   std::string utcNow() override;
   void showHelp(const std::string& path) override;

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+// Copies of units as files.
+#include "dialogs/KeptCopies.h"
+
+#include "core/NumberText.h"
+#include "core/Program.h"
+#include "dialogs/TextOutput.h"
+#include "knowledge/UnitFile.h"
+#include "platform/Host.h"
+
+namespace {
+
+const std::string& preference() {
+  static const std::string path = std::string(program::title) + "/Persist/KeepCopies";
+  return path;
+}
+
+std::string gapsOf(const UnitImage& unit) {
+  const std::size_t count = countUnread(unit);
+  if (count == 0) return "";
+  return std::to_string(count) + (count == 1 ? " register" : " registers") +
+         " could not be read and can't be put back from this copy.";
+}
+
+// The first name that is free.
+std::string freeName(const UnitImage& unit) {
+  std::string stem = host().dataFolder() + "/" + proposedFileName(unit);
+  stem.resize(stem.size() - std::string_view(".unit").size());
+  for (std::int32_t number = 1;; ++number) {
+    std::string path = stem + "_" + numberText(number) + ".unit";
+    if (!host().fileExists(path)) return path;
+  }
+}
+
+bool writesAllTheSame(const std::string& why) {
+  return messageBox(why + "\r\rWrite to the unit all the same?", "", Icon::question, Buttons::noYes) ==
+         Answer::yes;
+}
+
+}  // namespace
+
+bool keepsCopies() { return host().setting(preference()) == "True"; }
+
+void setKeepsCopies(bool on) { host().saveSetting(preference(), on ? "True" : "False"); }
+
+void saveCopy(const UnitImage& unit) {
+  const std::string path = host().proposeFileToSave(unitFilter, proposedFileName(unit));
+  if (saveOrSay(path, unitFileText(unit)) && countUnread(unit) > 0) {
+    messageBox("The copy is kept in\r" + path + "\r\r" + gapsOf(unit), "", Icon::information);
+  }
+}
+
+bool keepBeforeWrite(const UnitImage& unit, std::string& path) {
+  try {
+    const std::string name = freeName(unit);
+    host().replaceFile(name, unitFileText(unit));
+    path = name;
+  } catch (const RuntimeError& error) {
+    return writesAllTheSame("No copy of the unit could be kept in\r" + host().dataFolder() + "\r" +
+                            error.what());
+  }
+  const std::string gaps = gapsOf(unit);
+  return gaps.empty() || writesAllTheSame("The copy of the unit is in\r" + path + "\r\r" + gaps);
+}

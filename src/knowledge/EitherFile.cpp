@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+// A file that is a setup or a copy of a unit.
+#include "knowledge/EitherFile.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/ConfigCheck.h"
+#include "core/ConfigFile.h"
+#include "core/Memo.h"
+#include "core/Model.h"
+#include "knowledge/UnitFile.h"
+#include "platform/Host.h"
+
+namespace {
+
+// All that the reader of a setup writes into.
+class RecordsPutBack {
+ public:
+  RecordsPutBack() = default;
+  RecordsPutBack(const RecordsPutBack&) = delete;
+  RecordsPutBack& operator=(const RecordsPutBack&) = delete;
+  ~RecordsPutBack() {
+    Memo = std::move(records_.memo);
+    Hardware = std::move(records_.hardware);
+    DeviceState = records_.deviceState;
+    BaseModel = std::move(baseModel_);
+  }
+
+ private:
+  SetupRecords records_ = presentRecords();
+  std::string baseModel_ = BaseModel;
+};
+
+// Records and model tell the same in two places; the records count, as on the window.
+void takeModelCopies() {
+  DeviceState.DeviceClass = Memo[rec::deviceClass].extra;
+  DeviceState.IdFlagC = Memo[rec::idFlagC].extra;
+  DeviceState.MenuKind = Memo[rec::menuKind].extra;
+}
+
+EitherFile readSetup(std::string_view bytes) {
+  const ConfigCheck check = examineConfiguration(bytes);
+  if (!check.fault.empty()) {
+    return {.setup = {},
+            .copy = {},
+            .fault = "It is neither a whole setup nor a copy of a unit. The file " + check.fault};
+  }
+  const RecordsPutBack former;
+  Memo.reset();
+  storeDefaults();
+  resetDeviceState();
+  // The reader takes as many bytes as this has characters.
+  if (!check.older) BaseModel = host().fromCodePage(check.baseModel);
+  readConfiguration(bytes);
+  takeModelCopies();
+  return {.setup = encodeSetup(), .copy = {}, .fault = {}};
+}
+
+}  // namespace
+
+EitherFile readEither(std::string_view bytes) {
+  if (!isUnitFile(bytes)) return readSetup(bytes);
+  UnitFileContent content = readUnitFile(bytes);
+  return {.setup = {}, .copy = std::move(content.image), .fault = std::move(content.fault)};
+}
+
+std::size_t longestEither() { return std::max(longestConfiguration(), longestUnitFile + 1); }
+
+UnitImage asUnit(const EitherFile& file) { return file.copy ? *file.copy : imageOf(file.setup.value()); }
+
+EncodedSetup asSetup(const EitherFile& file) {
+  return file.copy ? setupOf(*file.copy, true) : file.setup.value();
+}
