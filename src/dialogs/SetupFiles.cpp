@@ -11,11 +11,14 @@
 #include "core/NumberText.h"
 #include "editor/Replacement.h"
 #include "editor/frmBigFolder.h"
+#include "knowledge/UnitFile.h"
 #include "platform/Host.h"
 
 namespace {
 
 constexpr double secondsOfDay = 86400;
+constexpr const char* copyHint =
+    "\"Write to...\" puts a copy back into a unit, \"Read from...\" compares it with another file.";
 
 void refuse(const std::string& what, const std::string& path, const std::string& reason) {
   messageBox(what + "\r" + path + "\r\r" + reason, "", Icon::critical);
@@ -57,7 +60,12 @@ std::string presentConfiguration() {
 bool openConfiguration(const std::string& path) {
   ConfigCheck check;
   try {
-    check = examineConfiguration(host().readFile(path, longestConfiguration()));
+    const std::string bytes = host().readFile(path, longestConfiguration());
+    if (isUnitFile(bytes)) {
+      refuse("This is a copy of a unit, not a setup:", path, copyHint);
+      return false;
+    }
+    check = examineConfiguration(bytes);
   } catch (const RuntimeError& error) {
     refuse("The file can't be opened:", path, error.what());
     return false;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/NumberText.h"
+#include "dialogs/SetupFiles.h"
 #include "dialogs/frmPreferences.h"
 #include "knowledge/UnitFile.h"
 #include "tests/dialogs/CompareBench.h"
@@ -84,6 +85,14 @@ TEST_F(KeepAndPutBack, RefusesACopyThatIsCutOrForeign) {
     press(&frmWrite::cmdPutBack);
     EXPECT_TRUE(unit.log().empty());
   }
+}
+
+TEST_F(KeepAndPutBack, ACopyIsNoSetupToBeOpened) {
+  keepCopy();
+  const std::string before = form<frmBigFolder>().txtSp1.text();
+  host.expectBox("This is a copy of a unit, not a setup:\r/kept.unit");
+  EXPECT_FALSE(openConfiguration("/kept.unit"));
+  EXPECT_EQ(form<frmBigFolder>().txtSp1.text(), before);
 }
 
 TEST_F(KeepAndPutBack, NeverPutsBackACopyOfTheOtherLine) {

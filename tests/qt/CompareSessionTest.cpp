@@ -13,6 +13,7 @@
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QWheelEvent>
 
 #include "core/Global.h"
 #include "dialogs/frmCompare.h"
@@ -264,6 +265,11 @@ TEST_F(ManyRows, AreOnShowAndScrollWithoutAStall) {
   }
   EXPECT_LT(longest, 200) << "milliseconds, on whatever machine";
   EXPECT_GT(table.verticalScrollBar()->value(), 100);
+  const int before = table.verticalScrollBar()->value();
+  QWheelEvent turn(QPointF(5, 5), table.viewport()->mapToGlobal(QPointF(5, 5)), {}, {0, 120}, Qt::NoButton,
+                   Qt::NoModifier, Qt::NoScrollPhase, false);
+  QCoreApplication::sendEvent(table.viewport(), &turn);
+  EXPECT_LT(table.verticalScrollBar()->value(), before) << "the wheel scrolls, whoever has the keyboard";
   host_.release(*window);
 }
 

@@ -5,14 +5,17 @@
 // them who have set their desktop so, QT_SCALE_FACTOR=2 twice as large.
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <cstdio>
 
 #include "core/Program.h"
 #include "dialogs/frmCommModeWarning.h"
+#include "dialogs/frmCompare.h"
 #include "dialogs/frmHardware.h"
 #include "dialogs/frmPreferences.h"
 #include "dialogs/frmRead.h"
+#include "dialogs/frmRecord.h"
 #include "dialogs/frmSplash.h"
 #include "dialogs/frmTimedMessage.h"
 #include "dialogs/frmWarning.h"
@@ -202,6 +205,70 @@ void planWizard(ScriptedHost& user) {
   user.then(searching, [] { picture(form<frmWizard>(), "wizard-search"); });
 }
 
+// A record never replaces one of an earlier walk.
+void chooseNew(ScriptedHost& user, const char* name) {
+  const QString path = folder.filePath(name);
+  QFile::remove(path);
+  user.chosenFiles = {path.toStdString()};
+}
+
+void saveRecord(ScriptedHost& user) {
+  auto& record = form<frmRecord>();
+  type(user, record, "txtWho", "R. Tester");
+  picture(record, "record");
+  for (const auto& [button, name] :
+       {std::pair{"cmdJson", "record.json"}, std::pair{"cmdPdf", "record.pdf"}}) {
+    chooseNew(user, name);
+    click(user, record, button);
+    tell(QFileInfo::exists(folder.filePath(name)), folder.filePath(name));
+  }
+  click(user, record, "cmdClose");
+}
+
+// Keeps a copy, sees what a write would change, writes, records, and looks at what a put-back would do.
+void compareAndRecord(ScriptedHost& user) {
+  user.whenShown("frmBigFolder", [&user] { click(user, editor(), "cmdOpen"); });
+  user.whenShown("frmRead", [&user] {
+    chooseNew(user, "unit.unit");
+    click(user, form<frmRead>(), "cmdKeep");
+  });
+  user.whenShown("frmRead", [&user] { click(user, form<frmRead>(), "OKButton"); });
+  user.whenShown("frmBigFolder", [&user] {
+    type(user, editor(), "txtSp1", "100.0");
+    type(user, editor(), "txtSp2", "75.0");
+    choose(user, editor(), "cboNormalColor", 0);
+    click(user, editor(), "cmdWrite");
+  });
+  user.whenShown("frmWrite", [&user] { click(user, form<frmWrite>(), "cmdCompare"); });
+  user.whenShown("frmCompare", [&user] {
+    picture(form<frmCompare>(), "compare");
+    click(user, form<frmCompare>(), "cmdWrite");
+  });
+  user.whenShown("frmWrite", [&user] { click(user, form<frmWrite>(), "cmdRecord"); });
+  user.whenShown("frmRecord", [&user] { saveRecord(user); });
+  user.whenShown("frmWrite", [&user] {
+    picture(form<frmWrite>(), "write-to-after");
+    user.chosenFiles = {folder.filePath("unit.unit").toStdString()};
+    click(user, form<frmWrite>(), "cmdPutBack");
+  });
+  user.whenShown("frmCompare", [&user] {
+    picture(form<frmCompare>(), "put-back");
+    click(user, form<frmCompare>(), "cmdClose");
+  });
+  user.whenShown("frmWrite", [&user] { click(user, form<frmWrite>(), "cmdCancel"); });
+  user.whenShown("frmBigFolder", [&user] { click(user, editor(), "cmdOpen"); });
+  user.whenShown("frmRead", [&user] { click(user, form<frmRead>(), "cmdFiles"); });
+  user.whenShown("frmCompare", [&user] {
+    for (const char* button : {"cmdFirst", "cmdSecond"}) {
+      user.chosenFiles = {folder.filePath("unit.unit").toStdString()};
+      click(user, form<frmCompare>(), button);
+    }
+    picture(form<frmCompare>(), "compare-files");
+    click(user, form<frmCompare>(), "cmdClose");
+  });
+  user.whenShown("frmRead", [&user] { click(user, form<frmRead>(), "OKButton"); });
+}
+
 void planSession(ScriptedHost& user) {
   user.whenShown("frmSplash", [] { picture(form<frmSplash>(), "splash"); });
   user.whenShown("frmBigFolder", [] { pictureEveryTab(); });
@@ -220,6 +287,7 @@ void planSession(ScriptedHost& user) {
   user.then(halfWay, [] { picture(form<frmSerial>(), "status-write"); });
   user.then(atTheEnd, [] { picture(form<frmSerial>(), "status-write-end"); });
   user.whenShown("frmWrite", [&user] { click(user, form<frmWrite>(), "cmdCancel"); });
+  compareAndRecord(user);
   user.whenShown("frmBigFolder", [&user] { click(user, editor(), "cmdOpen"); });
   user.whenShown("frmRead", [&user] {
     picture(form<frmRead>(), "read-from");

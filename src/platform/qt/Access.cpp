@@ -19,9 +19,10 @@
 
 namespace {
 
-// An open list in which the user is: the wheel moves what is shown of it, not what is chosen.
+// A table, or an open list in which the user is: the wheel moves what is shown of it, not what is chosen.
 bool scrollsOnly(const QWidget& widget) {
-  return qobject_cast<const QListWidget*>(&widget) != nullptr && widget.hasFocus();
+  const bool isList = qobject_cast<const QListWidget*>(&widget) != nullptr && widget.hasFocus();
+  return isList || qobject_cast<const RowTable*>(&widget) != nullptr;
 }
 
 class WheelGuard : public QObject {

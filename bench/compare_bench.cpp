@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: MIT
+// A unit read at 9600 baud to be compared, beside the time that its bytes need on the line; the window that
+// shows what differs, and many rows in it.
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "Figures.h"
+#include "TimedHost.h"
+#include "core/Global.h"
+#include "core/Model.h"
+#include "core/Program.h"
+#include "dialogs/frmCompare.h"
+#include "dialogs/frmWrite.h"
+#include "editor/frmBigFolder.h"
+#include "platform/qt/RowTable.h"
+#include "sim/PseudoTerminal.h"
+
+namespace {
+
+constexpr int compares = 5;
+constexpr int openings = 30;
+constexpr int manyRows = 5000;
+constexpr double baud = 9600;
+constexpr double milliseconds = 1000;
+
+struct Times {
+  std::vector<double> line, between, opening, scrolling;
+  double filling = 0;
+};
+
+sim::UnitSetup setup() {
+  sim::UnitSetup unit;
+  unit.turnaround = 0;
+  unit.lineRate = baud;
+  return unit;
+}
+
+// COM 1 at 9600 baud.
+void choosePort() {
+  const QString folder = qEnvironmentVariable("XDG_CONFIG_HOME") + "/" + program::company;
+  QDir().mkpath(folder);
+  QFile file(folder + "/" + program::title + ".ini");
+  if (file.open(QFile::WriteOnly)) file.write("[Persist]\nCommPort=0\nBaud=5\n");
+}
+
+double timeOnLine(const std::vector<sim::LogEntry>& log) {
+  std::size_t bytes = 0;
+  for (const sim::LogEntry& entry : log) bytes += entry.text.size();
+  return static_cast<double>(bytes) * sim::bitsPerCharacter(setup().line) / baud;
+}
+
+// Every bit differs from what the boxes say, so that the window is as full as it gets.
+void spoilRegisters(sim::Unit& unit) {
+  constexpr std::string_view digits = "0123456789ABCDEF";
+  for (const std::string& index : unit.registerNames()) {
+    if (index == "1F" || index == "21") continue;
+    std::string hex = unit.registerHex(index);
+    for (char& digit : hex) digit = digits[15 - digits.find(digit)];
+    unit.setRegister(index, hex);
+  }
+  unit.takeLog();
+}
+
+// Stops the clocks as soon as the window comes, so that the user can act again.
+class Onlooker : public TimedHost {
+ public:
+  using TimedHost::TimedHost;
+  void show(Form& form, bool modal) override {
+    if (form.containerName() == "frmCompare" && !taken) {
+      cost = endRun();
+      taken = true;
+    }
+    TimedHost::show(form, modal);
+  }
+  bool taken = true;
+  RunCost cost;
+};
+
+void measureCompare(Onlooker& user, sim::Server& server, Times& times) {
+  server.with([](sim::Unit& unit) { spoilRegisters(unit); });
+  user.taken = false;
+  user.startRun();
+  click(user, form<frmWrite>(), "cmdCompare");
+  const double line = timeOnLine(server.with([](sim::Unit& unit) { return unit.takeLog(); }));
+  times.line.push_back(user.cost.lessPauses() / line);
+  times.between.push_back(100 * user.cost.between().processor / line);
+}
+
+// The same window once more, as it is filled and comes.
+void openAgain(ScriptedHost& user, const UnitImage& unit, Times& times) {
+  const EncodedSetup boxes = encodeSetup();
+  for (int round = 0; round < openings; ++round) {
+    const double start = wallClock();
+    auto& window = form<frmCompare>();
+    window.compareSetup(unit, boxes, false);
+    window.show();
+    user.yield();
+    times.opening.push_back((wallClock() - start) * milliseconds);
+    unload<frmCompare>();
+    user.yield();
+  }
+}
+
+UnitImage spoiledImage() {
+  sim::Unit unit{setup()};
+  spoilRegisters(unit);
+  UnitImage image;
+  for (const RegisterRow& row : registerRows()) contentOf(image, row.reg).payload = unit.registerHex(row.reg);
+  return image;
+}
+
+void scroll(ScriptedHost& user, Times& times) {
+  auto& window = form<frmCompare>();
+  window.show();
+  std::vector<std::string> rows;
+  for (int row = 0; row < manyRows; ++row)
+    rows.push_back("Setting\t" + std::to_string(row) + "\tother\twritten");
+  const double start = wallClock();
+  window.lstDifferences.setItems(std::move(rows));
+  user.yield();
+  times.filling = (wallClock() - start) * milliseconds;
+  auto& table = widget<RowTable>(user, window, "lstDifferences");
+  table.setFocus();
+  for (int page = 0; page < 200; ++page) {
+    const double before = wallClock();
+    QTest::keyClick(&table, Qt::Key_PageDown);
+    user.yield();
+    times.scrolling.push_back((wallClock() - before) * milliseconds);
+  }
+  unload<frmCompare>();
+}
+
+void plan(Onlooker& user, sim::Server& server, Times& times) {
+  user.whenShown("frmBigFolder", [&] {
+    Global.DeviceSpecified = True;  // no dialog comes between
+    click(user, form<frmBigFolder>(), "cmdWrite");
+  });
+  for (int run = 0; run < compares; ++run) {
+    user.whenShown("frmWrite", [&] { measureCompare(user, server, times); });
+    user.whenShown("frmCompare", [&] { click(user, form<frmCompare>(), "cmdClose"); });
+  }
+  user.whenShown("frmWrite", [&] { click(user, form<frmWrite>(), "cmdCancel"); });
+  user.whenShown("frmBigFolder", [&] {
+    openAgain(user, spoiledImage(), times);
+    scroll(user, times);
+    click(user, form<frmBigFolder>(), "cmdQuit");
+  });
+}
+
+void print(const Times& times) {
+  printFigure("a unit read to be compared beside its bytes on the line", median(times.line), "times", 1.1);
+  printFigure("... processor time between the exchanges", median(times.between), "%");
+  printFigure("the window of a compare with every register, median", median(times.opening), "ms", 30);
+  printFigure("... the longest", largest(times.opening), "ms", 30);
+  printFigure("5,000 rows on show", times.filling, "ms", 100);
+  printFigure("... a page further, median", median(times.scrolling), "ms", 16);
+  printFigure("... the longest", largest(times.scrolling), "ms", 50);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const QTemporaryDir preferences;
+  qputenv("XDG_CONFIG_HOME", preferences.path().toUtf8());
+  choosePort();
+  QApplication application(argc, argv);
+  sim::Unit unit(setup());
+  sim::Server server(unit);
+  server.start();
+  Onlooker user(server.path());
+  setHost(&user);
+  Times times;
+  plan(user, server, times);
+  form<frmBigFolder>();
+  while (isLoaded<frmBigFolder>()) user.idle(1.0);
+  unloadAllForms();
+  if (!user.done() || !user.boxes.empty()) {
+    std::fputs("the runs did not go as planned\n", stderr);
+    return 1;
+  }
+  print(times);
+  return 0;
+}
