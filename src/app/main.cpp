@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The program: picks the host and shows the main window, whose life is the program's.
 #include <QApplication>
+#include <QFileInfo>
 #include <QIcon>
 #include <exception>
 
@@ -22,6 +23,8 @@ int main(int argc, char** argv) {
     form<frmBigFolder>();
     machine.beforeTheEnd = keepForRescue;
     offerRescue();
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() > 1) openNamed(QFileInfo(arguments[1]).absoluteFilePath().toStdString());
   } catch (const std::exception& error) {
     machine.fail(error.what());
   }

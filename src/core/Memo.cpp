@@ -2,14 +2,18 @@
 // The working image and its factory setup.
 #include "core/Memo.h"
 
+#include <utility>
+
 #include "platform/RuntimeError.h"
 
 MemoArray Memo;
 
-MemoField& MemoArray::operator[](int index) {
+const MemoField& MemoArray::operator[](int index) const {
   if (index < 0 || index >= count) throw RuntimeError(Fault::subscriptOutOfRange, "Subscript out of range");
   return records_[static_cast<std::size_t>(index)];
 }
+
+MemoField& MemoArray::operator[](int index) { return const_cast<MemoField&>(std::as_const(*this)[index]); }
 
 void MemoArray::reset() { records_.fill({}); }
 

@@ -22,6 +22,7 @@ class MemoArray {
 
   // An index outside 0 to 110 is an error.
   MemoField& operator[](int index);
+  const MemoField& operator[](int index) const;
   void reset();  // every record empty
   bool operator==(const MemoArray&) const = default;
 

@@ -2,6 +2,7 @@
 // The setup of the main window as a file.
 #include "dialogs/SetupFiles.h"
 
+#include <cctype>
 #include <cmath>
 
 #include "core/ConfigCheck.h"
@@ -9,6 +10,8 @@
 #include "core/Global.h"
 #include "core/Model.h"
 #include "core/NumberText.h"
+#include "core/Program.h"
+#include "core/Registry.h"
 #include "editor/Replacement.h"
 #include "editor/frmBigFolder.h"
 #include "knowledge/UnitFile.h"
@@ -28,6 +31,46 @@ bool isWanted(const std::string& path, const std::string& fault) {
   return messageBox("This is no whole setup:\r" + path + "\r\rThe file " + fault +
                         "\rThe tabs may show strange values behind it.\r\rOpen it all the same?",
                     "", Icon::question, Buttons::noYes) == Answer::yes;
+}
+
+constexpr std::size_t mostRecent = 8;
+
+Registry placeOfRecent(std::size_t number) {
+  return {program::title, "Files", numberText(static_cast<std::int32_t>(number)), ""};
+}
+
+std::vector<std::string> storedFiles() {
+  std::vector<std::string> files;
+  for (std::size_t number = 1; number <= mostRecent; ++number) {
+    Registry place = placeOfRecent(number);
+    place.RegGet();
+    if (!place.Setting.empty()) files.push_back(place.Setting);
+  }
+  return files;
+}
+
+void remember(const std::string& path) {
+  std::vector<std::string> files = storedFiles();
+  std::erase(files, path);
+  files.insert(files.begin(), path);
+  if (files.size() > mostRecent) files.resize(mostRecent);
+  for (std::size_t at = 0; at < files.size(); ++at) {
+    Registry place = placeOfRecent(at + 1);
+    place.Setting = files[at];
+    place.RegSave();
+  }
+}
+
+// A model's name holds signs that not every disk takes.
+std::string proposedName() {
+  const std::string& path = Global.FileName;
+  const std::string name = path.substr(path.find_last_of('/') + 1);
+  if (name.ends_with(".cfg")) return name;
+  std::string model;
+  for (const char sign : Hardware.ModelNumber) {
+    if (std::isalnum(static_cast<unsigned char>(sign)) != 0 || sign == '-') model += sign;
+  }
+  return model + "-" + host().utcNow().substr(0, std::string_view("2026-03-01").size()) + ".cfg";
 }
 
 std::string rescueFile() { return host().dataFolder() + "/rescue.cfg"; }
@@ -75,7 +118,23 @@ bool openConfiguration(const std::string& path) {
   // The reader takes as many bytes as this has characters.
   if (check.fault.empty() && !check.older) BaseModel = host().fromCodePage(check.baseModel);
   form<frmBigFolder>().FileOpen(path);
+  remember(path);
   return true;
+}
+
+void openNamed(const std::string& path) {
+  auto& editor = form<frmBigFolder>();
+  const std::int16_t warningsOff = Global.WarningsOff;
+  Global.WarningsOff = True;  // the file's entries are not the user's
+  editor.writeMemo(editor.tabBig.tab());
+  openConfiguration(path);
+  Global.WarningsOff = warningsOff;
+}
+
+std::vector<std::string> recentFiles() {
+  std::vector<std::string> files = storedFiles();
+  std::erase_if(files, [](const std::string& path) { return !host().fileExists(path); });
+  return files;
 }
 
 bool saveConfiguration(const std::string& path) {
@@ -83,6 +142,8 @@ bool saveConfiguration(const std::string& path) {
   Global.FileName = path;
   try {
     host().exchangeFile(path, presentConfiguration());
+    form<frmBigFolder>().takeAsInFile();
+    remember(path);
     return true;
   } catch (const RuntimeError& error) {
     Global.FileName = before;
@@ -92,7 +153,7 @@ bool saveConfiguration(const std::string& path) {
 }
 
 void saveConfigurationAs() {
-  const std::string path = host().chooseFileToSave(configFilter);
+  const std::string path = host().proposeFileToSave(configFilter, proposedName());
   if (!path.empty()) saveConfiguration(path);
 }
 
@@ -115,9 +176,5 @@ void offerRescue() {
   const Answer answer = messageBox(
       "The program ended with an error. The setup of that moment was kept:\r" + path + "\r\rOpen it now?", "",
       Icon::question, Buttons::yesNo);
-  if (answer != Answer::yes) return;
-  const std::int16_t warningsOff = Global.WarningsOff;
-  Global.WarningsOff = True;  // as for every opening: the file's entries are not the user's
-  openConfiguration(path);
-  Global.WarningsOff = warningsOff;
+  if (answer == Answer::yes) openNamed(path);
 }

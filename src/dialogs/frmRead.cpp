@@ -14,8 +14,19 @@
 #include "platform/Host.h"
 #include "protocol/frmSerial.h"
 
+namespace {
+
+// "oven.cfg in /home/me": the name is what people look for.
+std::string withNameFirst(const std::string& path) {
+  const std::size_t slash = path.find_last_of('/');
+  return slash == path.npos ? path : path.substr(slash + 1) + " in " + path.substr(0, slash);
+}
+
+}  // namespace
+
 frmRead::frmRead() : Form("frmRead", "Read from...") {
   cmdFile.onClick = [this] { cmdFile_Click(); };
+  cmdRecent.onClick = [this] { cmdRecent_Click(); };
   cmdSerial.onClick = [this] { cmdSerial_Click(); };
   cmdNetwork.onClick = cmdSerial.onClick;  // the way is chosen on the communication tab
   cmdCompare.onClick = [this] { cmdCompare_Click(); };
@@ -24,10 +35,21 @@ frmRead::frmRead() : Form("frmRead", "Read from...") {
   OKButton.onClick = [this] { unload(); };
 }
 
-void frmRead::Form_Load() { centre(); }
+void frmRead::Form_Load() {
+  centre();
+  recent_ = recentFiles();
+  for (const std::string& path : recent_) cboRecent.addItem(withNameFirst(path));
+  fraRecent.setVisible(!recent_.empty());
+  if (!recent_.empty()) cboRecent.setListIndex(0);
+}
 
-void frmRead::cmdFile_Click() {
-  const std::string path = host().chooseFileToOpen(configFilter);
+void frmRead::cmdFile_Click() { open(host().chooseFileToOpen(configFilter)); }
+
+void frmRead::cmdRecent_Click() {
+  if (cboRecent.listIndex() >= 0) open(recent_[static_cast<std::size_t>(cboRecent.listIndex())]);
+}
+
+void frmRead::open(const std::string& path) {
   if (!path.empty() && openConfiguration(path)) unload();
 }
 

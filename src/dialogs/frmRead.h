@@ -19,6 +19,9 @@ class frmRead : public Form {
                            "Writes the present configuration to device using network communication",
                            "network"};
   Label Label4{fraWriteTo, "Label4", "Read configuration from device connected over the TCPIP Network."};
+  Frame fraRecent{*this, "fraRecent", "Recent files"};
+  ComboBox cboRecent{fraRecent, "cboRecent", {}, "The files opened or saved last"};
+  CommandButton cmdRecent{fraRecent, "cmdRecent", "Open &recent", "Opens the file that is chosen beside"};
   CommandButton cmdCompare{*this, "cmdCompare", "Co&mpare",
                            "Reads the unit and shows how it differs from this setup, which stays as it is"};
   CommandButton cmdKeep{*this, "cmdKeep", "&Keep a copy...",
@@ -30,7 +33,10 @@ class frmRead : public Form {
   void Form_Load() override;
 
  private:
+  std::vector<std::string> recent_;
   void cmdFile_Click();
+  void cmdRecent_Click();
+  void open(const std::string& path);
   void cmdSerial_Click();
   void cmdCompare_Click();
   static void cmdKeep_Click();

@@ -38,6 +38,7 @@ bool frmBigFolder::readConfigurationFile(const std::string& path, std::int16_t& 
       throw RuntimeError(Fault::configurationCorrupted, "Configuration file corrupted");
     }
   });
+  takeAsInFile();
   tab = frame.tab;
   return true;
 }

@@ -38,6 +38,7 @@ std::int16_t storedNumber(const std::string& text, std::int16_t ifMissing) {
 }  // namespace
 
 frmBigFolder::frmBigFolder() : MSComm1(host().makeSerialPort()), fields_(fieldTable()) {
+  takesFiles = true;
   wireTabs();
   wireKeys();
   wireVerdict();

@@ -209,8 +209,7 @@ void frmBigFolder::load(const Field& field) {
   bar->setValue(field.copy == Copy::positionText ? toInt16(Val(record.text)) : record.value);
 }
 
-void frmBigFolder::store(const Field& field) const {
-  MemoField& record = Memo[field.record];
+void frmBigFolder::store(const Field& field, MemoField& record) const {
   if (auto* const* box = std::get_if<TextBox*>(&field.control)) {
     record.text = (*box)->text();
   } else if (auto* const* check = std::get_if<CheckBox*>(&field.control)) {

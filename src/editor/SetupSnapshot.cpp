@@ -28,6 +28,8 @@ SetupSnapshot takeSnapshot(const frmBigFolder& editor) {
                          .deviceState = DeviceState,
                          .baseModel = BaseModel,
                          .fileName = Global.FileName,
+                         .inFile = editor.inFile_,
+                         .modelInFile = editor.modelInFile_,
                          .firmwareVersion = Global.FirmwareVersion,
                          .deviceSpecified = Global.DeviceSpecified,
                          .rdScale = Global.RdScale,
@@ -48,6 +50,8 @@ void putBack(frmBigFolder& editor, const SetupSnapshot& snapshot) {
   DeviceState = snapshot.deviceState;
   BaseModel = snapshot.baseModel;
   Global.FileName = snapshot.fileName;
+  editor.inFile_ = snapshot.inFile;
+  editor.modelInFile_ = snapshot.modelInFile;
   Global.FirmwareVersion = snapshot.firmwareVersion;
   Global.DeviceSpecified = snapshot.deviceSpecified;
   Global.RdScale = snapshot.rdScale;

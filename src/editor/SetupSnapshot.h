@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,8 @@ struct SetupSnapshot {
   DeviceStateRecord deviceState;
   std::string baseModel;
   std::string fileName;
+  std::optional<MemoArray> inFile;
+  std::string modelInFile;
   std::string firmwareVersion;
   std::int16_t deviceSpecified = 0;
   std::string rdScale;

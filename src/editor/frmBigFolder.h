@@ -72,6 +72,12 @@ class frmBigFolder : public BigFolderControls {
   // Asks for the file; keeps ModelIndex as the file has it.
   void OpenConfiguration();
 
+  // The title names the file, with a mark once the setup is no longer what the file holds:
+  // BigFolderTitle.cpp.
+  void takeAsInFile();  // what is committed now is what the file holds
+  void Form_Settled() override;
+  void Form_FileDropped(const std::string& path) override;
+
   // Tabs and buttons: BigFolderTabs.cpp; fitting to the model: BigFolderFit.cpp and BigFolderFamily.cpp.
   void tabBig_Click(std::int16_t previousTab);
   void SaveCurrentTab();
@@ -148,7 +154,10 @@ class frmBigFolder : public BigFolderControls {
   void alignDeadBands();
   static bool isInUse(const Field& field);
   void load(const Field& field);
-  void store(const Field& field) const;
+  void store(const Field& field) const { store(field, Memo[field.record]); }
+  void store(const Field& field, MemoField& record) const;
+  bool differsFromFile() const;
+  void showTitle();
   void settleReadingFormat();
   void showNearest(const Field& field);
   void showAlarmSetups();
@@ -204,8 +213,10 @@ class frmBigFolder : public BigFolderControls {
   void txtOut2CycleT_KeyPress();
 
   const std::vector<Field> fields_;
-  bool simpleMenuShown_ = false;  // the menu that the boxes of the dead bands were last shown for
-  bool formatChosen_ = false;     // a reading format was chosen since all records were shown or committed
+  bool simpleMenuShown_ = false;     // the menu that the boxes of the dead bands were last shown for
+  bool formatChosen_ = false;        // a reading format was chosen since all records were shown or committed
+  std::optional<MemoArray> inFile_;  // the setup as the file holds it
+  std::string modelInFile_;
   Registry settings_;
   std::optional<SetupSnapshot> undo_;
   std::string undoName_;

@@ -123,6 +123,16 @@ void Form::userTookShortcut(const std::string& keys) {
   }
 }
 
+void Form::userDropped(const std::string& path) {
+  if (!reachable()) return;
+  const HandlerScope scope(*this);
+  try {
+    Form_FileDropped(path);
+  } catch (const RuntimeError& error) {
+    host().fail(error.what());
+  }
+}
+
 void Form::unload() {
   if (handlersRunning_ > 0) {
     unloadAsked_ = true;
@@ -151,7 +161,11 @@ void Form::finishUnload() {
 HandlerScope::HandlerScope(Form& form) : form_(form.shared_from_this()) { ++form_->handlersRunning_; }
 
 HandlerScope::~HandlerScope() {
-  if (--form_->handlersRunning_ > 0 || !form_->unloadAsked_) return;
+  if (--form_->handlersRunning_ > 0) return;
+  if (!form_->unloadAsked_) {
+    attempt([this] { form_->Form_Settled(); });
+    return;
+  }
   try {
     form_->finishUnload();
   } catch (const RuntimeError& error) {

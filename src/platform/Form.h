@@ -48,6 +48,10 @@ class Form : public Container, public std::enable_shared_from_this<Form> {
   virtual void Form_Unload() {}
   // A key was pressed while the window had the keyboard.
   virtual void Form_KeyPress() {}
+  // Whatever the user did here has been done, with all that followed from it.
+  virtual void Form_Settled() {}
+  // A file was dropped onto the window; only where takesFiles.
+  virtual void Form_FileDropped(const std::string& /*path*/) {}
 
   void show();       // returns at once
   void showModal();  // returns when the form has been hidden or unloaded
@@ -61,12 +65,14 @@ class Form : public Container, public std::enable_shared_from_this<Form> {
   void userClosed();
   void userPressedKey();
   void userTookShortcut(const std::string& keys);
+  void userDropped(const std::string& path);
 
   // Ends the form. From inside one of its own handlers it takes effect when that handler has returned.
   void unload();
 
   std::vector<Control*> controls;   // in the order of their declaration
   std::vector<Shortcut> shortcuts;  // set before the form has a window
+  bool takesFiles = false;          // the same
   Handler onRedraw;                 // set by the view: the caption has changed
 
  private:

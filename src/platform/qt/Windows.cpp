@@ -5,10 +5,14 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLineEdit>
+#include <QMimeData>
 #include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
 #include <QStyle>
+#include <QTimer>
+#include <QUrl>
 #include <QWindow>
 #include <algorithm>
 #include <stdexcept>
@@ -38,6 +42,12 @@ QList<QRect> roomsForWindows() {
   return rooms;
 }
 
+// The one file of this computer that is offered; empty for anything else.
+QString fileIn(const QMimeData& data) {
+  const QList<QUrl> urls = data.urls();
+  return urls.size() == 1 ? urls.first().toLocalFile() : QString();
+}
+
 bool isRemembered(const QWidget& window) { return window.property("remembered").toBool(); }
 
 }  // namespace
@@ -48,6 +58,7 @@ FormWindow::FormWindow(Form& form, QtSettings& settings) : form_(&form), setting
   setWindowTitle(shortened(shown(form.caption())));
   if (property("splash").toBool()) setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
   for (const Shortcut& shortcut : form.shortcuts) listenTo(shortcut.keys);
+  if (form.takesFiles) takeFiles();
   form.onRedraw = [this] { setWindowTitle(shortened(shown(form_->caption()))); };
 }
 
@@ -57,6 +68,26 @@ void FormWindow::listenTo(const std::string& keys) {
   connect(shortcut, &QShortcut::activated, this, [this, keys] {
     leaveTextBox(*this);
     tell([&keys](Form& form) { form.userTookShortcut(keys); });
+  });
+}
+
+// A file that falls on a box is meant for the window, not as a text.
+void FormWindow::takeFiles() {
+  setAcceptDrops(true);
+  for (QLineEdit* box : findChildren<QLineEdit*>()) box->setAcceptDrops(false);
+}
+
+void FormWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (!fileIn(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+// Whoever dropped it waits until this has returned, and a box or a dialog may come up.
+void FormWindow::dropEvent(QDropEvent* event) {
+  const std::string path = fileIn(*event->mimeData()).toStdString();
+  event->acceptProposedAction();
+  QTimer::singleShot(0, this, [this, path] {
+    leaveTextBox(*this);
+    tell([&path](Form& form) { form.userDropped(path); });
   });
 }
 

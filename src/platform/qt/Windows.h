@@ -32,6 +32,8 @@ class FormWindow : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
   void changeEvent(QEvent* event) override;
   void hideEvent(QHideEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   void setFirstSize();
@@ -40,6 +42,7 @@ class FormWindow : public QWidget {
   void moveToCentre();
   void placeOver(QWidget* below);
   QPushButton* buttonForEnter() const;
+  void takeFiles();
   void listenTo(const std::string& keys);
   void tell(const std::function<void(Form&)>& what);
 
