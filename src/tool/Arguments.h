@@ -15,6 +15,7 @@ namespace tool {
 struct LineArguments {
   LineName name = {};
   std::optional<int> address = {};
+  bool notAddressed = false;  // whatever a setup says
   std::optional<int> baud = {};
   std::string parity = {};  // "none", "odd", "even"
   std::optional<int> data = {};

@@ -2,9 +2,13 @@
 // One unit on one line, and the runs with it.
 #include "tool/Connection.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "core/Global.h"
 #include "core/Memo.h"
 #include "core/Model.h"
+#include "core/NumberText.h"
 #include "network/NetworkAccess.h"
 #include "network/NetworkRuns.h"
 #include "platform/Host.h"
@@ -85,21 +89,60 @@ void Connection::begin(bool reading) {
                line_.name.overBridge() ? lineText(line_.name) : lineText(line_.name) + " " + port_->settings);
 }
 
+// A register is told when what the run says of it is shown.
+void Connection::onRegister(std::function<void(const RegisterOutcome&)> tell) {
+  view_.onStatus = [this, tell = std::move(tell), told = std::size_t{0}]() mutable {
+    const std::vector<RegisterOutcome>& registers = run_.outcome.registers;
+    for (told = std::min(told, registers.size()); told < registers.size(); ++told) tell(registers[told]);
+  };
+}
+
+std::string Connection::askVersionOnce() {
+  if (line_.name.overBridge()) {
+    connectToBridge();
+    return network_.command(framed("U03"));
+  }
+  serial_.openIfClosed();
+  const std::string reply = serial_.command(framed("U03"));
+  serial_.closeIfOpen();
+  return reply;
+}
+
 // What another address has to say late is no answer.
 bool Connection::answers(std::optional<int> address) {
   Hardware.BusMode = address ? onABus : pointToPoint;
   if (address) Hardware.BusAddress = static_cast<std::int16_t>(*address);
-  std::string reply;
-  if (line_.name.overBridge()) {
-    connectToBridge();
-    reply = network_.command(framed("U03"));
-  } else {
-    serial_.openIfClosed();
-    reply = serial_.command(framed("U03"));
-    serial_.closeIfOpen();
-  }
+  const std::string reply = askVersionOnce();
   return reply.size() >= shortestReply && !contains(reply, "Time") && !contains(reply, "*") &&
          reply.starts_with(addressPart());
+}
+
+// A reply carries the address of the unit that gives it. One without an address takes that of the command for
+// a part of it, and refuses what it does not know.
+void Connection::mustAnswerAtItsAddress() {
+  const std::string reply = askVersionOnce();
+  const std::string other = reply.substr(0, reply.find("U03"));
+  if (reply.starts_with(addressPart() + "U03")) return;
+  if (other.size() == 2 && other.find_first_not_of("0123456789ABCDEF") == std::string::npos)
+    throw WrongUnit("a unit at address " + std::to_string(hexValue(other)) + answersHere());
+  mustHaveAnAddress();
+}
+
+void Connection::mustHaveAnAddress() {
+  if (!isUnaddressed() && answersWithoutAddress())
+    throw WrongUnit("a unit without an address" + answersHere());
+}
+
+std::string Connection::answersHere() const {
+  const std::string place = " answers on " + lineText(line_.name);
+  return isUnaddressed() ? place : place + " in place of address " + std::to_string(Hardware.BusAddress);
+}
+
+bool Connection::answersWithoutAddress() {
+  const std::int16_t mode = std::exchange(Hardware.BusMode, std::int16_t{0});
+  const std::string reply = askVersionOnce();
+  Hardware.BusMode = mode;
+  return reply.starts_with("U03");
 }
 
 void Connection::meet() {
@@ -121,9 +164,8 @@ void Connection::meetForSetup() {
 }
 
 void Connection::otherLine() const {
-  throw Problem(ExitCode::noUnit,
-                "a unit of the other line than the setup's answers on " + lineText(line_.name),
-                otherLineHint);
+  throw WrongUnit("a unit of the other line than the setup's answers on " + lineText(line_.name),
+                  otherLineHint);
 }
 
 // A port that fails in the middle of the probe ends it as if a unit had been found; what it said tells.
@@ -171,7 +213,7 @@ void Connection::askVersion() {
 
 void Connection::mustFitModel() const {
   const std::string fault = modelFault(line_.model);
-  if (!fault.empty()) throw Problem(ExitCode::noUnit, fault + " on " + lineText(line_.name));
+  if (!fault.empty()) throw WrongUnit(fault + " on " + lineText(line_.name));
 }
 
 UnitImage Connection::readAll() {

@@ -35,6 +35,13 @@ class Connection {
   void meetForSetup();
   // Whether there is anything that talks, at this address or without one; quick. Runs go there from now on.
   bool answers(std::optional<int> address);
+  // Throws WrongUnit when the unit that was met gives another address than the one it was asked at, or none.
+  void mustAnswerAtItsAddress();
+  // Throws WrongUnit when nobody else but a unit without an address answers, for a run that has one.
+  void mustHaveAnAddress();
+
+  // Is called behind each register of a run from here on.
+  void onRegister(std::function<void(const RegisterOutcome&)> tell);
 
   // With a unit that was met.
   UnitImage readAll();
@@ -48,6 +55,9 @@ class Connection {
   void meetOnSerial();
   void meetOverBridge();
   void connectToBridge();
+  std::string askVersionOnce();
+  bool answersWithoutAddress();
+  std::string answersHere() const;
   void askVersion();
   void settleLine();
   void mustBeOpenable();

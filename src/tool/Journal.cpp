@@ -38,6 +38,11 @@ int numberIn(const Json& object, const char* key) {
   return found != object.end() && found->is_number_integer() ? found->get<int>() : 0;
 }
 
+bool flagIn(const Json& object, const char* key) {
+  const auto found = object.find(key);
+  return found != object.end() && found->is_boolean() && found->get<bool>();
+}
+
 std::optional<JournalEntry> parseEntry(std::string_view line) {
   Json object = Json::parse(line, nullptr, false);
   if (!object.is_object()) return std::nullopt;
@@ -51,28 +56,31 @@ std::optional<JournalEntry> parseEntry(std::string_view line) {
   return entry;
 }
 
-void take(RowProgress& row, const JournalEntry& entry) {
-  switch (entry.event) {
+Standing standingAfter(Event event, Standing before) {
+  switch (event) {
     case Event::begin:
-      return;
+      return before;
     case Event::kept:
-      // The copy of a unit that is half written already is not what it held.
-      if (row.kept.empty()) row.kept = textIn(entry.more, "file");
-      row.standing = Standing::half;
-      return;
     case Event::reg:
-      row.standing = Standing::half;
-      return;
+      return Standing::half;
     case Event::verified:
-      row = {Standing::verified, row.kept, {}};
-      return;
+      return Standing::verified;
     case Event::failed:
-      row = {Standing::failed, row.kept, textIn(entry.more, "reason")};
-      return;
+      return Standing::failed;
     case Event::refused:
-      row = {Standing::refused, row.kept, textIn(entry.more, "reason")};
-      return;
+      return Standing::refused;
   }
+  return before;
+}
+
+void begin(RowProgress& row) {
+  row.wasHalf = beginsHalf(row);
+  row.written = row.wasHalf;
+}
+
+void end(RowProgress& row, const JournalEntry& entry) {
+  row.reason = textIn(entry.more, "reason");
+  row.record = textIn(entry.more, "record");
 }
 
 }  // namespace
@@ -108,8 +116,18 @@ Journal parseJournal(std::string_view text) {
 
 std::map<int, RowProgress> progressOf(const std::vector<JournalEntry>& entries) {
   std::map<int, RowProgress> rows;
-  for (const JournalEntry& entry : entries) take(rows[entry.row], entry);
+  for (const JournalEntry& entry : entries) follow(rows, entry);
   return rows;
+}
+
+void follow(std::map<int, RowProgress>& rows, const JournalEntry& entry) {
+  RowProgress& row = rows[entry.row];
+  if (entry.event == Event::begin) begin(row);
+  // The copy of a unit that is half written already is not what it held.
+  if (entry.event == Event::kept && row.kept.empty()) row.kept = textIn(entry.more, "file");
+  if (entry.event == Event::reg || flagIn(entry.more, "half")) row.written = true;
+  if (isEnd(entry.event)) end(row, entry);
+  row.standing = standingAfter(entry.event, row.standing);
 }
 
 bool isLeftToDo(const RowProgress& progress) {
@@ -117,8 +135,7 @@ bool isLeftToDo(const RowProgress& progress) {
 }
 
 bool beginsHalf(const RowProgress& progress) {
-  return progress.standing == Standing::half ||
-         (progress.standing == Standing::failed && !progress.kept.empty());
+  return progress.standing == Standing::half || (progress.standing == Standing::failed && progress.written);
 }
 
 std::string planOf(const std::vector<JournalEntry>& entries) {

@@ -15,6 +15,9 @@ using Json = nlohmann::ordered_json;
 
 enum class Event { begin, kept, reg, verified, failed, refused };
 
+// What a row of the plan came to; nothing goes on behind it.
+constexpr bool isEnd(Event event) { return event >= Event::verified; }
+
 struct JournalEntry {
   std::string time;  // UTC, ISO 8601
   int row = 0;       // of the plan, from 1
@@ -47,12 +50,18 @@ struct RowProgress {
   Standing standing = Standing::untouched;
   std::string kept = {};    // the file with what the unit held before anything was written
   std::string reason = {};  // of a failure or refusal
+  std::string record = {};  // the file that tells the last write
+  bool written = false;     // something may have been written that was never verified
+  bool wasHalf = false;     // it was half written when it was begun last
 };
 
 // Where each row stands, by its number; a row that the journal does not name is untouched.
 std::map<int, RowProgress> progressOf(const std::vector<JournalEntry>& entries);
+// The same, one entry further.
+void follow(std::map<int, RowProgress>& rows, const JournalEntry& entry);
 
-// Whether this row is taken up when the batch goes on, and whether it begins as half written.
+// Whether this row is taken up when the batch goes on, and whether it begins as half written: a failure that
+// came before the first register leaves the unit as it was.
 bool isLeftToDo(const RowProgress& progress);
 bool beginsHalf(const RowProgress& progress);
 

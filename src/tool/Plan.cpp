@@ -68,6 +68,9 @@ class Reader {
       takeCell(row, headers_[column], cells.cells[column]);
     }
     for (const char* const needed : {"line", "setup"}) mustBeFilled(cells, needed);
+    if (checks_.values) {
+      for (std::string& what : checks_.values(row)) complain(row.line, std::move(what));
+    }
     mustBeTheOnly(serials_, row.serial, row.line, "serial " + row.serial);
     plan_.rows.push_back(std::move(row));
   }
@@ -86,12 +89,11 @@ class Reader {
       return complainOf(row.line, checks_.setup, cell);
     }
     row.settings.emplace_back(header, cell);
-    if (!checks_.value) return;
-    complainIf(row.line, checks_.value(header, cell));
   }
 
   void takeLine(PlanRow& row, const std::string& cell) {
-    const auto line = parseLineName(cell);
+    auto line = parseLineName(cell);
+    if (!line && checks_.device && checks_.device(cell)) line = LineName{.device = cell};
     if (line) row.on = *line;
     if (!line) complain(row.line, '"' + cell + "\" is no line: COM1, a device path, or host:port");
   }
@@ -117,9 +119,13 @@ class Reader {
   void checkLines() {
     std::map<std::string, std::vector<const PlanRow*>> lines;
     for (const PlanRow& row : plan_.rows) {
-      if (const std::string name = lineText(row.on); !name.empty()) lines[name].push_back(&row);
+      if (!lineText(row.on).empty()) lines[placeOf(row.on)].push_back(&row);
     }
-    for (const auto& [name, rows] : lines) checkLine(name, rows);
+    for (const auto& [place, rows] : lines) checkLine(lineText(rows.front()->on), rows);
+  }
+
+  std::string placeOf(const LineName& line) const {
+    return checks_.place ? checks_.place(line) : lineText(line);
   }
 
   void checkLine(const std::string& name, const std::vector<const PlanRow*>& rows) {

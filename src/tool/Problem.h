@@ -18,4 +18,10 @@ struct Problem : std::runtime_error {
   std::string hint;  // empty where there is nothing to add
 };
 
+// A unit answers, and it is not the one that was meant. Nothing has been written to it.
+struct WrongUnit : Problem {
+  explicit WrongUnit(const std::string& what, std::string whatToDo = {})
+      : Problem(ExitCode::noUnit, what, std::move(whatToDo)) {}
+};
+
 }  // namespace tool

@@ -82,6 +82,7 @@ void takeOptions(const LineArguments& line) {
   if (!line.parity.empty()) Memo[rec::cboParity].value = placeOf(parities, line.parity);
   if (line.data) Memo[rec::cboData].value = *line.data == 8 ? 1 : 0;
   if (line.stop) Memo[rec::cboStop].value = *line.stop == 2 ? 1 : 0;
+  if (line.notAddressed) Hardware.BusMode = 0;
   if (!line.address) return;
   Hardware.BusMode = onABus;
   Hardware.BusAddress = static_cast<std::int16_t>(*line.address);

@@ -2,6 +2,7 @@
 // A run as a shell shows it: a bar on a terminal, what a window would say in a box on the error output.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -18,8 +19,11 @@ class ShellView : public RunView {
 
   std::string said;    // the text of the last box
   bool quiet = false;  // boxes are kept and not shown: whoever runs it tells itself what it came to
+  std::function<void()> onStatus;  // called with each word of the narrative; may be empty
 
-  void upStat(bool, std::string_view) override {}
+  void upStat(bool, std::string_view) override {
+    if (onStatus) onStatus();
+  }
   void upProg(std::int16_t percent) override;
   Answer box(std::string_view text, std::string_view title, Icon icon, Buttons buttons) override;
   void notice(std::string_view text) override;
@@ -27,9 +31,9 @@ class ShellView : public RunView {
   void commitTabs() override { quiet = false; }
   void showTabs() override {}
 
- private:
   void clearBar();
 
+ private:
   bool onTerminal_;
   bool barIsShown_ = false;
 };

@@ -6,9 +6,9 @@
 #include "tool/CompareReport.h"
 #include "tool/Connection.h"
 #include "tool/Declare.h"
-#include "tool/Settings.h"
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
+#include "tool/WriteRecord.h"
 
 namespace tool {
 
@@ -44,42 +44,6 @@ ExitCode dryRun(const Arguments& arguments, const Output& output) {
   return comparison.unread == 0 ? ExitCode::done : ExitCode::differs;
 }
 
-Json foundAndLeft(const Comparison& before) {
-  Json settings = Json::array();
-  for (const DifferingSetting& each : before.settings) {
-    const std::string left = each.change == Change::kept ? each.inUnit : each.inSetup;
-    settings.push_back({{"section", each.section},
-                        {"name", settingName(*each.field)},
-                        {"found", each.inUnit},
-                        {"left", left}});
-  }
-  return settings;
-}
-
-// What the run itself saw of the unit before it wrote.
-UnitImage imageBefore(const RunOutcome& outcome, int kind) {
-  UnitImage image;
-  image.kind = kind;
-  for (const RegisterOutcome& each : outcome.registers) contentOf(image, each.reg).payload = each.before;
-  return image;
-}
-
-void keepRecord(const Arguments& arguments, const RunOutcome& outcome, const EncodedSetup& setup) {
-  Json record = answer("record");
-  record["time"] = outcome.startedAt;
-  record["who"] = arguments.who;
-  record["line"] = lineText(arguments.line.name);
-  record["unit"] = unitObject(outcome);
-  record["settings"] = foundAndLeft(compare(imageBefore(outcome, setup.kind), setup));
-  record["registers"] = registersOf(outcome);
-  record["verdict"] = outcome.passed() ? "pass" : "fail";
-  try {
-    host().replaceFile(arguments.record, record.dump(2, ' ', false, Json::error_handler_t::replace) + '\n');
-  } catch (const RuntimeError& fault) {
-    throw Problem(ExitCode::file, arguments.record + ": " + fault.what(), "The unit was written to.");
-  }
-}
-
 ExitCode run(const Arguments& arguments, const Output& output) {
   if (!arguments.record.empty() && host().fileExists(arguments.record)) {
     throw Problem(ExitCode::file, arguments.record + " is there already", "A record is a new file.");
@@ -89,7 +53,10 @@ ExitCode run(const Arguments& arguments, const Output& output) {
   const EncodedSetup setup = encodeSetup();
   Connection connection(arguments.line);
   connection.write(arguments.reset, arguments.force);
-  if (!arguments.record.empty()) keepRecord(arguments, connection.outcome(), setup);
+  if (!arguments.record.empty()) {
+    saveRecord(arguments.record, {.line = lineText(arguments.line.name), .who = arguments.who},
+               connection.outcome(), imageBefore(connection.outcome(), setup.kind), setup);
+  }
   return report(connection.outcome(), arguments.line, answer("write"), output);
 }
 

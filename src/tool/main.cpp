@@ -9,12 +9,14 @@
 #include "core/Program.h"
 #include "platform/RuntimeError.h"
 #include "platform/qt/io/Terminal.h"
+#include "tool/BatchWorker.h"
 #include "tool/CommandLine.h"
 #include "tool/ToolHost.h"
 
 namespace {
 
 int run(const std::vector<std::string>& words) {
+  if (words == std::vector<std::string>{tool::workerWord}) return tool::batchWorker();
   const tool::Output output(tool::wantsJson(words));
   try {
     const tool::Invocation asked = tool::parseCommandLine(words);

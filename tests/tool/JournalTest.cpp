@@ -114,6 +114,20 @@ TEST(Journal, AfterEachLineEachRowStandsWhereItDoes) {
   }
 }
 
+// Nothing reached the unit, so that it is no half written one; what an earlier run wrote is not forgotten.
+TEST(Journal, FailureBeforeTheFirstRegisterLeavesTheUnitAsItWas) {
+  const JournalEntry failed = entry(1, Event::failed, {{"reason", "no answer"}});
+  EXPECT_FALSE(tool::beginsHalf(tool::progressOf({entry(1, Event::begin), failed}).at(1)));
+  const JournalEntry kept = entry(1, Event::kept, {{"file", "1.unit"}});
+  EXPECT_FALSE(tool::beginsHalf(tool::progressOf({entry(1, Event::begin), kept, failed}).at(1)));
+  const auto again = tool::progressOf({entry(1, Event::begin), kept, entry(1, Event::reg), failed,
+                                       entry(1, Event::begin, {{"half", true}}), kept, failed});
+  EXPECT_TRUE(tool::beginsHalf(again.at(1)));
+  EXPECT_TRUE(again.at(1).wasHalf);
+  const auto killed = tool::progressOf({entry(1, Event::begin), kept, entry(1, Event::begin), failed});
+  EXPECT_TRUE(tool::beginsHalf(killed.at(1)));
+}
+
 TEST(Journal, FirstCopyOfAUnitIsTheOneThatCounts) {
   const auto rows =
       tool::progressOf({entry(1, Event::begin), entry(1, Event::kept, {{"file", "first.unit"}}),

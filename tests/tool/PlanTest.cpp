@@ -15,8 +15,16 @@ tool::PlanChecks checks() {
   all.setting = [](const std::string& header) {
     return header == "Setpoint 1" ? "" : '"' + header + "\" is no setting";
   };
-  all.value = [](const std::string&, const std::string& cell) {
-    return cell == "bad" ? "\"bad\" is no number" : "";
+  all.values = [](const tool::PlanRow& row) {
+    std::vector<std::string> faults;
+    for (const auto& [name, value] : row.settings) {
+      if (value == "bad") faults.emplace_back("\"bad\" is no number");
+    }
+    return faults;
+  };
+  all.device = [](const std::string& name) { return name == "bus1"; };
+  all.place = [](const tool::LineName& line) {
+    return line.device == "/dev/link" ? "/dev/real" : tool::lineText(line);
   };
   all.model = [](const std::string& model) { return model == "toaster" ? "\"toaster\" is no model" : ""; };
   all.setup = [](const std::string& path) { return path == "none.cfg" ? "none.cfg is not there" : ""; };
@@ -83,6 +91,17 @@ TEST(Plan, HeadersMustBeThereOnce) {
                           "line 1: there is no unit below the headers"));
   EXPECT_THAT(parsed("line,setup\nCOM1,\"a\n").problems,
               ElementsAre("line 2: a quote is opened and never closed"));
+}
+
+TEST(Plan, ADeviceBesideThePlanNeedsNoFolder) {
+  const tool::Plan plan = parsed("line,setup\nbus1,a.cfg\n");
+  EXPECT_THAT(plan.problems, ElementsAre());
+  EXPECT_EQ(plan.rows.at(0).on.device, "bus1");
+}
+
+TEST(Plan, TwoNamesOfOnePortAreOneLine) {
+  EXPECT_THAT(parsed("line,address,setup\n/dev/link,1,a\n/dev/real,1,a\n").problems,
+              ElementsAre("line 3: address 1 on /dev/link is in line 2 already"));
 }
 
 TEST(Plan, SameAddressOnOtherLinesIsFine) {

@@ -71,7 +71,7 @@ void QtSerialPort::open() {
   port_.setPortName(shown(device_));
   applySettings();
   opening_ = true;
-  const bool opened = port_.open(QIODevice::ReadWrite);
+  const bool opened = port_.open(QIODevice::ReadWrite) || openAfterAKill();
   opening_ = false;
   fault_.clear();
   if (opened) return;
@@ -88,6 +88,16 @@ void QtSerialPort::applySettings() {
   port_.setDataBits(parts.value(2) == "7" ? QSerialPort::Data7 : QSerialPort::Data8);
   port_.setStopBits(parts.value(3) == "2" ? QSerialPort::TwoStop : QSerialPort::OneStop);
   port_.setFlowControl(QSerialPort::NoFlowControl);
+}
+
+// A program that was killed leaves the device as it had set it. Where a device can't do all of the settings,
+// the system then refuses them for making no difference at all; other stop bits in between make one.
+bool QtSerialPort::openAfterAKill() {
+  if (port_.error() != QSerialPort::UnsupportedOperationError) return false;
+  const QSerialPort::StopBits wanted = port_.stopBits();
+  port_.setStopBits(wanted == QSerialPort::OneStop ? QSerialPort::TwoStop : QSerialPort::OneStop);
+  const bool opened = port_.open(QIODevice::ReadWrite);
+  return port_.setStopBits(wanted) && opened;
 }
 
 void QtSerialPort::close() {

@@ -29,6 +29,7 @@ class QtSerialPort : public SerialPort {
 
  private:
   void applySettings();
+  bool openAfterAKill();
   void noteFault(QSerialPort::SerialPortError error);
   void throwFault();
   void mustBeOpen();

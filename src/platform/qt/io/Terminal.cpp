@@ -39,3 +39,5 @@ void watchInterrupts() {
 }
 
 bool wasInterrupted() { return interrupted; }
+
+void interrupt() { interrupted = true; }

@@ -8,3 +8,5 @@ bool errorsGoToATerminal();
 // From here on Ctrl+C no longer ends the program but is remembered; a second one ends it.
 void watchInterrupts();
 bool wasInterrupted();
+// As if Ctrl+C had been pressed; from any thread.
+void interrupt();

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// The plan of a batch as a file, held against its setups.
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "tool/Output.h"
+#include "tool/Plan.h"
+
+namespace tool {
+
+struct BatchPlan {
+  Plan plan = {};                     // with devices from the root
+  std::string digest = {};            // of the plan and of every setup in it: whether they are still the same
+  std::map<int, Json> repaired = {};  // by row: own values that the rules of entry have changed
+};
+
+// Throws Problem when the file can't be read. Errors in it stand in plan.problems, in order.
+BatchPlan loadPlan(const std::string& path);
+
+}  // namespace tool
