@@ -15,6 +15,7 @@
 #include "dialogs/frmRead.h"
 #include "dialogs/frmWarning.h"
 #include "dialogs/frmWrite.h"
+#include "platform/qt/Binder.h"
 #include "protocol/frmSerial.h"
 #include "qt/SessionBench.h"
 
@@ -100,6 +101,7 @@ TEST_F(Session, AnAdapterUnpluggedDuringARunEndsTheRunAndNotTheProgram) {
   QStringList narrative;
   user().then([] { return form<frmSerial>().cmdCancel.caption() == "Close"; },
               [&narrative] {
+                showDueBindings(user().window(form<frmSerial>()));
                 auto& list = widget<QListWidget>(user(), form<frmSerial>(), "lstNarrative");
                 for (int row = 0; row < list.count(); ++row) narrative << list.item(row)->text();
               });

@@ -45,6 +45,13 @@ void keepRoom(QWidget& widget) {
   widget.setSizePolicy(policy);
 }
 
+// What the user does something with shows its state at once.
+bool isForTheUser(const QWidget& widget) {
+  return qobject_cast<const QLabel*>(&widget) == nullptr &&
+         qobject_cast<const QProgressBar*>(&widget) == nullptr &&
+         qobject_cast<const QListWidget*>(&widget) == nullptr;
+}
+
 class Walk {
  public:
   Walk(Form& form, QWidget& window) : form_(form), window_(window) {}
@@ -109,6 +116,7 @@ class Walk {
     bindings_[name] = binding;
     if (binding == nullptr) return fault("\"", name, "\" is a ", widget.metaObject()->className());
     keepRoom(widget);
+    if (window_.property("live").toBool() && !isForTheUser(widget)) binding->showWhenPainted();
     if (widget.property("follows").isValid()) followers_.push_back(binding);
     if (qobject_cast<QGroupBox*>(&widget) != nullptr) walk(widget, name);
   }
@@ -210,6 +218,13 @@ void bindForm(Form& form, QWidget& window) {
 void showBindings(QWidget& window) {
   for (QObject* child : window.findChildren<QObject*>("binding")) {
     if (auto* binding = dynamic_cast<Binding*>(child)) binding->show();
+  }
+}
+
+void showDueBindings(const QWidget& window) {
+  if (!window.property("live").toBool()) return;
+  for (QObject* child : window.findChildren<QObject*>("binding")) {
+    if (auto* binding = dynamic_cast<Binding*>(child)) binding->showDue();
   }
 }
 

@@ -12,11 +12,15 @@
 //
 // Names that need no control: "room_..." (labels that keep a place free), "box_..." (containers for layout),
 // "<strip>_pages" with its pages "<strip>_0"... Dynamic properties that the layouts use: "columns", "rows",
-// "follows" (a label shows and hides with another control), "stack".
+// "follows" (a label shows and hides with another control), "stack"; of the window itself "live": texts,
+// lists and bars change fast and are shown when the window paints.
 void bindForm(Form& form, QWidget& window);
 
 // Shows every control again: after a change of the desktop's colours.
 void showBindings(QWidget& window);
+
+// Shows what has changed since the last painting, in a "live" window.
+void showDueBindings(const QWidget& window);
 
 // The form is about to end: its controls are let go, the widgets stay as they are.
 void releaseForm(QWidget& window);

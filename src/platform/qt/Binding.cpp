@@ -25,9 +25,19 @@ void setOwnEnabled(QWidget& widget, bool enabled) {
 Binding::Binding(Control& control, QWidget& widget, std::function<void()> show)
     : QObject(&widget), control_(&control), widget_(widget), show_(std::move(show)) {
   setObjectName("binding");
-  control.onRedraw = [this] { this->show(); };
+  control.onRedraw = [this] { controlChanged(); };
   // Every wait paints first, also one for the serial line; painting at once would keep the line idle.
   control.onRefresh = [this] { widget_.update(); };
+}
+
+void Binding::controlChanged() {
+  due_ = waits_ && widget_.isVisible();
+  if (!due_) return show();
+  widget_.update();
+}
+
+void Binding::showDue() {
+  if (std::exchange(due_, false)) show();
 }
 
 void Binding::show() {

@@ -21,6 +21,11 @@ class Binding : public QObject {
 
   // Brings the widget to what the control holds; what the widget signals meanwhile is no deed of the user.
   void show();
+  // From now on a change waits for the next painting of the window, while it is on show: for what changes
+  // more often than the eye can follow.
+  void showWhenPainted() { waits_ = true; }
+  // Shows a change that waits.
+  void showDue();
   bool showing() const { return showing_; }
   // Runs what the user did on this widget and shows what the control holds afterwards, refused or repaired as
   // it may be. A text box that the user has not left yet is left first.
@@ -39,6 +44,7 @@ class Binding : public QObject {
   std::function<void()> leave;
 
  private:
+  void controlChanged();
   void showCommon(QWidget& widget) const;
   void keepKeyboard();
 
@@ -49,6 +55,8 @@ class Binding : public QObject {
   bool follows_ = false;                 // another control
   QPointer<QPushButton> keyboardTaker_;  // has the keyboard in place of this button, which is switched off
   bool showing_ = false;
+  bool waits_ = false;
+  bool due_ = false;  // has changed since it was shown
 };
 
 // The user turns to something else in this window: the text box that he is in is left. It needn't have the

@@ -14,6 +14,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "platform/qt/Binder.h"
 #include "platform/qt/Bounds.h"
 #include "platform/qt/HelpWindow.h"
 #include "platform/qt/QtFiles.h"
@@ -76,7 +77,7 @@ QtHost::~QtHost() {
 double QtHost::now() { return startOfRun_ + static_cast<double>(sinceStart_.nsecsElapsed()) / 1e9; }
 
 void QtHost::yield() {
-  QCoreApplication::processEvents();
+  windows_.paintRate.hurry([] { QCoreApplication::processEvents(); });
   deleteWhatIsDue();
 }
 
@@ -193,5 +194,7 @@ QWidget& QtHost::window(Form& form) { return windows_.of(form); }
 
 bool screenshot(Form& form, const QString& file) {
   auto* qt = dynamic_cast<QtHost*>(&host());
-  return qt != nullptr && qt->window(form).grab().save(file);
+  if (qt == nullptr) return false;
+  showDueBindings(qt->window(form));
+  return qt->window(form).grab().save(file);
 }

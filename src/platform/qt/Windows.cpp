@@ -193,7 +193,13 @@ void FormWindow::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
 }
 
+void FormWindow::showEvent(QShowEvent* event) {
+  showDueBindings(*this);
+  QWidget::showEvent(event);
+}
+
 void FormWindow::hideEvent(QHideEvent* event) {
+  showDueBindings(*this);
   QWidget::hideEvent(event);
   if (event->spontaneous() || !isRemembered(*this)) return;
   const QRect normal = isMaximized() ? normalGeometry() : QRect(pos(), size());
@@ -206,6 +212,10 @@ void FormWindow::tell(const std::function<void(Form&)>& what) {
   guarded([&] { what(*alive); });
 }
 
+Windows::Windows(QtSettings& settings) : settings_(settings) {
+  paintRate.beforePainting = [](QObject& window) { showDueBindings(static_cast<QWidget&>(window)); };
+}
+
 Windows::~Windows() {
   for (const auto& [form, window] : windows_) {
     if (window) window->release();
@@ -215,7 +225,9 @@ Windows::~Windows() {
 
 FormWindow& Windows::of(Form& form) {
   QPointer<FormWindow>& window = windows_[&form];
-  if (!window) window = new FormWindow(form, settings_);
+  if (window) return *window;
+  window = new FormWindow(form, settings_);
+  if (window->property("live").toBool()) paintRate.watch(*window);
   return *window;
 }
 
@@ -250,7 +262,9 @@ void Windows::release(Form& form) {
 
 void Windows::repaint(Form& form) {
   const auto found = windows_.find(&form);
-  if (found != windows_.end() && found->second) found->second->repaint();
+  if (found == windows_.end() || !found->second) return;
+  showDueBindings(*found->second);
+  found->second->repaint();
 }
 
 QWidget* Windows::front() const {

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "platform/Form.h"
+#include "platform/qt/PaintRate.h"
 #include "platform/qt/io/QtSettings.h"
 
 // A top level widget that tells its form what happens to it. The layout may ask for a splash window, without
@@ -31,6 +32,7 @@ class FormWindow : public QWidget {
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   void hideEvent(QHideEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
@@ -56,7 +58,7 @@ class FormWindow : public QWidget {
 
 class Windows {
  public:
-  explicit Windows(QtSettings& settings) : settings_(settings) {}
+  explicit Windows(QtSettings& settings);
   Windows(const Windows&) = delete;
   Windows& operator=(const Windows&) = delete;
   ~Windows();
@@ -68,6 +70,8 @@ class Windows {
   void repaint(Form& form);
   // The window in front, on which a box belongs; null if none is shown.
   QWidget* front() const;
+
+  PaintRate paintRate;
 
  private:
   QtSettings& settings_;
