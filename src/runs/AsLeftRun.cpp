@@ -65,8 +65,10 @@ RegisterLeft judge(const RegisterRow& row, const RegisterOutcome* outcome, const
 }  // namespace
 
 AsLeft recordOf(const RunOutcome& written, const UnitImage& left) {
-  AsLeft record{
-      .time = written.startedAt, .who = {}, .type = typeOf(written.unit), .found = left, .left = left};
+  AsLeft record;
+  record.time = written.startedAt;
+  record.type = typeOf(written.unit);
+  record.found = record.left = left;
   for (std::size_t place = 0; place < registerCount; ++place) {
     const RegisterRow& row = registerRows()[place];
     if (!hasRegister(row.reg, left.kind)) continue;

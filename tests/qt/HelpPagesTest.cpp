@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QImage>
 #include <QRegularExpression>
 #include <QTextDocument>
 #include <map>
@@ -98,9 +99,12 @@ TEST(HelpPagesTest, EveryLinkLeadsSomewhere) {
 TEST(HelpPagesTest, EveryPictureIsInTheProgramAndHasWords) {
   for (const QString& file : filesOnDisk()) {
     for (const QString& picture : allIn(htmlOf(file), "<img ([^>]*)>")) {
-      const QStringList source = allIn(picture, "src=\"\\.\\./pictures/([^\"]+)\\.svg\"");
-      ASSERT_EQ(source.size(), 1) << picture.toStdString();
-      EXPECT_TRUE(hasPicture(source[0])) << picture.toStdString();
+      const QStringList drawing = allIn(picture, "src=\"\\.\\./pictures/([^\"]+)\\.svg\"");
+      const QStringList window = allIn(picture, "src=\"([^\"/]+\\.png)\"");
+      ASSERT_EQ(drawing.size() + window.size(), 1) << picture.toStdString();
+      for (const QString& name : drawing) EXPECT_TRUE(hasPicture(name)) << picture.toStdString();
+      for (const QString& name : window)
+        EXPECT_FALSE(QImage(":/help/" + name).isNull()) << picture.toStdString();
       EXPECT_EQ(allIn(picture, "alt=\"([^\"]+)\"").size(), 1) << picture.toStdString();
     }
   }

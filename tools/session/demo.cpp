@@ -235,7 +235,7 @@ void compareAndRecord(ScriptedHost& user) {
   user.whenShown("frmRead", [&user] { click(user, form<frmRead>(), "OKButton"); });
   user.whenShown("frmBigFolder", [&user] {
     type(user, editor(), "txtSp1", "100.0");
-    type(user, editor(), "txtSp2", "75.0");
+    type(user, editor(), "txtSp2", "175.0");
     choose(user, editor(), "cboNormalColor", 0);
     click(user, editor(), "cmdWrite");
   });

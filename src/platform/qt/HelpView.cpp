@@ -62,9 +62,10 @@ void HelpView::goTo(const ExtraSelection& mark) {
   ensureCursorVisible();
 }
 
-// A page's drawings are those of the program, redrawn for this palette and font.
+// A page's drawings are those of the program, redrawn for this palette and font; pictures of its windows lie
+// beside the pages.
 QVariant HelpView::loadResource(int type, const QUrl& name) {
-  if (type == QTextDocument::ImageResource) {
+  if (type == QTextDocument::ImageResource && name.path().endsWith(".svg")) {
     return drawnPicture(QFileInfo(name.path()).baseName(), *viewport(), QPalette::Text);
   }
   return QTextBrowser::loadResource(type, name);
