@@ -8,6 +8,7 @@
 #include "editor/Replacement.h"
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
+#include "runs/NoWay.h"
 #include "wizard/frmWizard.h"
 
 namespace {
@@ -113,11 +114,13 @@ void frmBigFolder::showPortState(std::uint32_t color, std::string_view words, st
   lblCommStat.setBackColor(color);
   lblCommStat.setCaption(words);
   lblCommStat.setToolTip(hint);
+  txtPortHelp.setText(hint.empty() ? noWay::noPortChosen.advice : hint);
 }
 
 void frmBigFolder::optCommunicationMode_Click(int index) {
   const bool serial = index == 0;
   fraSerialManualSet.setVisible(serial);
+  txtPortHelp.setVisible(serial);
   fraSerialCommunicationMode.setVisible(serial);
   fraTCPIPAddress.setVisible(!serial);
   fraTCPIPPort.setVisible(!serial);

@@ -368,6 +368,7 @@ struct BigFolderControls : Form {
   Frame fraSerialManualSet{pageComm, "fraSerialManualSet", "Manual Setup"};
   Label text_CommPort{fraSerialManualSet, "text_CommPort", "CO&M port"};
   ComboBox cboCommPort{fraSerialManualSet, "cboCommPort", {"COM 1", "COM 2", "COM 3", "COM 4"}, portListTip};
+  TextBox txtPortHelp{pageComm, "txtPortHelp", "What the chosen port is, or what is in its way"};
   Label lblCommStat{fraSerialManualSet, "lblCommStat"};
   Label text_Baud{fraSerialManualSet, "text_Baud", "Ba&ud"};
   ComboBox cboBaud{fraSerialManualSet,

@@ -48,7 +48,9 @@ bool isBabble(std::size_t received, double elapsed) {
 SerialChannel::SerialChannel(SerialPort& port) : Channel(serialRules), port_(port) {}
 
 void SerialChannel::openIfClosed() {
-  if (!port_.isOpen()) port_.open();
+  if (port_.isOpen()) return;
+  port_.open();
+  everOpened_ = true;
 }
 
 void SerialChannel::closeIfOpen() {
@@ -111,6 +113,7 @@ void SerialChannel::beginRegister() {
   linkFault.clear();
   try {
     port_.open();
+    everOpened_ = true;
   } catch (const RuntimeError& error) {
     linkFault = gone(error);
   }

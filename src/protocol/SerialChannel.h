@@ -18,6 +18,8 @@ class SerialChannel : public Channel {
 
   SerialPort& port() { return port_; }
   // For what is said outside a register's own opening.
+  // Whether the port could be opened since this was made: a unit that was never asked can't be silent.
+  bool everOpened() const { return everOpened_; }
   void openIfClosed();
   void closeIfOpen();
 
@@ -40,6 +42,7 @@ class SerialChannel : public Channel {
   void dropStaleLines(std::string& reply, std::string_view echo) const;
   std::string collectReply(std::string_view echo);
 
+  bool everOpened_ = false;
   SerialPort& port_;
   std::set<std::string, std::less<>> givenUp_;  // echoes of commands whose replies may still come
 };

@@ -46,6 +46,12 @@ void StatusHistory::end(const RunOutcome& outcome) {
   if (!outcome.passed()) list_.setItemMark(list_.listCount() - 1, Mark::error);
 }
 
+std::string StatusHistory::text() const {
+  std::string text;
+  for (const std::string& line : list_.items()) text += line + "\n";
+  return text;
+}
+
 std::vector<HistoryLine> StatusHistory::lines() const {
   std::vector<HistoryLine> lines;
   lines.reserve(static_cast<std::size_t>(list_.listCount()));

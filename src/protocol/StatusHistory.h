@@ -22,6 +22,7 @@ class StatusHistory {
   void judge(const RunOutcome& outcome);
   void end(const RunOutcome& outcome);
   // For the window that shows it again.
+  std::string text() const;  // every line, each with its end
   std::vector<HistoryLine> lines() const;
 
  private:

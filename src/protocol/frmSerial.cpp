@@ -20,6 +20,7 @@
 #include "reading/MeterType.h"
 #include "reading/PortSearch.h"
 #include "reading/ReadRun.h"
+#include "runs/NoWay.h"
 
 namespace {
 
@@ -81,6 +82,7 @@ bool frmSerial::serialPath() {
   std::string found;
   std::int16_t mode = 4;
   attempt([&] { found = comOK(mode); });
+  searchWords_ = history.text();
   if (!found.empty()) {
     run.outcome.end = RunEnd::noUnit;
     keepVerdict();
@@ -170,7 +172,15 @@ void frmSerial::finish(std::string_view lastWords) {
   hide();
 }
 
+std::string frmSerial::whatIsInTheWay() {
+  const bool serial = Memo[rec::optCommunicationMode].flag != False;
+  if (!serial || channel.everOpened()) return adviceFor(run.outcome, searchWords_);
+  run.outcome.end = RunEnd::noPort;
+  return MSComm1->commPort > 0 ? host().serialPortHint(MSComm1->commPort) : noWay::noPortChosen.advice;
+}
+
 void frmSerial::keepVerdict() {
+  run.outcome.advice = whatIsInTheWay();
   history.end(run.outcome);
   if (looksOnly()) return;  // what the last run came to still stands
   form<frmBigFolder>().keepRun(run.outcome, history.lines());

@@ -107,6 +107,8 @@ class frmSerial : public Form, public RunView {
  private:
   static constexpr int fullBar = 4095;
 
+  std::string searchWords_;  // what the search for the unit has told
+
   Run& thisWay();  // the run, in the direction that readMode tells
   bool serialPath();
   void networkPath();
@@ -117,6 +119,7 @@ class frmSerial : public Form, public RunView {
   void finish(std::string_view lastWords);
   const char* lastWords() const;
   void keepVerdict();
+  std::string whatIsInTheWay();
   void cmdCancel_Click();
   void showTarget();
   std::string serialTarget();

@@ -33,6 +33,12 @@ constexpr const char* nothingFound =
     "Manual configuration is accomplished by mean of the COMM tab from the main screen.\r"
     "Click 'Cancel' to make communication settings changes.";
 
+// What the text above asks of the controller is not the reason then.
+constexpr const char* noPortOpened =
+    "\rNo serial port could be opened, so no controller was asked, and its settings are not the reason. The "
+    "line "
+    "of the port on the tab Comm says what is.";
+
 // The factory's line settings; a unit that speaks others isn't looked for.
 constexpr const char* factoryLine = "9600,o,7,1";
 
@@ -62,6 +68,11 @@ std::optional<int> scanPorts(Run& run, SerialChannel& channel, int except) {
   return {};
 }
 
+void sayNothingFound(Run& run, const SerialChannel& channel) {
+  run.view.wizardSays(nothingFound);
+  if (!channel.everOpened()) run.view.wizardAdds(noPortOpened);
+}
+
 }  // namespace
 
 void SerialTestConnect(Run& run, SerialChannel& channel) {
@@ -74,7 +85,7 @@ void SerialTestConnect(Run& run, SerialChannel& channel) {
   if (findsUnitOn(run, channel, chosen, 0)) found = chosen;
   if (!found && !run.reading) found = scanPorts(run, channel, chosen);
   run.view.upProg(100);
-  if (!found) return run.view.wizardSays(nothingFound);
+  if (!found) return sayNothingFound(run, channel);
   run.view.choosePort(*found);
   run.view.wizardAdds("Connection Wizard detected your controller on COM" + numberText(std::int32_t{*found}) +
                       ".\r\rTo finalize the configuration, click Finish.");

@@ -37,6 +37,8 @@ const char* wordsOf(RunEnd end) {
       return "Cancelled";
     case RunEnd::noUnit:
       return "No unit answered";
+    case RunEnd::noPort:
+      return "The port could not be opened, and no unit was asked";
     case RunEnd::noBridge:
       return "No connection to the bridge";
     case RunEnd::otherLine:
@@ -51,6 +53,10 @@ const char* wordsOf(RunEnd end) {
       return "Stopped by a reply that makes no sense";
   }
   return "";
+}
+
+std::string withAdvice(const std::string& text, const RunOutcome& outcome) {
+  return outcome.advice.empty() ? text : text + ". " + outcome.advice;
 }
 
 }  // namespace
@@ -73,7 +79,7 @@ bool RunOutcome::passed() const { return end == RunEnd::finished && count(Verdic
 
 std::string summaryOf(const RunOutcome& outcome) {
   std::string text = wordsOf(outcome.end);
-  if (outcome.registers.empty()) return text;
+  if (outcome.registers.empty()) return withAdvice(text, outcome);
   if (!text.empty()) text += ". ";
   text += std::to_string(outcome.registers.size()) + " steps";
   std::string between = ": ";
@@ -83,5 +89,5 @@ std::string summaryOf(const RunOutcome& outcome) {
     text += between + std::to_string(count) + " " + word;
     between = ", ";
   }
-  return text + failedNames(outcome);
+  return withAdvice(text + failedNames(outcome), outcome);
 }

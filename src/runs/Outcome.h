@@ -31,6 +31,7 @@ enum class RunEnd {
   finished,    // every step was taken, whether or not every register took
   cancelled,   // by the user, behind the register in hand
   noUnit,      // nothing that can be configured answered
+  noPort,      // the port could not be opened, and no unit was asked
   noBridge,    // no connection to the bridge
   otherLine,   // a unit of the other line than the setup's
   wiring,      // the line echoes, or went dead in the middle
@@ -47,6 +48,7 @@ struct RunOutcome {
   std::optional<int> address = {};  // of an addressed unit, 0 to 199
   std::string unit = {};            // what answered, as "Torvane TMP"; empty: not known
   std::vector<RegisterOutcome> registers = {};
+  std::string advice = {};  // what is in the way to the unit, and what the user can do about it
 
   bool settled(const std::string& reg) const;     // a write of it went out, or found it already so
   bool understood(const std::string& reg) const;  // it was read and decoded

@@ -34,6 +34,7 @@ ExitCode exitCodeOf(const RunOutcome& outcome) {
     case RunEnd::cancelled:
       return ExitCode::cancelled;
     case RunEnd::noUnit:
+    case RunEnd::noPort:
     case RunEnd::otherLine:
       return ExitCode::noUnit;
     case RunEnd::noBridge:

@@ -262,7 +262,7 @@ TEST_F(StatusWindow, AsksBeforeItCancels) {
   ASSERT_EQ(host.boxes.size(), 1U);
   EXPECT_EQ(host.boxes[0].text, cancelQuestion);
   EXPECT_EQ(host.boxes[0].icon, Icon::question);
-  EXPECT_EQ(host.boxes[0].buttons, Buttons::yesNo);
+  EXPECT_EQ(host.boxes[0].buttons, Buttons::noYes);
 }
 
 TEST_F(StatusWindow, OnlyNotesACancelAndStaysOpen) {

@@ -9,6 +9,7 @@
 #include "editor/ForcedRules.h"
 #include "editor/frmBigFolder.h"
 #include "qt/TestForm.h"
+#include "runs/NoWay.h"
 
 namespace {
 
@@ -37,6 +38,12 @@ TEST(GuideFacts, WhatTheWindowChangesInASetupIsListedAsItIsDone) {
   for (const ForcedRule& rule : forcedRules()) done << QStringList{rule.when, rule.becomes};
   ASSERT_FALSE(told.isEmpty());
   EXPECT_TRUE(told.mid(1) == done);
+}
+
+TEST(GuideFacts, EveryCauseOfNoWayToTheUnitIsListedInTheWordsOfTheProgram) {
+  QList<QStringList> said;
+  for (const NoWay* each : noWays()) said << QStringList{each->cause, each->advice};
+  EXPECT_TRUE(tableAfter("no-way.html", "The line and the unit").mid(1) == said);
 }
 
 class GuideKeys : public QtTest {};

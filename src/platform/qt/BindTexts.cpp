@@ -106,6 +106,7 @@ Binding* bind(TextBox& control, QLineEdit& widget) {
 }
 
 Binding* bind(TextBox& control, QPlainTextEdit& widget) {
+  if (widget.isReadOnly()) widget.viewport()->setAutoFillBackground(false);  // a text on the page, no entry
   auto* binding = new Binding(control, widget, [&] { showText(control, widget); });
   auto* stay = watchStay(binding, control, widget);
   widget.setTabChangesFocus(true);
