@@ -23,7 +23,26 @@ namespace {
 
 constexpr int mostJobs = 1000;
 
+// Below the options, in the help and on the man page.
+constexpr const char* more =
+    R"(The first line of PLAN names its columns: line, address, model, setup and serial, in any order; line
+and setup must be there. The header of any further column is the name of a setting, as show --json
+tells it, and its cells are the values of each unit's own. An empty cell is: not addressed; any
+model; as in the setup file. Paths begin at the folder of PLAN. A plan with errors is refused whole,
+with all of them.
+
+The units of one line follow each other in the order of the plan; lines are at work side by side.
+Each unit is identified, a copy of it is kept, the setup is written and verified, and a record is
+kept. A unit of another line or model, or at another address, is refused before anything is written.
+
+The journal has one JSON object a line: time, row, line, serial, event, and what the event has of
+its own. Events are begin, kept, register, verified, failed and refused. Copies and records lie
+beside it and begin with its name. With --resume verified and refused rows stay as they are, failed
+ones are tried again, and a unit that was half written is written anew. Ctrl+C ends each line after
+the register in hand.)";
+
 void declare(CLI::App& app, Arguments& arguments) {
+  app.footer(more);
   declareFile(app, "PLAN", arguments.plan, "a table: line, address, model, setup, serial")->required();
   declareFile(app, "--journal", arguments.journal, "what has been done, to go on with after any end")
       ->required();

@@ -2,6 +2,7 @@
 // The man page of torvane-unit, in the form that man reads.
 #include "tool/ManPage.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "core/Program.h"
@@ -52,6 +53,16 @@ std::string item(const std::string& head, const std::string& text) {
   return ".TP\n" + head + '\n' + plain(text) + '\n';
 }
 
+std::string paragraphs(const std::string& text) {
+  std::string all;
+  for (std::size_t from = 0; from < text.size();) {
+    const std::size_t end = std::min(text.find("\n\n", from), text.size());
+    all += ".PP\n" + plain(text.substr(from, end - from)) + '\n';
+    from = end + 2;
+  }
+  return all;
+}
+
 std::string commandText(const CLI::App& command) {
   std::string call = bold("torvane-unit " + command.get_name());
   for (const CLI::Option* const word : positionals(command)) call += ' ' + slanted(word->get_name(true));
@@ -62,7 +73,7 @@ std::string commandText(const CLI::App& command) {
   }
   for (const CLI::Option* const option : named(command))
     text += item(namesOf(*option), option->get_description());
-  return text;
+  return text + paragraphs(command.get_footer());
 }
 
 std::string exitText() {

@@ -287,6 +287,27 @@ TEST_F(BrokenBatch, KilledAtRandomMomentsItIsFinishedByResume) {
   expectFinished(standingsOf(wholeLines(plant_.text("j.jsonl"))));
 }
 
+TEST_F(BrokenBatch, AWorkerThatFallsOverTakesOneUnitAlong) {
+  QProcess program;
+  program.start(TORVANE_UNIT, batch_.words());
+  QElapsedTimer since;
+  since.start();
+  const auto hasKept = [&] { return plant_.text("j.jsonl").find("\"kept\"") != std::string::npos; };
+  while (!hasKept() && since.elapsed() < patience) QThread::msleep(2);
+  const int row = batch_.journal().back()["row"];
+  for (const qint64 worker : childrenOf(program.processId())) {
+    ::kill(static_cast<pid_t>(worker), SIGKILL);
+  }
+  ASSERT_TRUE(program.waitForFinished(patience));
+  EXPECT_EQ(program.exitCode(), 1);
+  ASSERT_THAT(batch_.journal(row, "failed"), SizeIs(1));
+  EXPECT_EQ(batch_.journal(row, "failed").front()["reason"], "the process for this line ended unexpectedly");
+  EXPECT_EQ(batch_.journal(row, "failed").front()["half"], true);
+  EXPECT_THAT(batch_.journal(2, "verified"), SizeIs(1)) << "the rest of its line goes on";
+  EXPECT_EQ(runTool(batch_.words({"--resume"})).code, 0);
+  EXPECT_EQ(batch_.journal(row, "begin").back()["half"], true);
+}
+
 TEST_F(BrokenBatch, CtrlCEndsBehindTheRegisterInHand) {
   QProcess program;
   program.start(TORVANE_UNIT, batch_.words() + QStringList{"--json"});
