@@ -37,7 +37,7 @@ std::string readPlan(const std::string& path) {
 // One name for a port, however the plan calls it.
 std::string placeOf(const LineName& line) {
   if (line.overBridge()) return lineText(line);
-  const std::string device = line.commPort > 0 ? toolHost().deviceOf(line.commPort) : line.device;
+  const std::string device = line.commPort > 0 ? toolHost()->deviceOf(line.commPort) : line.device;
   const QString whole = QFileInfo(QString::fromStdString(device)).canonicalFilePath();
   return whole.isEmpty() ? lineText(line) : typed(whole);
 }
@@ -48,7 +48,7 @@ class Loader {
       : text_(readPlan(path)), folder_(QFileInfo(QString::fromStdString(path)).absoluteDir()) {}
 
   BatchPlan load() {
-    toolHost().device.clear();
+    toolHost()->device.clear();
     BatchPlan loaded{.plan = parsePlan(text_, checks())};
     for (PlanRow& row : loaded.plan.rows) {
       row.setupFile = fromPlan(row.setup);

@@ -58,11 +58,10 @@ class BatchUnit {
     tell_(Event::begin, {{"half", task_.half}});
     try {
       takeSetup(task_.row);
-      const EncodedSetup setup = encodeSetup();
       const UnitImage before = meetAndKeep();
       if (wasInterrupted()) return fail(cancelled);
       takeSetup(task_.row);
-      write(before, setup);
+      write(before);
     } catch (const WrongUnit& wrong) {
       tell_(Event::refused, {{"reason", wrong.what()}});
     } catch (const Problem& problem) {
@@ -118,7 +117,7 @@ class BatchUnit {
     tell_(Event::kept, {{"file", fileName(path)}});
   }
 
-  void write(const UnitImage& before, const EncodedSetup& setup) {
+  void write(const UnitImage& before) {
     // Which model it is was asked already; over a bridge a write would ask it once more.
     LineArguments line = line_;
     line.model.clear();
@@ -127,12 +126,12 @@ class BatchUnit {
       if (!reg.sent.empty()) tell_(Event::reg, registerOf(connection.outcome(), reg));
     });
     connection.write(false, false);
-    end(connection.outcome(), before, setup);
+    end(connection.outcome(), before);
   }
 
-  void end(const RunOutcome& outcome, const UnitImage& before, const EncodedSetup& setup) const {
+  void end(const RunOutcome& outcome, const UnitImage& before) const {
     const std::string record = freeName(files_, ".json");
-    saveRecord(record, {.line = lineText(line_.name)}, outcome, before, setup);
+    saveRecord(record, {.line = lineText(line_.name)}, outcome, before);
     Json more{{"record", fileName(record)}};
     if (exitCodeOf(outcome) == ExitCode::done) return tell_(Event::verified, more);
     more["reason"] = outcome.end == RunEnd::cancelled ? cancelled : reasonOf(outcome);

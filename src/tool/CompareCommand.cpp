@@ -34,28 +34,36 @@ UnitImage asImage(const Either& either) {
   return std::get<UnitImage>(either);
 }
 
-UnitImage readUnit(const LineArguments& line, int kind) {
-  DeviceState.IsRkw77 = asFlag(kind == kind::rkw77);
-  Connection connection(line);
-  connection.meetForSetup();
-  return connection.readAll();
-}
-
-ExitCode run(const Arguments& arguments, const Output& output) {
-  Json object = answer("compare");
-  object["line"] = arguments.first;
-  const bool isFile = host().fileExists(arguments.first);
-  const Either first = isFile ? loadEither(arguments.first) : Either();
-  const EncodedSetup setup = asSetup(loadEither(arguments.setup));
-  LineArguments line = arguments.line;
-  if (!isFile) line.name = lineNamed(arguments.first);
-  const UnitImage unit = isFile ? asImage(first) : readUnit(line, setup.kind);
-  const Comparison comparison = compare(unit, setup);
+ExitCode tell(Json object, const Comparison& comparison, const Output& output) {
   object["settings"] = differingSettings(comparison);
   object["registers"] = registerChanges(comparison);
   object["verdict"] = comparison.same() ? "pass" : "fail";
   output.print(object, comparisonTable(comparison));
   return comparison.same() ? ExitCode::done : ExitCode::differs;
+}
+
+ExitCode compareUnit(const Arguments& arguments, const Output& output) {
+  const EncodedSetup setup = asSetup(loadEither(arguments.setup));
+  LineArguments line = arguments.line;
+  line.name = lineNamed(arguments.first);
+  DeviceState.IsRkw77 = asFlag(setup.kind == kind::rkw77);
+  Connection connection(line);
+  connection.meetForSetup();
+  const UnitImage unit = connection.readAll();
+  if (brokeOff(connection.outcome())) return report(connection.outcome(), line, answer("compare"), output);
+  Json object = answer("compare");
+  object["line"] = lineText(line.name);
+  object["unit"] = unitObject(connection.outcome());
+  return tell(object, compare(unit, setup), output);
+}
+
+ExitCode run(const Arguments& arguments, const Output& output) {
+  if (!host().fileExists(arguments.first)) return compareUnit(arguments, output);
+  const UnitImage first = asImage(loadEither(arguments.first));
+  const EncodedSetup setup = asSetup(loadEither(arguments.setup));
+  Json object = answer("compare");
+  object["line"] = arguments.first;
+  return tell(object, compare(first, setup), output);
 }
 
 }  // namespace

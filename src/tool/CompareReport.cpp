@@ -2,8 +2,6 @@
 // A comparison as JSON and as words.
 #include "tool/CompareReport.h"
 
-#include "tool/Settings.h"
-
 namespace tool {
 
 namespace {
@@ -20,10 +18,6 @@ const char* wordOf(Change change) {
   return "";
 }
 
-std::string nameOf(const DifferingSetting& each) {
-  return each.field == nullptr ? each.name : settingName(*each.field);
-}
-
 const char* verdictOf(const RegisterChange& change) {
   if (change.before.empty()) return "failed";
   if (change.written) return "differs";
@@ -36,7 +30,7 @@ Json differingSettings(const Comparison& comparison) {
   Json settings = Json::array();
   for (const DifferingSetting& each : comparison.settings) {
     settings.push_back({{"section", each.section},
-                        {"name", nameOf(each)},
+                        {"name", each.name},
                         {"value", each.inSetup},
                         {"unit", each.inUnit},
                         {"change", wordOf(each.change)}});
@@ -59,7 +53,7 @@ Json registerChanges(const Comparison& comparison) {
 std::string comparisonTable(const Comparison& comparison) {
   std::vector<std::vector<std::string>> rows{{"SECTION", "NAME", "UNIT", "SETUP", "CHANGE"}};
   for (const DifferingSetting& each : comparison.settings)
-    rows.push_back({each.section, nameOf(each), each.inUnit, each.inSetup, wordOf(each.change)});
+    rows.push_back({each.section, each.name, each.inUnit, each.inSetup, wordOf(each.change)});
   return (rows.size() > 1 ? tableText(rows) : std::string()) + summaryOf(comparison) + '\n';
 }
 

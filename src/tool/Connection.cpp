@@ -13,6 +13,7 @@
 #include "network/NetworkRuns.h"
 #include "platform/Host.h"
 #include "platform/qt/io/DeviceFile.h"
+#include "platform/qt/io/Terminal.h"
 #include "protocol/Probe.h"
 #include "protocol/Waits.h"
 #include "protocol/WriteRun.h"
@@ -48,8 +49,12 @@ constexpr const char* otherLineHint = "Nothing was written. Use the setup of thi
                 "Check its address, its port and the network.");
 }
 
+void mustNotBeCancelled() {
+  if (wasInterrupted()) throw Problem(ExitCode::cancelled, "cancelled", "Nothing was written.");
+}
+
 std::unique_ptr<SerialPort> portOf(const LineArguments& line) {
-  toolHost().device = line.name.device;
+  if (ToolHost* const machine = toolHost()) machine->device = line.name.device;
   auto port = host().makeSerialPort();
   port->commPort = line.name.device.empty() ? line.name.commPort : 1;
   port->settings = chooseLine(line);
@@ -61,7 +66,23 @@ std::unique_ptr<SerialPort> portOf(const LineArguments& line) {
 Connection::Connection(const LineArguments& line)
     : line_(line), port_(portOf(line)), serial_(*port_), socket_(host().makeSocket()), network_(*socket_) {
   Global.CancelFlag = False;
+  takeLine();
   if (!line_.name.overBridge()) mustBeOpenable();
+}
+
+// For as long as there is a run with it.
+void Connection::takeLine() {
+  ToolHost* const machine = toolHost();
+  if (machine == nullptr) return;
+  const std::string line =
+      line_.name.overBridge() ? lineText(line_.name) : machine->deviceOf(port_->commPort);
+  if (line.empty()) return;
+  lock_.emplace(line);
+  if (lock_->take()) return;
+  const auto holder = lock_->holder();
+  throw Problem(ExitCode::port, lineText(line_.name) + " is in use",
+                holder ? holder->program + " (process " + std::to_string(holder->process) + ") has it."
+                       : "See torvane-unit ports.");
 }
 
 void Connection::mustBeOpenable() {
@@ -69,7 +90,7 @@ void Connection::mustBeOpenable() {
     port_->open();
     port_->close();
   } catch (const RuntimeError& fault) {
-    const std::string device = toolHost().deviceOf(port_->commPort);
+    const std::string device = toolHost() == nullptr ? "" : toolHost()->deviceOf(port_->commPort);
     const auto holder = device.empty() ? std::nullopt : deviceHolder(device);
     const std::string who = holder ? holder->program + " (process " + std::to_string(holder->process) +
                                          ") has " + device + " open."
@@ -153,6 +174,7 @@ void Connection::meet() {
   } else {
     meetOnSerial();
   }
+  mustNotBeCancelled();
   mustFitModel();
 }
 
@@ -219,13 +241,15 @@ void Connection::mustFitModel() const {
 UnitImage Connection::readAll() {
   UnitImage image = readImage(run_, channel());
   image.line = run_.outcome.line;
+  noteLostLine(true);
   return image;
 }
 
 void Connection::putBack(const EncodedSetup& setup) {
   run_.reading = false;
   run_.outcome.registers.clear();
-  writeEncoded(run_, channel(), setup);
+  const bool cameToItsEnd = attempt([&] { writeEncoded(run_, channel(), setup); });
+  noteLostLine(cameToItsEnd);
 }
 
 // What the window does on the serial line, with a refusal in front of the first byte of a write.
@@ -245,20 +269,34 @@ void Connection::write(bool reset, bool force) {
     attempt([this] { NetworkCommunicationOK(run_, network_, detection_, true); });
 }
 
-// A run that broke off, or a port that went away meanwhile, is a fault of the line, however many registers
+void Connection::overSerial(const std::function<void()>& job) { noteLostLine(attempt(job)); }
+
+// A run that broke off, or a line that went away meanwhile, is a fault of the line, however many registers
 // took before it.
-void Connection::overSerial(const std::function<void()>& job) {
-  const bool cameToItsEnd = attempt(job);
+void Connection::noteLostLine(bool cameToItsEnd) {
   if (run_.outcome.end != RunEnd::finished) return;
-  const bool goesOn = run_.outcome.count(Verdict::failed) == 0 || attempt([this] {
-                        port_->open();
-                        port_->close();
-                      });
+  const bool goesOn = run_.outcome.count(Verdict::failed) == 0 || isReachable();
   if (!cameToItsEnd || !goesOn) run_.outcome.end = RunEnd::wiring;
+}
+
+bool Connection::isReachable() {
+  try {
+    if (line_.name.overBridge()) {
+      connectToBridge();
+    } else {
+      port_->open();
+      port_->close();
+    }
+    return true;
+  } catch (const RuntimeError&) {
+  } catch (const Problem&) {
+  }
+  return false;
 }
 
 void Connection::writeOnSerial(bool reset, bool force, std::int16_t isRkw77) {
   meetOnSerial();
+  mustNotBeCancelled();
   if (DeviceState.IsRkw77 != isRkw77 && !force) otherLine();
   mustFitModel();
   view_.upProg(3);
@@ -276,6 +314,7 @@ void Connection::overBridge() {
   view_.quiet = false;
   if (came == job::noUnit && run_.outcome.end != RunEnd::otherLine) noUnit(lineText(line_.name), view_.said);
   if (run_.outcome.end == RunEnd::otherLine && !run_.reading) otherLine();
+  noteLostLine(true);
 }
 
 // Without a setup nothing tells which line the unit behind a bridge is of; it is asked, and then read as

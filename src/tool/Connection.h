@@ -12,6 +12,7 @@
 #include "network/NetworkChannel.h"
 #include "platform/SerialPort.h"
 #include "platform/Socket.h"
+#include "platform/qt/io/LineLock.h"
 #include "protocol/SerialChannel.h"
 #include "reading/DeviceDetection.h"
 #include "runs/Run.h"
@@ -65,6 +66,9 @@ class Connection {
   void writeOnSerial(bool reset, bool force, std::int16_t isRkw77);
   void overSerial(const std::function<void()>& job);
   void overBridge();
+  void takeLine();
+  void noteLostLine(bool cameToItsEnd);
+  bool isReachable();
   void mustFitModel() const;
   [[noreturn]] void otherLine() const;
   Channel& channel();
@@ -72,6 +76,7 @@ class Connection {
   LineArguments line_;
   ShellView view_;
   Run run_{view_};
+  std::optional<LineLock> lock_;
   const std::unique_ptr<SerialPort> port_;
   SerialChannel serial_;
   const std::unique_ptr<Socket> socket_;
@@ -79,8 +84,13 @@ class Connection {
   DeviceDetection detection_;
 };
 
+// "same", "written", "read", "failed" or "skipped".
+const char* verdictWord(Verdict verdict);
 // 0 done, 1 something failed, 3 no unit, 4 port or bridge, 130 cancelled.
 ExitCode exitCodeOf(const RunOutcome& outcome);
+
+// Not all registers had their turn, so nothing can be said of the whole.
+bool brokeOff(const RunOutcome& outcome);
 
 // The unit that was met or written to: type, kind, model, version, address; what is not known is left out.
 Json unitObject(const RunOutcome& outcome);

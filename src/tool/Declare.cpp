@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "tool/Models.h"
 #include "tool/Nearest.h"
 #include "tool/Problem.h"
 
@@ -55,8 +56,13 @@ void declareLine(CLI::App& app, LineArguments& line) {
 void declareUnit(CLI::App& app, LineArguments& line) {
   declareAddress(app, line);
   declareLineSettings(app, line);
-  app.add_option("--model", line.model,
-                 "what the unit must be: a part number, or TMP, PRC, STR, GR2, RHT, Rkw77")
+  const auto takeModel = [&line](const std::string& text) {
+    const std::string fault = modelTextFault(text);
+    if (!fault.empty()) throw Problem(ExitCode::usage, fault);
+    line.model = text;
+  };
+  app.add_option_function<std::string>(
+         "--model", takeModel, "what the unit must be: a part number, or TMP, PRC, STR, GR2, RHT, Rkw77")
       ->type_name("MODEL");
 }
 

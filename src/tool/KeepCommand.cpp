@@ -16,6 +16,7 @@ void declare(CLI::App& app, Arguments& arguments) {
 }
 
 ExitCode run(const Arguments& arguments, const Output& output) {
+  mustHaveAFolder(arguments.out);
   beginRecords();
   if (!arguments.setup.empty()) loadSetup(arguments.setup);
   Connection connection(arguments.line);

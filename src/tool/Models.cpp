@@ -60,7 +60,9 @@ std::string modelFault(const std::string& model) {
 }
 
 std::string modelTextFault(const std::string& model) {
-  if (isType(model) || namesRkw77(model) || model.starts_with("Tv") || model.starts_with("Rkv")) return "";
+  constexpr std::array<std::string_view, 3> beginnings = {"Tv", "Mqv", "Rkv"};
+  const auto begins = [&](std::string_view start) { return std::string_view(model).starts_with(start); };
+  if (isType(model) || namesRkw77(model) || std::ranges::any_of(beginnings, begins)) return "";
   return '"' + model + "\" is no part number and no type: TMP, PRC, STR, GR2, RHT, Rkw77";
 }
 

@@ -34,6 +34,8 @@ bool cameToRegisters(const RunOutcome& outcome) {
 }
 
 ExitCode run(const Arguments& arguments, const Output& output) {
+  mustHaveAFolder(arguments.out);
+  if (!arguments.keep.empty()) mustHaveAFolder(arguments.keep);
   SetupDesk desk;
   RunOutcome outcome;
   {

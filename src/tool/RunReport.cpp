@@ -7,9 +7,7 @@
 
 namespace tool {
 
-namespace {
-
-const char* wordOf(Verdict verdict) {
+const char* verdictWord(Verdict verdict) {
   switch (verdict) {
     case Verdict::same:
       return "same";
@@ -24,8 +22,6 @@ const char* wordOf(Verdict verdict) {
   }
   return "";
 }
-
-}  // namespace
 
 ExitCode exitCodeOf(const RunOutcome& outcome) {
   switch (outcome.end) {
@@ -48,6 +44,8 @@ ExitCode exitCodeOf(const RunOutcome& outcome) {
   return ExitCode::differs;
 }
 
+bool brokeOff(const RunOutcome& outcome) { return outcome.end != RunEnd::finished; }
+
 Json unitObject(const RunOutcome& outcome) {
   Json unit;
   unit["type"] = typeIn(outcome.unit);
@@ -65,7 +63,7 @@ Json registersOf(const RunOutcome& outcome) {
     registers.push_back({{"index", each.reg},
                          {"before", each.before},
                          {"after", each.after},
-                         {"verdict", wordOf(each.verdict)},
+                         {"verdict", verdictWord(each.verdict)},
                          {"reason", each.reason}});
   }
   return registers;
@@ -74,7 +72,7 @@ Json registersOf(const RunOutcome& outcome) {
 std::string registersTable(const RunOutcome& outcome) {
   std::vector<std::vector<std::string>> rows{{"REGISTER", "NAME", "BEFORE", "AFTER", "VERDICT", "REASON"}};
   for (const RegisterOutcome& each : outcome.registers)
-    rows.push_back({each.reg, each.name, each.before, each.after, wordOf(each.verdict), each.reason});
+    rows.push_back({each.reg, each.name, each.before, each.after, verdictWord(each.verdict), each.reason});
   return rows.size() > 1 ? tableText(rows) : std::string();
 }
 

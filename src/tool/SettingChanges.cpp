@@ -231,11 +231,6 @@ std::vector<Wish> wishesOf(const std::vector<SettingChange>& changes) {
 
 }  // namespace
 
-std::string settingName(const RegisterField& field) {
-  const bool isSignal = field.records[0] == rec::optInType;
-  return isSignal ? "Signal" : field.name;
-}
-
 SettingChange parseChange(const std::string& text) {
   const std::size_t equals = text.find('=');
   if (equals == std::string::npos || equals == 0)

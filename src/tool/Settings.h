@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "editor/SetupEditor.h"
-#include "knowledge/RegisterMap.h"
 #include "tool/Problem.h"
 
 namespace tool {
@@ -23,9 +22,6 @@ struct NamedSetting {
 
 // All settings of the records, in the order of the report.
 std::vector<NamedSetting> settingsOfRecords();
-
-// What a field of a register is called among them.
-std::string settingName(const RegisterField& field);
 
 // ---- changes
 

@@ -2,6 +2,7 @@
 // Setup files and copies of units, and the line settings that a run takes.
 #include "tool/Setup.h"
 
+#include <QFileInfo>
 #include <array>
 #include <utility>
 
@@ -139,6 +140,20 @@ void SetupDesk::save(const std::string& path) {
 }
 
 void loadSetup(const std::string& path) { SetupDesk().open(path); }
+
+void mustBeNew(const std::string& path) {
+  if (QFileInfo::exists(QString::fromStdString(path)))
+    throw Problem(ExitCode::file, path + " is there already", "A record is a new file.");
+  mustHaveAFolder(path);
+}
+
+void mustHaveAFolder(const std::string& path) {
+  const QFileInfo file(QString::fromStdString(path));
+  const QFileInfo folder(file.absolutePath());
+  if (file.isDir()) throw Problem(ExitCode::file, path + " is a folder");
+  if (!folder.isDir() || !folder.isWritable())
+    throw Problem(ExitCode::file, path + ": no file can be made there", "Nothing was sent.");
+}
 
 UnitImage loadCopy(const std::string& path) { return takeCopy(path, readWhole(path, longestUnitFile)); }
 

@@ -32,6 +32,10 @@ class SetupDesk {
 // A setup file into the records, as the window opens it.
 void loadSetup(const std::string& path);
 
+// Before anything is sent: what is to be written afterwards can be. Throw Problem.
+void mustBeNew(const std::string& path);
+void mustHaveAFolder(const std::string& path);
+
 UnitImage loadCopy(const std::string& path);
 void saveCopy(const std::string& path, const UnitImage& copy);
 

@@ -43,7 +43,7 @@ std::string wordsOf(const std::vector<NamedSetting>& settings) {
 // In place of an older file, in one step.
 void print(const std::string& file) {
   const Desk desk;
-  toolHost().pdf = file;
+  toolHost()->pdf = file;
   if (!printReport()) throw Problem(ExitCode::file, file + ": the report can't be written there");
 }
 

@@ -80,16 +80,21 @@ class ToolHost : public Host {
   QtPorts ports_;
 };
 
-// The one that main has set.
-ToolHost& toolHost();
+// The one that main has set; null where a test has set another.
+ToolHost* toolHost();
 
 // While one of these lives, the host is at its desk.
 class Desk {
  public:
-  Desk() { toolHost().atDesk = true; }
+  Desk() { be(true); }
   Desk(const Desk&) = delete;
   Desk& operator=(const Desk&) = delete;
-  ~Desk() { toolHost().atDesk = false; }
+  ~Desk() { be(false); }
+
+ private:
+  static void be(bool at) {
+    if (ToolHost* const machine = toolHost()) machine->atDesk = at;
+  }
 };
 
 }  // namespace tool

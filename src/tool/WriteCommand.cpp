@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Writes a setup file to a unit.
-#include <optional>
-
-#include "platform/Host.h"
+#include "core/Model.h"
 #include "tool/CompareReport.h"
 #include "tool/Connection.h"
 #include "tool/Declare.h"
@@ -25,18 +23,17 @@ void declare(CLI::App& app, Arguments& arguments) {
   app.add_option("--who", arguments.who, "who writes, for the record")->type_name("NAME")->needs(record);
 }
 
-// The unit as it stands, held against the setup.
-Comparison held(const LineArguments& line, const EncodedSetup& setup) {
-  Connection connection(line);
-  connection.meetForSetup();
-  return compare(connection.readAll(), setup);
-}
-
 ExitCode dryRun(const Arguments& arguments, const Output& output) {
-  const Comparison comparison = held(arguments.line, encodeSetup());
+  const EncodedSetup setup = encodeSetup();
+  Connection connection(arguments.line);
+  connection.meetForSetup();
+  const UnitImage unit = connection.readAll();
   Json object = answer("write");
-  object["line"] = lineText(arguments.line.name);
   object["dryRun"] = true;
+  if (brokeOff(connection.outcome())) return report(connection.outcome(), arguments.line, object, output);
+  const Comparison comparison = compare(unit, setup);
+  object["line"] = lineText(arguments.line.name);
+  object["unit"] = unitObject(connection.outcome());
   object["settings"] = differingSettings(comparison);
   object["registers"] = registerChanges(comparison);
   object["verdict"] = comparison.unread == 0 ? "pass" : "fail";
@@ -45,17 +42,15 @@ ExitCode dryRun(const Arguments& arguments, const Output& output) {
 }
 
 ExitCode run(const Arguments& arguments, const Output& output) {
-  if (!arguments.record.empty() && host().fileExists(arguments.record)) {
-    throw Problem(ExitCode::file, arguments.record + " is there already", "A record is a new file.");
-  }
+  if (!arguments.record.empty()) mustBeNew(arguments.record);
   loadSetup(arguments.setup);
   if (arguments.dryRun) return dryRun(arguments, output);
-  const EncodedSetup setup = encodeSetup();
+  const int kind = meterKind();
   Connection connection(arguments.line);
   connection.write(arguments.reset, arguments.force);
   if (!arguments.record.empty()) {
     saveRecord(arguments.record, {.line = lineText(arguments.line.name), .who = arguments.who},
-               connection.outcome(), imageBefore(connection.outcome(), setup.kind), setup);
+               connection.outcome(), imageBefore(connection.outcome(), kind));
   }
   return report(connection.outcome(), arguments.line, answer("write"), output);
 }

@@ -2,36 +2,39 @@
 // The record of a write, as a file.
 #include "tool/WriteRecord.h"
 
-#include "knowledge/Compare.h"
+#include "core/Global.h"
+#include "knowledge/AsLeft.h"
 #include "platform/Host.h"
 #include "tool/Connection.h"
-#include "tool/Settings.h"
+#include "tool/Models.h"
 
 namespace tool {
 
 namespace {
 
-Json foundAndLeft(const Comparison& before) {
-  Json settings = Json::array();
-  for (const DifferingSetting& each : before.settings) {
-    const std::string left = each.change == Change::kept ? each.inUnit : each.inSetup;
-    settings.push_back({{"section", each.section},
-                        {"name", settingName(*each.field)},
-                        {"found", each.inUnit},
-                        {"left", left}});
-  }
-  return settings;
+UnitImage imageAfter(const RunOutcome& outcome, const RecordHead& head, int kind) {
+  UnitImage image;
+  image.model = outcome.unit;
+  image.kind = kind;
+  image.version = Global.FirmwareVersion;
+  image.line = head.line;
+  image.address = outcome.address;
+  image.read = host().utcNow();
+  for (const RegisterOutcome& each : outcome.registers) contentOf(image, each.reg).payload = each.after;
+  return image;
 }
 
-Json recordOf(const RecordHead& head, const RunOutcome& outcome, const Comparison& before) {
-  Json record = answer("record");
-  record["time"] = outcome.startedAt;
-  record["who"] = head.who;
-  record["line"] = head.line;
-  record["unit"] = unitObject(outcome);
-  record["settings"] = foundAndLeft(before);
-  record["registers"] = registersOf(outcome);
-  record["verdict"] = outcome.passed() ? "pass" : "fail";
+AsLeft recordOf(const RecordHead& head, const RunOutcome& outcome, const UnitImage& before) {
+  AsLeft record{.time = outcome.startedAt,
+                .who = head.who,
+                .type = typeIn(outcome.unit),
+                .found = before,
+                .left = imageAfter(outcome, head, before.kind),
+                .registers = {},
+                .passed = outcome.passed()};
+  for (const RegisterOutcome& each : outcome.registers)
+    record.registers.push_back(
+        {each.reg, each.name, each.before, each.after, verdictWord(each.verdict), each.reason});
   return record;
 }
 
@@ -45,10 +48,9 @@ UnitImage imageBefore(const RunOutcome& outcome, int kind) {
 }
 
 void saveRecord(const std::string& path, const RecordHead& head, const RunOutcome& outcome,
-                const UnitImage& before, const EncodedSetup& setup) {
-  const Json record = recordOf(head, outcome, compare(before, setup));
+                const UnitImage& before) {
   try {
-    host().replaceFile(path, record.dump(2, ' ', false, Json::error_handler_t::replace) + '\n');
+    host().replaceFile(path, jsonOf(recordOf(head, outcome, before)));
   } catch (const RuntimeError& fault) {
     throw Problem(ExitCode::file, path + ": " + fault.what(), "The unit was written to.");
   }

@@ -4,7 +4,6 @@
 
 #include <string>
 
-#include "knowledge/EncodedSetup.h"
 #include "knowledge/UnitImage.h"
 #include "runs/Outcome.h"
 
@@ -20,6 +19,6 @@ UnitImage imageBefore(const RunOutcome& outcome, int kind);
 
 // Throws Problem when the file can't be written; the unit has been written to by then.
 void saveRecord(const std::string& path, const RecordHead& head, const RunOutcome& outcome,
-                const UnitImage& before, const EncodedSetup& setup);
+                const UnitImage& before);
 
 }  // namespace tool

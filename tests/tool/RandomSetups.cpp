@@ -44,5 +44,5 @@ void writeRandomSetup(std::mt19937& random, const std::string& path) {
   Memo[rec::cboBaud].value = 5;
   Memo[rec::cboParity].value = 1;
   Memo[rec::optCommunicationMode].flag = True;
-  tool::toolHost().replaceFile(path, configModelPart(1) + configSetupPart(1, 1));
+  host().replaceFile(path, configModelPart(1) + configSetupPart(1, 1));
 }

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "platform/qt/io/LineLock.h"
 #include "platform/qt/io/QtText.h"
 
 namespace {
@@ -94,6 +95,7 @@ std::optional<DeviceHolder> deviceHolder(const std::string& device) {
   auto holder = lockHolder(device);
   if (holder == QCoreApplication::applicationPid()) return std::nullopt;
   if (!holder) holder = openedBy(device);
+  if (const auto ofLine = LineLock(device).holder(); !holder && ofLine) holder = ofLine->process;
   if (!holder) return std::nullopt;
   return DeviceHolder{*holder, processName(*holder)};
 }

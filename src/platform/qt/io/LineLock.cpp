@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+// A line that one program has.
+#include "platform/qt/io/LineLock.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+#include "platform/qt/io/QtText.h"
+
+namespace {
+
+QString lockFile(const std::string& line) {
+  const QString device = QFileInfo(QString::fromStdString(line)).canonicalFilePath();
+  QString name = device.isEmpty() ? QString::fromStdString(line) : device;
+  for (QChar& letter : name) {
+    if (!letter.isLetterOrNumber() && letter != '.') letter = '_';
+  }
+  return QDir::tempPath() + "/torvane-line-" + name + ".lock";
+}
+
+}  // namespace
+
+LineLock::LineLock(const std::string& line) : file_(lockFile(line)) { file_.setStaleLockTime(0); }
+
+// Where no lock file can be made the line is open to all, as without one.
+bool LineLock::take() { return file_.tryLock() || file_.error() != QLockFile::LockFailedError; }
+
+std::optional<LineHolder> LineLock::holder() const {
+  qint64 process = 0;
+  QString host;
+  QString program;
+  if (!file_.getLockInfo(&process, &host, &program) || process <= 0) return std::nullopt;
+  const bool isAlive = QFileInfo::exists(QStringLiteral("/proc/%1").arg(process));
+  if (!isAlive || process == QCoreApplication::applicationPid()) return std::nullopt;
+  return LineHolder{process, typed(program)};
+}
