@@ -26,7 +26,7 @@ void resetDeviceState() {
 }
 
 void settleDeviceClass() {
-  const bool rkw77 = DeviceState.IsRkw77 != False;
+  const bool rkw77 = onRkw77Line();
   if (DeviceState.DeviceClass < 0 || (DeviceState.DeviceClass == 0) == rkw77) return;
   DeviceState.DeviceClass = rkw77 ? 0 : 1;
 }
@@ -36,7 +36,7 @@ int meterKind() {
   if (Memo[rec::menuKind].extra == 2) result = kind::simpleMenu;
   if (Memo[rec::monitorOnly].value == 1) result = kind::monitorOnly;
   if (Memo[rec::menuKind].extra == 1) result = kind::alarmsOnly;
-  if (DeviceState.IsRkw77 != False) result = kind::rkw77;
+  if (onRkw77Line()) result = kind::rkw77;
   return result;
 }
 
@@ -45,3 +45,5 @@ void resetModel() {
   DeviceState = {};
   BaseModel.clear();
 }
+
+bool setupHasMenu(std::int16_t menuKind) { return Memo[rec::menuKind].extra == menuKind; }

@@ -40,7 +40,7 @@ struct DeviceStateRecord {
   std::int16_t IsRkw77 = False;
   std::int32_t IsGr2 = 0;
   std::int32_t IsHyt = 0;
-  std::int32_t MenuKind = 0;  // 0 full, 1 alarms only, 2 simple menu
+  std::int32_t MenuKind = 0;  // one of menu
   std::int16_t ClassSeen = False;
   std::int16_t SpareFlag = False;
   std::int16_t AnalogFound = False;
@@ -49,12 +49,20 @@ struct DeviceStateRecord {
   bool operator==(const DeviceStateRecord&) const = default;
 };
 
+// What menu a unit has; it stands in DeviceState.MenuKind and, for files, in Memo[menuKind].
+namespace menu {
+enum : std::int16_t { full = 0, alarmsOnly = 1, simple = 2 };
+}
+
 // Written by the hardware dialog, identification and the file; read by almost everyone.
 extern HardwareRecord Hardware;
 extern DeviceStateRecord DeviceState;
 extern std::string BaseModel;
 
 inline constexpr const char* factoryBaseModel = "Tv[8,16,32]";
+
+// The unit, or the one that the setup is for, is of the Rkw77 line.
+inline bool onRkw77Line() { return DeviceState.IsRkw77 != False; }
 
 // What identification has found out is forgotten; a fit of analog or none turns into SSR.
 void resetDeviceState();
@@ -68,6 +76,10 @@ namespace kind {
 enum : int { fullController = 0, alarmsOnly = 1, simpleMenu = 2, monitorOnly = 3, rkw77 = 4 };
 }
 int meterKind();
+inline bool isSimpleMenuUnit() { return meterKind() == kind::simpleMenu; }
+
+// The menu that the setup names, whatever unit there is.
+bool setupHasMenu(std::int16_t menuKind);
 
 // For tests: the records as they are before the program starts.
 void resetModel();

@@ -61,7 +61,7 @@ void frmHardware::fitMainWindow() const {
     cycle->setEnabled(!analog);
   }
   if (!analog) return;
-  if (DeviceState.IsRkw77 == False) {
+  if (!onRkw77Line()) {
     Memo[rec::chkAl1Enabled].value = 0;
     editor.chkAl1Enabled.setValue(0);
     setTabsAvailable({tab::alarm1}, false);
@@ -153,7 +153,7 @@ void frmHardware::setFamily(std::int32_t code) {
   family_ = code;
   DeviceState.IsRkw77 = asFlag(code <= 0);
   loading_ = true;
-  if (DeviceState.IsRkw77 != False) {
+  if (onRkw77Line()) {
     offerRkw77Line();
   } else {
     offerFamily(code);

@@ -175,7 +175,7 @@ void sayWhereKept(const std::string& kept) {
 bool compareUnit() {
   UnitImage image;
   EncodedSetup setup;
-  const bool wasRkw77 = DeviceState.IsRkw77 != False;
+  const bool wasRkw77 = onRkw77Line();
   const RunOutcome outcome = runJob(true, [&](Run& run, Channel& channel) {
     run.view.commitTabs();
     setup = encodeSetup();

@@ -129,7 +129,7 @@ void frmHardware::showModel() {
 
 // Where nobody knows the unit the default is shown, unless the part number names a model of the present line.
 void frmHardware::showDefaultModel(int named) {
-  const bool ofThisLine = (familyCode(cboModel.list(named)) <= 0) == (DeviceState.IsRkw77 != False);
+  const bool ofThisLine = (familyCode(cboModel.list(named)) <= 0) == (onRkw77Line());
   if (named < 0 || !ofThisLine) cboModel.setListIndex(defaultRow);
   if (named >= 0) BaseModel = cboModel.list(cboModel.listIndex());
   family_ = familyCode(cboModel.list(cboModel.listIndex()));
@@ -179,7 +179,7 @@ void frmHardware::settleModel() {
 // A user sees the model and answers for it. Where nobody looks, the unit is what the run before took it for:
 // IsRkw77 tells it, while the class may still be that of the setup before.
 bool frmHardware::isRkw77Unit() const {
-  if (!visible()) return DeviceState.IsRkw77 != False;
+  if (!visible()) return onRkw77Line();
   const bool named = listedModelRow(cboModel.items(), Hardware.ModelNumber) >= 0;
   return named ? namesRkw77(BaseModel) : DeviceState.DeviceClass == rkw77Family;
 }

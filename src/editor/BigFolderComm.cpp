@@ -38,14 +38,8 @@ void frmBigFolder::wireCommTab() {
       optCommunicationMode_Click(index);
     };
   }
-  optRS232.onClick = [this] {
-    txtRS485Address.setEnabled(false);
-    warnOfModeChange();
-  };
-  optRS485.onClick = [this] {
-    txtRS485Address.setEnabled(true);
-    warnOfModeChange();
-  };
+  optRS232.onClick = [this] { optRS232_Click(); };
+  optRS485.onClick = [this] { optRS485_Click(); };
   txtRS485Address.onChange = warnOfModeChange;
   optPortNum(0).onClick = [this] { txtTCPPort.setText("1000"); };
   optPortNum(1).onClick = [this] { txtTCPPort.setText("2000"); };
@@ -55,6 +49,16 @@ void frmBigFolder::wireCommTab() {
     pickPortOption();
   };
   cmdAutoDetect.onClick = [this] { cmdAutoDetect_Click(); };
+}
+
+void frmBigFolder::optRS232_Click() {
+  txtRS485Address.setEnabled(false);
+  warnOfModeChange();
+}
+
+void frmBigFolder::optRS485_Click() {
+  txtRS485Address.setEnabled(true);
+  warnOfModeChange();
 }
 
 // A wizard that a run has filled in its own way begins anew. One that has found no unit changes nothing here.

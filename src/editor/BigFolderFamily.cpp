@@ -24,7 +24,7 @@ void offerRkw77Line(frmHardware& dialog) {
 void offerOtherFamilies(frmHardware& dialog) {
   dialog.chkAlarmsOnly.setValue(0);
   if (DeviceState.MenuKind == 1) dialog.chkAlarmsOnly.setValue(1);
-  if (DeviceState.MenuKind == 2) dialog.chkSimpleMenu.setValue(1);
+  if (DeviceState.MenuKind == menu::simple) dialog.chkSimpleMenu.setValue(1);
   dialog.chkAlarmsOnly.setEnabled(true);
   dialog.chkSimpleMenu.setEnabled(true);
   dialog.chkAllPartNumbers.setValue(0);
@@ -39,7 +39,7 @@ void offerOtherFamilies(frmHardware& dialog) {
 }  // namespace
 
 void frmBigFolder::applyDeviceClass() {
-  if (DeviceState.IsRkw77 != False) {
+  if (onRkw77Line()) {
     offerRkw77Line(form<frmHardware>());
     fitToRkw77Line();
   } else {

@@ -9,8 +9,6 @@
 
 namespace {
 
-enum : int { alarmsOnlyKind = 1, simpleMenuKind = 2 };
-
 void forceOnOff(ComboBox& control) {
   control.setListIndex(0);
   control.setText("On/Off");
@@ -21,7 +19,7 @@ void forceOnOff(ComboBox& control) {
 
 void frmBigFolder::cmdCnfg_Click() {
   writeMemo(tabBig.tab());
-  simpleMenuShown_ = Memo[rec::menuKind].extra == simpleMenuKind;
+  simpleMenuShown_ = setupHasMenu(menu::simple);
   if (isLoaded<frmHardware>() && !form<frmHardware>().isOfThisUnit()) ::unload<frmHardware>();
   if (SilentSetup != False) {
     settleDeviceClass();
@@ -49,14 +47,14 @@ void frmBigFolder::fitToModel() {
     for (int tab : {tab::out1, tab::out2, tab::rampSoak, tab::analog}) tabBig.setTabAvailable(tab, false);
   } else {
     fitToFullUnit();
-    if (Memo[rec::menuKind].extra == alarmsOnlyKind) fitToAlarmsOnly();
-    if (Memo[rec::menuKind].extra == simpleMenuKind) fitToSimpleMenu();
+    if (setupHasMenu(menu::alarmsOnly)) fitToAlarmsOnly();
+    if (setupHasMenu(menu::simple)) fitToSimpleMenu();
     fitAnalogOutput();
   }
   fraOut1Manual.setEnabled(true);
   HSOut1Low.setEnabled(false);
   HSOut1High.setEnabled(false);
-  if (DeviceState.IsRkw77 != False) {
+  if (onRkw77Line()) {
     chkAnalogOutputEnabled.setEnabled(false);
     chkAnalogOutputEnabled.setValue(0);
     fraOut1Manual.setEnabled(false);
@@ -117,7 +115,7 @@ void frmBigFolder::fitToSimpleMenu() {
 
 void frmBigFolder::fitAnalogOutput() {
   const bool analogOut = Hardware.Out1.Analog != False;
-  if (Memo[rec::menuKind].extra == simpleMenuKind) {
+  if (setupHasMenu(menu::simple)) {
     if (analogOut) {
       chkAnalogOutputEnabled.setValue(1);
       chkAnalogOutputEnabled.setEnabled(false);

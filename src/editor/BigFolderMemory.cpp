@@ -11,7 +11,6 @@ namespace {
 
 constexpr const char* tenthsPicture = "000.0";
 constexpr const char* fourDigitsPicture = "0000";
-constexpr std::int16_t simpleMenuKind = 2;
 
 }  // namespace
 
@@ -154,7 +153,7 @@ void frmBigFolder::writeMemo(std::int16_t tab) {
   for (const Field& field : fields_) {
     if (field.storeTab == tab && isInUse(field)) store(field);
   }
-  if (Memo[rec::menuKind].extra == simpleMenuKind) alignDeadBands();
+  if (setupHasMenu(menu::simple)) alignDeadBands();
   if (tab == 11) storeModelCopies();
 }
 
@@ -166,7 +165,7 @@ void frmBigFolder::alignDeadBands() {
 }
 
 bool frmBigFolder::isInUse(const Field& field) {
-  return field.menu == Menu::any || Memo[rec::menuKind].extra == simpleMenuKind;
+  return field.menu == Menu::any || setupHasMenu(menu::simple);
 }
 
 void frmBigFolder::reCover() {
@@ -182,7 +181,7 @@ std::string frmBigFolder::formDPt() const {
 
 void frmBigFolder::load(const Field& field) {
   const MemoField& record = Memo[field.record];
-  if (field.copy == Copy::positionText && DeviceState.IsRkw77 != False) return;
+  if (field.copy == Copy::positionText && onRkw77Line()) return;
   if (auto* const* box = std::get_if<TextBox*>(&field.control)) {
     switch (field.copy) {
       case Copy::fourDigits:

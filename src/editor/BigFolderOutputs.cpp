@@ -86,7 +86,7 @@ void frmBigFolder::fOut1Manual(bool enable) {
 }
 
 void frmBigFolder::chkOut1Self_Click() {
-  if (DeviceState.IsRkw77 != False) return;
+  if (onRkw77Line()) return;
   if (chkOut1Self.value() != 0) {
     fOut1Manual(false);
     enableAll({&HSOut1CycleT, &lblOut1CycleTDisplay, &txtOut1PB, &txtOut1Reset, &txtOut1Rate, &chkOut1Start},

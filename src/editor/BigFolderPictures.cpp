@@ -69,7 +69,7 @@ void frmBigFolder::doLKImage() {
              : range == oneVolt   ? &imgLK_switch1V
                                   : &imgLK_switch10V;
   }
-  const bool onShow = tabBig.tab() == tab::inputType && DeviceState.IsRkw77 != False;
+  const bool onShow = tabBig.tab() == tab::inputType && onRkw77Line();
   showOne({&imgLK_TC, &imgLK_RTD2Wire, &imgLK_RTD3Wire, &imgLK_RTD4Wire, &imgLK_RTD5002Wires,
            &imgLK_RTD5003Wires, &imgLK_RTD5004Wires, &imgLK_RTD1K2Wires, &imgLK_RTD1K3Wires,
            &imgLK_RTD1K4Wires, &imgLK_Proc100m, &imgLK_ProcV, &imgLK_ProcI},

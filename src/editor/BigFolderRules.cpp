@@ -12,8 +12,6 @@ namespace {
 
 enum : int { absolute = 0, deviation = 1 };
 
-bool isSimpleMenu() { return Memo[rec::menuKind].extra == 2; }
-
 // Which of the two set points an alarm uses.
 void setPointRule(const ComboBox& setup, TextBox& high, TextBox& low) {
   const int index = setup.listIndex();
@@ -86,9 +84,9 @@ void frmBigFolder::alarm1Enabled_Click() {
 
 void frmBigFolder::Al1Disabled(bool enable) {
   enableAll({&cboAl1Ctrl, &cboAl1Latch, &cboAl1Closure, &cboAl1Setup, &cboAl1WhenActiveColor}, enable);
-  if (isSimpleMenu()) {
+  if (setupHasMenu(menu::simple)) {
     enableAll({&fraAl1Deadband, &txtAl1Deadband}, enable);
-  } else if (DeviceState.IsRkw77 == False) {
+  } else if (!onRkw77Line()) {
     tabBig.setTabAvailable(tab::out1, !enable);
   }
   setPointRule(cboAl1Setup, txtAl1HiSp, txtAl1LoSp);
@@ -98,7 +96,7 @@ void frmBigFolder::Al1Disabled(bool enable) {
 void frmBigFolder::Al2Disabled(bool enable) {
   enableAll({&cboAl2Ctrl, &cboAl2Latch, &cboAl2Closure, &cboAl2Setup, &cboAl2WhenActiveColor}, enable);
   tabBig.setTabAvailable(tab::out2, !enable);
-  if (isSimpleMenu()) enableAll({&fraAl2Deadband, &txtAl2Deadband}, enable);
+  if (setupHasMenu(menu::simple)) enableAll({&fraAl2Deadband, &txtAl2Deadband}, enable);
   setPointRule(cboAl2Setup, txtAl2HiSp, txtAl2LoSp);
   if (!enable) enableAll({&txtAl2HiSp, &txtAl2LoSp}, false);
 }
@@ -106,7 +104,7 @@ void frmBigFolder::Al2Disabled(bool enable) {
 void frmBigFolder::cboAl1Ctrl_Click() {
   if (cboAl1Ctrl.listIndex() == deviation) {
     alarmSetup::offerBand(cboAl1Setup);
-  } else if (cboAl1Ctrl.listIndex() == absolute && isSimpleMenu()) {
+  } else if (cboAl1Ctrl.listIndex() == absolute && setupHasMenu(menu::simple)) {
     alarmSetup::withdrawHiLo(cboAl1Setup);
   } else if (cboAl1Ctrl.listIndex() == absolute) {
     alarmSetup::offerHiLo(cboAl1Setup);
@@ -121,7 +119,7 @@ void frmBigFolder::cboAl2Ctrl_Click() {
   const bool threeOfAlarm1 = cboAl1Setup.listCount() == alarmSetup::absoluteCount;
   if (cboAl2Ctrl.listIndex() == deviation) {
     alarmSetup::offerBand(cboAl2Setup);
-  } else if (cboAl2Ctrl.listIndex() == absolute && isSimpleMenu()) {
+  } else if (cboAl2Ctrl.listIndex() == absolute && setupHasMenu(menu::simple)) {
     if (threeOfAlarm1) alarmSetup::withdrawHiLo(cboAl2Setup);
   } else if (cboAl2Ctrl.listIndex() == absolute) {
     if (threeOfAlarm1) alarmSetup::offerHiLo(cboAl2Setup);

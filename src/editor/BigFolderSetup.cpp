@@ -13,8 +13,6 @@
 
 namespace {
 
-constexpr std::int16_t simpleMenuKind = 2;
-
 // They hold boxes in the reading format, or choices that another of them may take away meanwhile.
 constexpr std::int16_t tabsShownTwice[] = {tab::setpoints, tab::alarm1, tab::alarm2,
                                            tab::lbAlarm,   tab::out1,   tab::out2};
@@ -25,10 +23,8 @@ bool isInPicture(const std::string& text, std::string_view picture) {
   return same;
 }
 
-bool isSimpleMenu() { return Memo[rec::menuKind].extra == simpleMenuKind; }
-
 int setupCount(const ComboBox& control) {
-  if (isSimpleMenu()) return alarmSetup::simpleCount;
+  if (setupHasMenu(menu::simple)) return alarmSetup::simpleCount;
   return control.listIndex() > 0 ? alarmSetup::deviationCount : alarmSetup::absoluteCount;
 }
 
@@ -49,7 +45,7 @@ void frmBigFolder::showRecords(const Handler& between) {
   showAlarmSetups();
   cboOut1Ctrl_Click();  // an analog output forces it, also where the setup before showed the same choice
   chkOut1Start.setValue(canAutoTune() ? Memo[rec::chkOut1Start].value : 0);
-  simpleMenuShown_ = isSimpleMenu();
+  simpleMenuShown_ = setupHasMenu(menu::simple);
   formatChosen_ = false;
 }
 
@@ -108,8 +104,8 @@ void frmBigFolder::repairReadings() {
 }
 
 void frmBigFolder::followMenu() {
-  if (isSimpleMenu() == simpleMenuShown_) return;
-  simpleMenuShown_ = isSimpleMenu();
+  if (setupHasMenu(menu::simple) == simpleMenuShown_) return;
+  simpleMenuShown_ = setupHasMenu(menu::simple);
   showDeadBands();
 }
 

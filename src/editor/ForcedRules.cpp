@@ -11,9 +11,8 @@ namespace {
 bool flag(int record) { return Memo[record].flag != False; }
 bool ticked(int record) { return Memo[record].value != 0; }
 bool hasAnalogOutput() { return Hardware.Out1.Analog != False; }
-bool isRkw77() { return DeviceState.IsRkw77 != False; }
-bool isAlarmsOnly() { return Memo[rec::menuKind].extra == 1; }
-bool isSimpleMenu() { return Memo[rec::menuKind].extra == 2; }
+bool isAlarmsOnly() { return setupHasMenu(menu::alarmsOnly); }
+bool isSimpleMenu() { return setupHasMenu(menu::simple); }
 
 bool isTemperature() { return flag(rec::optInType) || flag(rec::optInType + 1); }
 bool hasFineFormat() { return flag(rec::optDpoint + 2) || flag(rec::optDpoint + 3); }
@@ -71,12 +70,12 @@ std::span<const ForcedRule> forcedRules() {
        "The analog output is on",
        [] { return isSimpleMenu() && hasAnalogOutput(); }},
       {{rec::chkLBAEnabled}, "Alarms only", "The loop break alarm is off", isAlarmsOnly},
-      {{rec::chkAnalogOutputEnabled}, "Rkw77 line", "The analog output is off", isRkw77},
+      {{rec::chkAnalogOutputEnabled}, "Rkw77 line", "The analog output is off", onRkw77Line},
       {{rec::cboOut1Ctrl}, "Output 1 is analog", "PID", hasAnalogOutput},
       {{rec::chkAl1Enabled},
        "Output 1 is analog and takes alarm 1's place",
        "Alarm 1 is off",
-       [] { return hasAnalogOutput() && !isRkw77(); }},
+       [] { return hasAnalogOutput() && !onRkw77Line(); }},
       {{rec::chkOut1Start},
        "Auto-tune is to start, and no output is in PID with auto PID",
        "It doesn't start",

@@ -175,6 +175,8 @@ class frmBigFolder : public BigFolderControls {
   void cmdUndo_Click();
   void firstLooks();
   void wireCommTab();
+  void optRS232_Click();
+  void optRS485_Click();
   void wireEntries();
   void validate(TextBox& box, const EntryField& field);
   void validate(std::initializer_list<TextBox*> boxes);

@@ -52,7 +52,7 @@ bool never() { return false; }
 bool full() { return meterKind() == kind::fullController; }
 bool simple() { return meterKind() == kind::simpleMenu; }
 bool notSimple() { return !simple(); }
-bool readable() { return DeviceState.IsRkw77 == False; }
+bool readable() { return !onRkw77Line(); }
 bool notReadable() { return !readable(); }
 
 template <int record>

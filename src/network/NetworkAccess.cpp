@@ -51,7 +51,7 @@ constexpr AccessVerdict verdicts[] = {
 };
 
 const AccessVerdict* verdictOn(std::int32_t result) {
-  const Chosen chosen = DeviceState.IsRkw77 != False ? Chosen::larkspur : Chosen::torvane;
+  const Chosen chosen = onRkw77Line() ? Chosen::larkspur : Chosen::torvane;
   const auto found = std::ranges::find_if(verdicts, [&](const AccessVerdict& each) {
     return each.result == result && (each.chosen == Chosen::any || each.chosen == chosen);
   });

@@ -61,6 +61,9 @@ Encoded makeColors();         // 11
 Encoded makeMiscellaneous();  // 24: ID protection, self control, set point deviation
 Encoded makeBusFormat();      // 1F
 Encoded makeRS485Address();   // 21
+// "01" if the box is checked in the way that -1 tells, else "00". No register takes it: bit 0 of 09 says the
+// same of the unit.
+std::string makeAnalogOutputEnable();
 
 // The four that do arithmetic stand in protocol/Scale.h.
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Encoders of the bit registers, each bit in the order of the unit's manual.
 #include "core/Memo.h"
+#include "core/Model.h"
 #include "core/NumberText.h"
 #include "protocol/Encoders.h"
 #include "protocol/EncodersMasks.h"
@@ -22,8 +23,6 @@ class RegisterSum {
 
 std::int16_t valueOf(int record) { return Memo[record].value; }
 bool isFlagged(int record) { return Memo[record].flag != False; }
-bool isSimpleMenu() { return meterKind() == kind::simpleMenu; }
-bool isRkw77() { return DeviceState.IsRkw77 != False; }
 
 // Curve "392" counts the wires from 0, curve "385" from 3; more wires than three kinds count as none.
 int curveAndWires() {
@@ -49,7 +48,7 @@ int readingFormatCode() {
 
 // The analog output's enable and the alarm's share a bit; the simple menu has it always on.
 bool isAl1On() {
-  return isSimpleMenu() || valueOf(rec::chkAnalogOutputEnabled) == 1 || valueOf(rec::chkAl1Enabled) == 1;
+  return isSimpleMenuUnit() || valueOf(rec::chkAnalogOutputEnabled) == 1 || valueOf(rec::chkAl1Enabled) == 1;
 }
 
 // With an analog output in position 1, alarm 2's latch asks for alarm 1's too.
@@ -59,7 +58,7 @@ bool isAl1Latched() {
 
 // The simple menu keeps an alarm's "Above" in the output's action.
 int action(int setupRecord, int actionRecord) {
-  if (isSimpleMenu()) return valueOf(setupRecord) == 0 ? 1 : 0;
+  if (isSimpleMenuUnit()) return valueOf(setupRecord) == 0 ? 1 : 0;
   return valueOf(actionRecord);
 }
 
@@ -112,8 +111,8 @@ Encoded makeAl1Cnfg() {
 // Bit 7 is the analog output's mode, which rides in the alarm's register.
 Encoded makeAl2Cnfg() {
   RegisterSum sum;
-  sum.bit(0, isSimpleMenu() || valueOf(rec::chkAl2Enabled) == 1);
-  sum.bit(1, !isSimpleMenu() && valueOf(rec::cboAl2Ctrl) != 0);
+  sum.bit(0, isSimpleMenuUnit() || valueOf(rec::chkAl2Enabled) == 1);
+  sum.bit(1, !isSimpleMenuUnit() && valueOf(rec::cboAl2Ctrl) != 0);
   sum.bit(2, valueOf(rec::cboAl2Latch) == 0);
   sum.bit(3, valueOf(rec::cboAl2Closure) != 0);
   sum.field(4, valueOf(rec::cboAl2Setup));
@@ -126,7 +125,7 @@ Encoded makeAl2Cnfg() {
 Encoded makeOut1Cnfg() {
   const bool from4mA = isFlagged(rec::opt420mA);
   RegisterSum sum;
-  if (isRkw77() && from4mA) {
+  if (onRkw77Line() && from4mA) {
     sum.bit(6, true);
   } else {
     sum.field(0, valueOf(rec::cboOut1Ctrl));
@@ -136,7 +135,7 @@ Encoded makeOut1Cnfg() {
   sum.field(4, valueOf(rec::chkOut1Anti));
   sum.field(5, valueOf(rec::chkOut1Start));
   sum.bit(6, from4mA);
-  sum.bit(7, isSimpleMenu());
+  sum.bit(7, isSimpleMenuUnit());
   return {sum.digits(), maskFor<0x0C>()};
 }
 
@@ -173,8 +172,10 @@ Encoded makeMiscellaneous() {
 Encoded makeBusFormat() {
   RegisterSum sum;
   sum.bit(2, true);
-  sum.bit(3, isRkw77() ? Hardware.BusMode >= 1 : isFlagged(rec::optRS485));
+  sum.bit(3, onRkw77Line() ? Hardware.BusMode >= 1 : isFlagged(rec::optRS485));
   sum.bit(4, true);
   sum.bit(5, true);
   return {sum.digits(), maskFor<0x1F>()};
 }
+
+std::string makeAnalogOutputEnable() { return valueOf(rec::chkAnalogOutputEnabled) == -1 ? "01" : "00"; }

@@ -9,7 +9,6 @@
 #include <string_view>
 
 #include "protocol/Scale.h"
-#include "reading/Decoders.h"
 
 namespace {
 

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "protocol/Encoders.h"
+#include "reading/Decoders.h"
 
 // What is peculiar to a row. Anything else is read and written as it stands.
 enum class StepRule {
@@ -26,7 +27,7 @@ struct RegisterStep {
   int percent;      // the bar after this row; unchanged: it stays
   StepRule rule;
   Encoded (*encode)();
-  std::string (*decode)(const std::string& reply);
+  ReadParser decode;
   bool onRkw77;      // whether a read asks a unit of the Rkw77 line for it
   const char* name;  // what a technician calls it
   const char* writeLabel;

@@ -4,6 +4,8 @@
 
 #include <string>
 
+using ReadParser = std::string (*)(const std::string& reply);
+
 // A decoder takes the whole reply line. What stands after the first "R" and two more characters is the
 // payload; a reply without one gives "Fail" and leaves the records as they were. Otherwise the result is what
 // the status shows: the text that was stored, the number, or for a register of bits the payload itself.

@@ -96,7 +96,7 @@ std::string parseAl2Cnfg(const std::string& reply) {
     Memo[rec::cboAl2Latch].value = inverted(bit(v, 2));
     Memo[rec::cboAl2Closure].value = bit(v, 3);
     Memo[rec::cboAl2Setup].value = field(v, 4, 3);
-    if (DeviceState.IsRkw77 != False) return;
+    if (onRkw77Line()) return;
     Memo[rec::optAOutV].flag = asFlag(bit(v, 7) == 0);
     Memo[rec::optAOutI].flag = flagOf(v, 7);
   });
@@ -111,7 +111,7 @@ std::string parseOut1Cnfg(const std::string& reply) {
     Memo[rec::chkOut1Start].value = bit(v, 5);
     Memo[rec::opt420mA].flag = flagOf(v, 6);
     Memo[rec::opt020mA].flag = asFlag(bit(v, 6) == 0);
-    if (meterKind() == kind::simpleMenu) Memo[rec::cboAl1Setup].value = inverted(bit(v, 1));
+    if (isSimpleMenuUnit()) Memo[rec::cboAl1Setup].value = inverted(bit(v, 1));
   });
 }
 
@@ -123,7 +123,7 @@ std::string parseOut2Cnfg(const std::string& reply) {
     Memo[rec::chkRampEn].value = bit(v, 3);
     Memo[rec::chkSoakEn].value = bit(v, 4);
     Memo[rec::lstOut1DamFactor].value = field(v, 5, 7);
-    if (meterKind() == kind::simpleMenu) Memo[rec::cboAl2Setup].value = inverted(bit(v, 1));
+    if (isSimpleMenuUnit()) Memo[rec::cboAl2Setup].value = inverted(bit(v, 1));
   });
 }
 

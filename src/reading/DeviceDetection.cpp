@@ -111,7 +111,7 @@ void DeviceDetection::CheckResponse(std::string_view reply, std::int32_t& result
 // The reply from its echo on. `error`: the unit has refused the command, or left the address out.
 std::string DeviceDetection::screened(std::string_view reply, bool& error) const {
   std::string text(reply);
-  if (echoSeen_ && echoShifted_ && reply.size() > 1) {
+  if (echoSeen && echoShifted && reply.size() > 1) {
     if (reply.front() == '?') {
       error = true;
     } else {
@@ -129,12 +129,12 @@ void DeviceDetection::judgeReading(std::string reply) {
   if (reply.size() > echoLength) {
     const bool plain = beginsWith(reply, "X01");
     const bool shifted = !plain && beginsWith(reply.substr(shift), "X01");
-    echoSeen_ = plain || shifted;
+    echoSeen = plain || shifted;
     if (shifted) {
-      echoShifted_ = true;
+      echoShifted = true;
       reply = upperCase(reply.substr(shift));
     }
-    if (echoSeen_) prefix = echoLength + 1;
+    if (echoSeen) prefix = echoLength + 1;
   }
   response = reply;
   if (reply.size() <= prefix || reply.size() >= readingTooLong) return finish(family::useless);
@@ -155,7 +155,7 @@ void DeviceDetection::judgeRegister(const std::string& reply, bool error) {
   }
   if (meaning->next != stays) detectionStep = meaning->next;
   const bool old = meaning->result == family::oldWithout;
-  decide(old && echoShifted_ ? family::oldWithEcho : meaning->result);
+  decide(old && echoShifted ? family::oldWithEcho : meaning->result);
 }
 
 // A strain unit doesn't know the command, and that is how it is told.

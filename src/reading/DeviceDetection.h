@@ -34,7 +34,9 @@ class DeviceDetection {
   std::int32_t detectionStep = 0;  // 0, 1, 40, 60, 61, 62 or finished
   std::int32_t detectionResult = family::undecided;
   std::string detectedName = "(none)";
-  std::string response;  // the last reply without its echo
+  std::string response;      // the last reply without its echo
+  bool echoSeen = false;     // the unit has echoed the command ...
+  bool echoShifted = false;  // ... two characters into the reply
 
   // For a new unit.
   void Reset();
@@ -50,7 +52,4 @@ class DeviceDetection {
   void judgeStrain(const std::string& reply, bool& error);
   void decide(std::int32_t result);
   void finish(std::int32_t result);
-
-  bool echoSeen_ = false;     // the unit has echoed the command ...
-  bool echoShifted_ = false;  // ... two characters into the reply
 };

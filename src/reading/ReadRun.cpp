@@ -14,7 +14,7 @@ namespace {
 
 using Rows = std::span<const RegisterStep>;
 
-bool isRead(const RegisterStep& row) { return row.onRkw77 || DeviceState.IsRkw77 == False; }
+bool isRead(const RegisterStep& row) { return row.onRkw77 || !onRkw77Line(); }
 
 void note(Run& run, const RegisterStep& row, const Channel& channel, const std::string& result) {
   const bool failed = result == "Fail";
@@ -45,7 +45,7 @@ void readRow(Run& run, Channel& channel, const RegisterStep& row) {
     run.view.upStat(false, std::string(readLabelOf(row, channel.rules().networkLabels)) + "\r");
     const std::string result = decoded(run, channel, row);
     // The Rkw77 line has no analog output to enable: its alarm 2 register takes the choice off the window.
-    if (row.decode == parseAl2Cnfg && result != "Fail" && DeviceState.IsRkw77 != False) {
+    if (row.decode == parseAl2Cnfg && result != "Fail" && onRkw77Line()) {
       run.view.takeAnalogOutputAway();
     }
     note(run, row, channel, result);

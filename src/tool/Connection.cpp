@@ -214,7 +214,7 @@ void Connection::meetOverBridge() {
   view_.quiet = true;
   if (!NetworkCommunicationOK(run_, network_, detection_, false)) {
     if (run_.outcome.end != RunEnd::otherLine) noUnit(lineText(line_.name), view_.said);
-    DeviceState.IsRkw77 = asFlag(DeviceState.IsRkw77 == False);
+    DeviceState.IsRkw77 = asFlag(!onRkw77Line());
     run_.outcome.end = RunEnd::finished;
   }
   view_.quiet = false;
@@ -333,7 +333,7 @@ void Connection::read() {
   if (run_.outcome.end != RunEnd::otherLine) return;
   if (namesLine(line_.model))
     noUnit(lineText(line_.name), "A unit of the other line than " + line_.model + " answers there.");
-  DeviceState.IsRkw77 = asFlag(DeviceState.IsRkw77 == False);
+  DeviceState.IsRkw77 = asFlag(!onRkw77Line());
   begin(true);
   Global.ReadConfirmed = 1;
   overBridge();

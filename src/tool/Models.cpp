@@ -36,7 +36,7 @@ UnitFamily lineOf(const std::string& model) {
 }
 
 std::string typeOfUnit() {
-  if (DeviceState.IsRkw77 != False) return types[0];
+  if (onRkw77Line()) return types[0];
   const auto place = static_cast<std::size_t>(DeviceState.DeviceClass);
   return DeviceState.DeviceClass > 0 && place < types.size() ? types[place] : "";
 }
@@ -50,7 +50,7 @@ std::string typeIn(const std::string& unit) {
 std::string modelFault(const std::string& model) {
   if (model.empty()) return "";
   const std::string type = typeOfUnit();
-  const UnitFamily family = DeviceState.IsRkw77 != False ? UnitFamily::rkw77 : UnitFamily::torvane;
+  const UnitFamily family = onRkw77Line() ? UnitFamily::rkw77 : UnitFamily::torvane;
   const std::string is = type.empty() ? std::string("a unit") : "a unit of type " + type;
   if (lineOf(model) != family) return is + " answers in place of " + model;
   if (isType(model)) return distance(type, model) == 0 ? "" : is + " answers in place of " + model;
