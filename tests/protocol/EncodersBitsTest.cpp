@@ -330,7 +330,7 @@ TEST(EncodersBits, AnalogOutputEnableHearsOnlyMinusOne) {
     Memo[rec::chkAnalogOutputEnabled].value = static_cast<std::int16_t>(value);
     EXPECT_EQ(makeAnalogOutputEnable(), payload) << value;
   }
-  resetMemo();
+  Memo[rec::chkAnalogOutputEnabled].value = 0;
 }
 
 }  // namespace
