@@ -325,7 +325,7 @@ TEST_F(EncodersBits, FieldsBeyond16BitsAreAnOverflow) {
   }
 }
 
-TEST(EncodersBits, AnalogOutputEnableHearsOnlyMinusOne) {
+TEST_F(EncodersBits, AnalogOutputEnableHearsOnlyMinusOne) {
   for (const auto& [value, payload] : {std::pair{-1, "01"}, {0, "00"}, {1, "00"}}) {
     Memo[rec::chkAnalogOutputEnabled].value = static_cast<std::int16_t>(value);
     EXPECT_EQ(makeAnalogOutputEnable(), payload) << value;
