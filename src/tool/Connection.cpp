@@ -68,6 +68,7 @@ Connection::Connection(const LineArguments& line)
   Global.CancelFlag = False;
   takeLine();
   if (!line_.name.overBridge()) mustBeOpenable();
+  if (line_.name.overBridge()) view_.watchLine = [this] { watchBridge(); };
 }
 
 // For as long as there is a run with it.
@@ -274,9 +275,20 @@ void Connection::overSerial(const std::function<void()>& job) { noteLostLine(att
 // A run that broke off, or a line that went away meanwhile, is a fault of the line, however many registers
 // took before it.
 void Connection::noteLostLine(bool cameToItsEnd) {
+  if (bridgeIsLost_ && !wasInterrupted()) run_.outcome.end = RunEnd::wiring;
   if (run_.outcome.end != RunEnd::finished) return;
   const bool goesOn = run_.outcome.count(Verdict::failed) == 0 || isReachable();
   if (!cameToItsEnd || !goesOn) run_.outcome.end = RunEnd::wiring;
+}
+
+// A register without a bridge takes a quarter of a minute to fail; the others are not tried then.
+void Connection::watchBridge() {
+  const std::vector<RegisterOutcome>& registers = run_.outcome.registers;
+  if (bridgeIsLost_ || registers.size() == registersWatched_) return;
+  registersWatched_ = registers.size();
+  if (registers.empty() || registers.back().verdict != Verdict::failed || isReachable()) return;
+  bridgeIsLost_ = true;
+  Global.CancelFlag = True;
 }
 
 bool Connection::isReachable() {

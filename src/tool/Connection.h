@@ -69,11 +69,14 @@ class Connection {
   void takeLine();
   void noteLostLine(bool cameToItsEnd);
   bool isReachable();
+  void watchBridge();
   void mustFitModel() const;
   [[noreturn]] void otherLine() const;
   Channel& channel();
 
   LineArguments line_;
+  bool bridgeIsLost_ = false;
+  std::size_t registersWatched_ = 0;
   ShellView view_;
   Run run_{view_};
   std::optional<LineLock> lock_;

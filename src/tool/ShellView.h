@@ -19,9 +19,12 @@ class ShellView : public RunView {
 
   std::string said;    // the text of the last box
   bool quiet = false;  // boxes are kept and not shown: whoever runs it tells itself what it came to
-  std::function<void()> onStatus;  // called with each word of the narrative; may be empty
+  // Called with each word of the narrative; may be empty.
+  std::function<void()> onStatus;
+  std::function<void()> watchLine;
 
   void upStat(bool, std::string_view) override {
+    if (watchLine) watchLine();
     if (onStatus) onStatus();
   }
   void upProg(std::int16_t percent) override;
