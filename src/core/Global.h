@@ -11,6 +11,7 @@ struct GlobalState {
   std::int16_t FirstActivationDone = 0;  // the main window has been active once; written by it
   std::string FirmwareVersion;           // version found in the connected unit; written by comOK
   std::int16_t CancelFlag = 0;           // the user wants out of a run; written by frmSerial and frmWizard
+  std::string WarningReason;             // what frmWarning says besides WarningText; empty: nothing
   std::string FileName;                  // .cfg file last opened or saved
   std::int16_t DeviceSpecified = 0;      // a model has been fixed; written by frmHardware, cmdFactoryDefaults
   std::int16_t ResetAfterWrite = 0;      // "Reset" preference: reset the unit when a write ends

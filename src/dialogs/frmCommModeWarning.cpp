@@ -38,6 +38,7 @@ std::string warning() { return changeOfMode + std::string(blanksBetween, ' ') + 
 }  // namespace
 
 frmCommModeWarning::frmCommModeWarning() : Form("frmCommModeWarning", "Communication mode change warning") {
+  aside = true;
   txtWarning.onChange = [this] { txtWarning.setText(warning()); };
   cmdCommWarning.onClick = [this] { unload(); };
 }

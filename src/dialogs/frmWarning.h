@@ -9,6 +9,7 @@ class frmWarning : public Form {
   frmWarning();
 
   Label lblWarning{*this, "lblWarning"};
+  Label lblReason{*this, "lblReason"};  // where only the form of an entry has changed
   CheckBox chkWarning{*this, "chkWarning", "&Enabled Warning During Data Entry"};
   CommandButton cmdOk{*this, "cmdOk", "&OK", "Discard change on current tab"};
 

@@ -20,8 +20,7 @@ constexpr std::uint32_t red = 0x0000FF;  // red is the low byte
 constexpr int initialPort = 1000;
 constexpr int typicalPort = 2000;
 
-// Told beside the main window, and not again while it still stands there. While a run or a dialog has the
-// screen, it waits behind it.
+// Told beside the main window, and not again while it still stands there.
 void warnOfModeChange() {
   attempt([] { form<frmCommModeWarning>().show(); });
 }

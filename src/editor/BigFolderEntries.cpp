@@ -32,15 +32,35 @@ void frmBigFolder::wireEntries() {
         &txtAOutOut1,     &txtAOutRd2,      &txtAOutOut2, &txtRS485Address}) {
     box->onKeyPress =
         box->onValidate = [this, box, &field = entryField(box->name())] { validate(*box, field); };
+    const std::size_t end = box->toolTip().find(", in the format of the Reading tab");
+    if (end != std::string::npos) readingTips_.emplace_back(box, box->toolTip().substr(0, end));
   }
   for (int index = 0; index < 4; ++index) {
     optDpoint(static_cast<std::size_t>(index)).onClick = [this, index] { optDpoint_Click(index); };
   }
 }
 
+// As "Setpoint 1, -199.9 to 999.9 F": the range is that of the format, the unit that of the reading.
+void frmBigFolder::showRanges() {
+  for (const auto& [box, tip] : readingTips_) {
+    const std::string range = readingRangeText(entryField(box->name()), {formDPt(), optAOutV.value()});
+    const std::string unit = optInType(2).value() ? "counts" : cboTUnit.text();
+    box->setToolTip(tip + ", " + range + " " + unit);
+  }
+}
+
+// "12" and "012.0": a warning that says no more than that the text has changed is a riddle.
+void frmBigFolder::explain(const std::string& typed, const std::string& repaired) {
+  const bool same = !typed.empty() && typed.find_first_not_of("0123456789.-") == typed.npos &&
+                    entryNumber(typed) == entryNumber(repaired);
+  Global.WarningReason =
+      same ? "The number is the same: \"" + typed + "\" is written \"" + repaired + "\" here." : "";
+}
+
 // The warning comes first: what was typed stands behind it until it has been read.
 void frmBigFolder::validate(TextBox& box, const EntryField& field) {
   const Repair repaired = repair(field, box.text(), {formDPt(), optAOutV.value()});
+  explain(box.text(), repaired.text);
   if (repaired.differs) warn();
   box.setText(repaired.text);
 }

@@ -2,6 +2,7 @@
 // The keys that act anywhere in the main window.
 #include "dialogs/Report.h"
 #include "dialogs/SetupFiles.h"
+#include "dialogs/frmCommModeWarning.h"
 #include "editor/frmBigFolder.h"
 
 void frmBigFolder::wireKeys() {
@@ -9,6 +10,7 @@ void frmBigFolder::wireKeys() {
                {"Ctrl+PgDown", [this] { stepToTabInUse(1); }},
                {"Ctrl+Shift+Tab", [this] { stepToTabInUse(-1); }},
                {"Ctrl+PgUp", [this] { stepToTabInUse(-1); }},
+               {"Esc", [] { ::unload<frmCommModeWarning>(); }},  // which takes no keys itself
                {"Ctrl+O", [this] { cmdOpen.userClicked(); }},
                {"Ctrl+S", [] { saveConfigurationAs(); }},
                {"Ctrl+P", [this] {

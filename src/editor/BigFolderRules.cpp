@@ -34,8 +34,15 @@ void frmBigFolder::wireDependentControls() {
   lstProc.onClick = cboRTDValue.onClick = cboRTDWires.onClick = [this] { doInputImage(); };
   chkAl1Enabled.onClick = [this] { alarm1Enabled_Click(); };
   chkAl2Enabled.onClick = [this] { Al2Disabled(chkAl2Enabled.value() != 0); };
-  cboAl1Setup.onClick = [this] { setPointRule(cboAl1Setup, txtAl1HiSp, txtAl1LoSp); };
-  cboAl2Setup.onClick = [this] { setPointRule(cboAl2Setup, txtAl2HiSp, txtAl2LoSp); };
+  // An alarm that is off has no set points in use, whatever action a setup that is shown brings along.
+  cboAl1Setup.onClick = [this] {
+    setPointRule(cboAl1Setup, txtAl1HiSp, txtAl1LoSp);
+    if (chkAl1Enabled.value() == 0) enableAll({&txtAl1HiSp, &txtAl1LoSp}, false);
+  };
+  cboAl2Setup.onClick = [this] {
+    setPointRule(cboAl2Setup, txtAl2HiSp, txtAl2LoSp);
+    if (chkAl2Enabled.value() == 0) enableAll({&txtAl2HiSp, &txtAl2LoSp}, false);
+  };
   cboAl1Ctrl.onClick = [this] { cboAl1Ctrl_Click(); };
   cboAl2Ctrl.onClick = [this] { cboAl2Ctrl_Click(); };
   chkIDEnabled.onClick = [this] { idDisable(chkIDEnabled.value() != 0); };

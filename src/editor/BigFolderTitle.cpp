@@ -36,7 +36,10 @@ void frmBigFolder::takeAsInFile() {
   showTitle();
 }
 
-void frmBigFolder::Form_Settled() { showTitle(); }
+void frmBigFolder::Form_Settled() {
+  showTitle();
+  showRanges();
+}
 
 void frmBigFolder::Form_FileDropped(const std::string& path) { openNamed(path); }
 

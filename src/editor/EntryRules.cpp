@@ -210,6 +210,15 @@ Repair repair(const EntryField& field, const std::string& typed, const EntryForm
   return {inPicture(value, shownIn(field, value), form), differs};
 }
 
+std::string readingRangeText(const EntryField& field, const EntryForm& form) {
+  if (field.value != Value::reading && field.value != Value::absReading) return "";
+  constexpr std::string_view pictures[] = {"0000.", "000.0", "00.00", "0.000"};
+  const auto at = std::ranges::find(pictures, form.formDPt) - std::begin(pictures);
+  const ReadingRange& range = readingRanges[std::min<std::ptrdiff_t>(at, std::ssize(pictures) - 1)];
+  const double least = field.value == Value::absReading ? 0 : range.minimum;
+  return numberText(least) + " to " + numberText(range.maximum);
+}
+
 std::string valSp(std::string_view text) { return withinReading(entryNumber(text)); }
 
 std::string valTime(std::string_view text) {

@@ -62,6 +62,9 @@ struct Repair {
 // The common validator. Sets Global.WarningText by the way.
 Repair repair(const EntryField& field, const std::string& typed, const EntryForm& form);
 
+// What a box of the reading may hold, as "-199.9 to 999.9"; empty for a field with limits of its own.
+std::string readingRangeText(const EntryField& field, const EntryForm& form);
+
 // The number at the start of the text, kept to the range of the reading format of the records. A value out of
 // range gives the limit and leaves what to do about it in Global.WarningText. Not yet formatted.
 std::string valSp(std::string_view text);

@@ -10,6 +10,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -178,6 +179,8 @@ class frmBigFolder : public BigFolderControls {
   void optRS232_Click();
   void optRS485_Click();
   void wireEntries();
+  void showRanges();
+  static void explain(const std::string& typed, const std::string& repaired);
   void validate(TextBox& box, const EntryField& field);
   void validate(std::initializer_list<TextBox*> boxes);
   void showPortState(std::uint32_t color, std::string_view words, std::string_view hint);
@@ -219,6 +222,8 @@ class frmBigFolder : public BigFolderControls {
   bool formatChosen_ = false;        // a reading format was chosen since all records were shown or committed
   std::optional<MemoArray> inFile_;  // the setup as the file holds it
   std::string modelInFile_;
+  std::vector<std::pair<TextBox*, std::string>>
+      readingTips_;  // boxes whose tip ends in a range, and its beginning
   Registry settings_;
   std::optional<SetupSnapshot> undo_;
   std::string undoName_;

@@ -91,7 +91,9 @@ void Form::hide() {
 
 void Form::centre() { host().centre(*this); }
 
-bool Form::reachable() const { return shown_ && (Forms.modal.empty() || Forms.modal.back() == this); }
+bool Form::reachable() const {
+  return shown_ && (aside || Forms.modal.empty() || Forms.modal.back() == this);
+}
 
 void Form::userClosed() {
   if (!reachable()) return;

@@ -73,6 +73,7 @@ class Form : public Container, public std::enable_shared_from_this<Form> {
   std::vector<Control*> controls;   // in the order of their declaration
   std::vector<Shortcut> shortcuts;  // set before the form has a window
   bool takesFiles = false;          // the same
+  bool aside = false;               // stands beside the others and can be used while a dialog is in front
   Handler onRedraw;                 // set by the view: the caption has changed
 
  private:

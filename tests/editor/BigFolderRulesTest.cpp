@@ -21,6 +21,12 @@ TEST_P(RuleOf, SetsWhatItSaysAndNothingElse) { expectRule(editor, GetParam()); }
 void simpleMenu() { Memo[rec::menuKind].extra = 2; }
 void secondFamily() { DeviceState.IsRkw77 = True; }
 
+// An alarm that is off has no set points in use.
+void alarmsOn(Editor& e) {
+  e.chkAl1Enabled.setValue(1);
+  e.chkAl2Enabled.setValue(1);
+}
+
 const Rule alarmRules[] = {
     {"alarm 1 ticked",
      nothing,
@@ -93,19 +99,35 @@ const Rule alarmRules[] = {
      "",
      {},
      {8}},
-    {"alarm 1 above", [](Editor& e) { e.cboAl1Setup.setListIndex(1); },
+    {"alarm 1 above",
+     [](Editor& e) {
+       alarmsOn(e);
+       e.cboAl1Setup.setListIndex(1);
+     },
      [](Editor& e) { e.cboAl1Setup.setListIndex(0); }, "txtAl1HiSp", "txtAl1LoSp"},
-    {"alarm 1 below", nothing, [](Editor& e) { e.cboAl1Setup.setListIndex(1); }, "txtAl1LoSp", "txtAl1HiSp"},
-    {"alarm 1 high and low", nothing, [](Editor& e) { e.cboAl1Setup.setListIndex(2); },
+    {"alarm 1 below", alarmsOn, [](Editor& e) { e.cboAl1Setup.setListIndex(1); }, "txtAl1LoSp", "txtAl1HiSp"},
+    {"alarm 1 high and low", alarmsOn, [](Editor& e) { e.cboAl1Setup.setListIndex(2); },
      "txtAl1HiSp txtAl1LoSp"},
-    {"alarm 1 band", [](Editor& e) { e.cboAl1Ctrl.setListIndex(1); },
+    {"alarm 1 band",
+     [](Editor& e) {
+       alarmsOn(e);
+       e.cboAl1Ctrl.setListIndex(1);
+     },
      [](Editor& e) { e.cboAl1Setup.setListIndex(3); }, "txtAl1HiSp", "txtAl1LoSp"},
-    {"alarm 2 above", [](Editor& e) { e.cboAl2Setup.setListIndex(1); },
+    {"alarm 2 above",
+     [](Editor& e) {
+       alarmsOn(e);
+       e.cboAl2Setup.setListIndex(1);
+     },
      [](Editor& e) { e.cboAl2Setup.setListIndex(0); }, "txtAl2HiSp", "txtAl2LoSp"},
-    {"alarm 2 below", nothing, [](Editor& e) { e.cboAl2Setup.setListIndex(1); }, "txtAl2LoSp", "txtAl2HiSp"},
-    {"alarm 2 high and low", nothing, [](Editor& e) { e.cboAl2Setup.setListIndex(2); },
+    {"alarm 2 below", alarmsOn, [](Editor& e) { e.cboAl2Setup.setListIndex(1); }, "txtAl2LoSp", "txtAl2HiSp"},
+    {"alarm 2 high and low", alarmsOn, [](Editor& e) { e.cboAl2Setup.setListIndex(2); },
      "txtAl2HiSp txtAl2LoSp"},
-    {"alarm 2 band", [](Editor& e) { e.cboAl2Ctrl.setListIndex(1); },
+    {"alarm 2 band",
+     [](Editor& e) {
+       alarmsOn(e);
+       e.cboAl2Ctrl.setListIndex(1);
+     },
      [](Editor& e) { e.cboAl2Setup.setListIndex(3); }, "txtAl2HiSp", "txtAl2LoSp"},
     {"alarm 1 without a choice", nothing, [](Editor& e) { e.cboAl1Setup.setListIndex(-1); }},
 };

@@ -124,16 +124,22 @@ TEST_F(CommModeWarning, ComesWhenAnImageIsShown) {
   EXPECT_FALSE(came());
 }
 
-TEST_F(CommModeWarning, WaitsBehindADialogThatHasTheScreen) {
+TEST_F(CommModeWarning, CanBeUsedWhileADialogIsInFront) {
   host.whenShown("frmRead", [&] {
     Memo[rec::txtRS485Address].text = "0009";
     editor.loadMemo(11);
     EXPECT_TRUE(form<frmCommModeWarning>().visible());
-    EXPECT_FALSE(form<frmCommModeWarning>().reachable());
+    EXPECT_TRUE(form<frmCommModeWarning>().reachable());
     form<frmRead>().userClosed();
   });
   editor.cmdOpen.userClicked();
   EXPECT_TRUE(form<frmCommModeWarning>().reachable());
+}
+
+TEST_F(CommModeWarning, ClosesByEscapeInTheMainWindow) {
+  form<frmCommModeWarning>().show();
+  editor.userTookShortcut("Esc");
+  EXPECT_FALSE(isLoaded<frmCommModeWarning>());
 }
 
 TEST_F(CommModeWarning, EndsWithTheProgram) {

@@ -148,4 +148,33 @@ TEST_F(WindowPlaceTest, OtherWindowsAreNotRemembered) {
   EXPECT_EQ(saved("Left"), "");
 }
 
+constexpr QSize titleOfWindow(0, 24);
+
+TEST(PlaceNextTo, IsTheStripWithRoom) {
+  const QRect room(0, 0, 1920, 1080);
+  const QRect main(100, 100, 953, 560);
+  const QRect place = placeNextTo(room, main, {}, {512, 430}, {240, 200}, titleOfWindow);
+  EXPECT_FALSE(place.intersects(main));
+  EXPECT_TRUE(room.contains(place));
+  EXPECT_EQ(place.size(), QSize(512, 430));
+}
+
+TEST(PlaceNextTo, IsSmallerWhereTheStripIs) {
+  const QRect room(0, 0, 1366, 768);
+  const QRect main(0, 100, 953, 560);
+  const QRect place = placeNextTo(room, main, {}, {512, 430}, {240, 200}, titleOfWindow);
+  EXPECT_FALSE(place.intersects(main));
+  EXPECT_TRUE(room.contains(place));
+  EXPECT_EQ(place.width(), 413);
+}
+
+TEST(PlaceNextTo, HidesNoBoxWhereThereIsNoStrip) {
+  const QRect room(0, 0, 1024, 768);
+  const QRect main(0, 0, 1024, 768);
+  const QList<QRect> boxes = {QRect(20, 20, 600, 400), QRect(20, 700, 980, 40)};
+  const QRect place = placeNextTo(room, main, boxes, {512, 430}, {240, 200}, titleOfWindow);
+  for (const QRect& box : boxes) EXPECT_FALSE(place.intersects(box));
+  EXPECT_TRUE(room.contains(place));
+}
+
 }  // namespace

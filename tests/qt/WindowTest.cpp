@@ -36,7 +36,7 @@ void buildBeside(QWidget& window) {
 }
 
 struct BesideForm : Form {
-  BesideForm() : Form("frmBeside", "Beside") {}
+  BesideForm() : Form("frmBeside", "Beside") { aside = true; }
 };
 
 class WindowTest : public QtTest {
@@ -108,7 +108,7 @@ TEST_F(WindowTest, AWindowBesideLeavesTheKeyboardWhereItIs) {
   host_.yield();
   EXPECT_TRUE(host_.window(beside).isVisible());
   EXPECT_TRUE(host_.window(beside).testAttribute(Qt::WA_ShowWithoutActivating));
-  EXPECT_EQ(host_.window(beside).windowHandle()->transientParent(), host_.window(below).windowHandle());
+  EXPECT_FALSE(host_.window(beside).frameGeometry().intersects(host_.window(below).frameGeometry()));
   EXPECT_EQ(QApplication::focusWidget(), &widget<QLineEdit>("txtValue"));
 }
 
@@ -120,7 +120,7 @@ TEST_F(WindowTest, AWindowShownUnderADialogIsThereWhenTheDialogHasGone) {
     beside.show();
     host_.yield();
     EXPECT_TRUE(host_.window(beside).isVisible());
-    EXPECT_FALSE(beside.reachable());
+    EXPECT_TRUE(beside.reachable()) << "a dialog in front doesn't hold it";
     EXPECT_NE(QApplication::activeWindow(), &host_.window(beside));
     host_.window(dialog).findChild<QPushButton*>("cmdHide")->click();
   });

@@ -59,3 +59,46 @@ QRect placeWithin(const QList<QRect>& screens, const QRect& wanted, QSize frame)
                  beginWithin(wanted.y(), outer.height(), screen.y(), screen.height())),
           size};
 }
+
+namespace {
+
+int hidden(const QList<QRect>& boxes, const QRect& window) {
+  int area = 0;
+  for (const QRect& box : boxes) {
+    const QRect part = box.intersected(window);
+    if (!part.isEmpty()) area += part.width() * part.height();
+  }
+  return area;
+}
+
+// As much of the wanted size as a strip beside the other window leaves; null where it is too narrow.
+QRect withinStrip(const QRect& strip, QSize wanted, QSize least, QSize frame) {
+  const QSize size = wanted.boundedTo(strip.size() - frame);
+  return size.width() < least.width() || size.height() < least.height() ? QRect()
+                                                                        : QRect(strip.topLeft(), size);
+}
+
+}  // namespace
+
+QRect placeNextTo(const QRect& room, const QRect& other, const QList<QRect>& boxes, QSize wanted, QSize least,
+                  QSize frame) {
+  const QRect right(QPoint(other.right() + 1, room.top()), room.bottomRight());
+  const QRect left(room.topLeft(), QPoint(other.left() - 1, room.bottom()));
+  const QRect below(QPoint(room.left(), other.bottom() + 1), room.bottomRight());
+  const QRect above(room.topLeft(), QPoint(room.right(), other.top() - 1));
+  for (const QRect& strip : {right, left, below, above}) {
+    QRect place = withinStrip(strip, wanted, least, frame);
+    if (strip == left) place.moveRight(strip.right());
+    if (strip == above) place.moveBottom(strip.bottom() - frame.height());
+    if (!place.isEmpty()) return place;
+  }
+  constexpr int step = 16;
+  QRect best(room.topLeft(), least);
+  for (int top = room.top(); top + least.height() + frame.height() <= room.bottom(); top += step) {
+    for (int begin = room.left(); begin + least.width() <= room.right(); begin += step) {
+      const QRect place(QPoint(begin, top), least);
+      if (hidden(boxes, place) < hidden(boxes, best)) best = place;
+    }
+  }
+  return best;
+}

@@ -23,3 +23,9 @@ std::optional<WindowPlace> savedPlace(const QtSettings& settings);
 // shows most of it, else on the first. Larger than that screen it never is. `screens` are the rooms free for
 // windows, at least one; `frame` is added to the window's right and bottom.
 QRect placeWithin(const QList<QRect>& screens, const QRect& wanted, QSize frame);
+
+// Where a window of the wanted size stands beside another one: in a strip of the room that the other leaves,
+// smaller where need be, but not below the least size; where there is no such strip, over as little of the
+// given boxes as can be.
+QRect placeNextTo(const QRect& room, const QRect& other, const QList<QRect>& boxes, QSize wanted, QSize least,
+                  QSize frame);

@@ -108,7 +108,9 @@ void FormWindow::showOver(QWidget* below, bool modal, bool takesKeyboard) {
   setWindowModality(modal ? Qt::WindowModal : Qt::NonModal);  // the user guide stays in reach
   if (modal) setWindowFlag(Qt::Dialog);
   create();
-  if (below != nullptr && (modal || beside)) windowHandle()->setTransientParent(below->windowHandle());
+  // One that stands beside can be used while a dialog holds the window that it stands beside.
+  if (below != nullptr && modal) windowHandle()->setTransientParent(below->windowHandle());
+  if (beside && below != nullptr && !isVisible()) placeBeside(*below);
   placeOver(modal ? below : nullptr);
   if (property("choiceFirst").toBool() && focusWidget() == nullptr) setFocus();
   QWidget::show();
@@ -148,6 +150,19 @@ void FormWindow::placeOver(QWidget* below) {
   move(placeWithin(roomsForWindows(), wanted, titleBar()).topLeft());
 }
 
+void FormWindow::placeBeside(const QWidget& other) {
+  QList<QRect> boxes;
+  for (const QWidget* box : other.findChildren<QWidget*>()) {
+    if (box->isVisible() && box->focusPolicy() != Qt::NoFocus) {
+      boxes << QRect(box->mapToGlobal(QPoint()), box->size());
+    }
+  }
+  const QRect room = other.screen()->availableGeometry();
+  const QRect place = placeNextTo(room, other.frameGeometry(), boxes, size(), minimumSizeHint(), titleBar());
+  resize(place.size());
+  move(place.topLeft());
+}
+
 void FormWindow::centre() {
   centred_ = true;
   centreDue_ = !isVisible();
@@ -175,7 +190,8 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
   QPushButton* button = enter ? buttonForEnter() : nullptr;
   if (button != nullptr && button->isEnabled()) return button->click();
   // Escape closes a dialog, as its frame does.
-  if (event->key() == Qt::Key_Escape && isModal()) return tell([](Form& form) { form.userClosed(); });
+  if (event->key() == Qt::Key_Escape && (isModal() || property("beside").toBool()))
+    return tell([](Form& form) { form.userClosed(); });
   tell([](Form& form) { form.userPressedKey(); });
 }
 

@@ -43,6 +43,7 @@ class FormWindow : public QWidget {
   bool takeFormerPlace();
   void moveToCentre();
   void placeOver(QWidget* below);
+  void placeBeside(const QWidget& other);
   QPushButton* buttonForEnter() const;
   void takeFiles();
   void listenTo(const std::string& keys);

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+// What a box may hold is told by its tip; a warning that only changes the form of a number says so; an alarm
+// that is off has no set points in use.
+#include "core/NumberText.h"
+#include "dialogs/frmWarning.h"
+#include "editor/EntryRules.h"
+#include "tests/editor/EditorTest.h"
+
+namespace {
+
+using Tips = EditorTest;
+
+TEST_F(Tips, TellTheRangeInTheFormatAndUnitOfTheReading) {
+  editor.cboTUnit.userChose(0);
+  EXPECT_EQ(editor.txtSp1.toolTip(), "Setpoint 1, -199.9 to 999.9 " + editor.cboTUnit.text());
+  EXPECT_EQ(editor.txtOut1DeadBand.toolTip(), "Dead band, 0 to 999.9 " + editor.cboTUnit.text());
+  showTab(tab::inputType);
+  editor.optInType(2).userClicked();
+  showTab(tab::reading);
+  editor.optDpoint(3).userClicked();
+  EXPECT_EQ(editor.txtSp1.toolTip(), "Setpoint 1, -1.999 to 9.999 counts");
+}
+
+TEST_F(Tips, WithLimitsOfTheirOwnTellThoseOfTheRules) {
+  for (const EntryField& field : entryFields()) {
+    if (field.limits.maximum == 0) continue;
+    const std::string range = numberText(field.limits.minimum) + " to " + numberText(field.limits.maximum);
+    EXPECT_NE(named(editor, field.box).toolTip().find(range), std::string::npos) << field.box << " " << range;
+  }
+}
+
+TEST_F(Tips, OfAWarningExplainThatOnlyTheFormHasChanged) {
+  Global.WarningsOff = False;
+  showTab(tab::setpoints);
+  std::vector<std::string> reasons;
+  host.whenever("frmWarning", [&] {
+    reasons.push_back(form<frmWarning>().lblReason.caption());
+    form<frmWarning>().cmdOk.userClicked();
+  });
+  for (const char* typed : {"12", "5000", "abc"}) {
+    editor.txtSp1.userTyped(typed);
+    editor.txtSp1.userLeft();
+  }
+  EXPECT_EQ(reasons,
+            (std::vector<std::string>{"The number is the same: \"12\" is written \"012.0\" here.", "", ""}));
+}
+
+TEST_F(Tips, AnAlarmThatIsOffGreysItsSetPoints) {
+  for (int action = 0; action < 3; ++action) {
+    Memo[rec::cboAl1Setup].value = Memo[rec::cboAl2Setup].value = static_cast<std::int16_t>(action);
+    Memo[rec::chkAl1Enabled].value = Memo[rec::chkAl2Enabled].value = 0;
+    editor.showRecords();
+    for (const TextBox* box :
+         {&editor.txtAl1HiSp, &editor.txtAl1LoSp, &editor.txtAl2HiSp, &editor.txtAl2LoSp}) {
+      EXPECT_FALSE(box->enabled()) << box->name() << action;
+    }
+  }
+  showTab(tab::alarm1);
+  editor.chkAl1Enabled.userClicked();
+  EXPECT_TRUE(editor.txtAl1HiSp.enabled());
+  EXPECT_TRUE(editor.txtAl1LoSp.enabled()) << "Hi/Lo has both";
+}
+
+}  // namespace
