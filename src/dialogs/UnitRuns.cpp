@@ -48,13 +48,15 @@ class ModelPutBack {
 };
 
 // In the status window, on the line of the communication tab.
-RunOutcome runJob(bool reading, UnitJob job) {
+RunOutcome runJob(bool reading, const UnitJob& job) {
   const ModelPutBack former;
   Global.AutoDetect = False;
   Global.ReadConfirmed = reading ? 1 : 0;
   auto& window = form<frmSerial>();
   window.readMode = asFlag(reading);
-  window.job = std::move(job);
+  window.job = [&job](Run& run, Channel& channel) {
+    if (!attempt([&] { job(run, channel); })) run.outcome.end = RunEnd::replyFault;
+  };
   window.showModal();
   RunOutcome outcome = window.run.outcome;
   Global.ReadConfirmed = 0;

@@ -78,6 +78,22 @@ TEST_F(Comparing, SaysWhichRegisterCouldNotBeRead) {
   });
 }
 
+TEST_F(Comparing, SaysHowManyRegistersALineThatDiedKeptBack) {
+  for (const bool serial : {true, false}) {
+    chooseWay(serial);
+    if (serial) unit.faults.silentAfter = 26;
+    if (!serial) bridge.faults.dropAt = 28;
+    if (!serial) bridge.faults.afterDrop = sim::Reach::never;
+    compareAndThen([](frmCompare& window) {
+      EXPECT_GT(window.comparison().unread, 5U);
+      EXPECT_NE(window.lblSummary.caption().find(" registers could not be read"), std::string::npos);
+      window.cmdClose.userClicked();
+    });
+    unit.faults.silentAfter = sim::unlimited;
+  }
+  EXPECT_EQ(unit.count("W") + remote.count("W"), 0U);
+}
+
 TEST_F(Comparing, IsCopiedSavedAndPrinted) {
   form<frmBigFolder>().txtSp1.setText("123.4");
   host.paper = std::make_shared<Paper>();

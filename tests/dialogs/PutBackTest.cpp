@@ -121,7 +121,7 @@ sim::UnitSetup unitOf(int kind) {
 
 class PuttingBack : public CompareBench, public testing::WithParamInterface<int> {
  protected:
-  static constexpr int rounds = 40;
+  static constexpr int rounds = 100;
 
   PuttingBack() : CompareBench(unitOf(GetParam())) {
     random.seed(static_cast<unsigned>(80 + GetParam()));

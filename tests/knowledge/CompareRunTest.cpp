@@ -15,7 +15,7 @@
 namespace {
 
 constexpr int kinds = 5;
-constexpr int serialRounds = 100;  // per kind, straight from the records
+constexpr int serialRounds = 300;  // per kind, straight from the records
 constexpr int networkRounds = 6;   // per kind, through the window
 
 sim::UnitSetup unitOf(int kind) {
