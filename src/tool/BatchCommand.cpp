@@ -135,12 +135,13 @@ class Batch {
     const QFileInfo journal(QString::fromStdString(absolute(arguments_.journal)));
     const std::string files = typed(journal.absolutePath() + '/' + journal.completeBaseName());
     for (const PlanRow& row : plan_.plan.rows) {
-      const auto [place, isNew] = placeOf.emplace(lineText(row.on), lines.size());
+      const auto [place, isNew] = placeOf.emplace(row.place, lines.size());
       if (isNew) lines.push_back({.files = files, .number = static_cast<int>(lines.size()) + 1});
       const auto found = progress_.find(row.row);
       const RowProgress progress = found == progress_.end() ? RowProgress() : found->second;
-      if (isLeftToDo(progress))
-        lines[place->second].tasks.push_back({row, beginsHalf(progress), progress.kept});
+      if (!isLeftToDo(progress)) continue;
+      lines[place->second].tasks.push_back(
+          {row, plan_.setups.at(row.setupFile), beginsHalf(progress), progress.kept});
     }
     std::erase_if(lines, [](const LineTasks& line) { return line.tasks.empty(); });
     return lines;
@@ -210,8 +211,8 @@ class Batch {
     object["journal"] = arguments_.journal;
     object["rows"] = resultsJson(results);
     object["verdict"] = code == ExitCode::done ? "pass" : "fail";
-    output_.print(object, resultsTable(results));
     if (!arguments_.results.empty()) host().replaceFile(arguments_.results, resultsCsv(results));
+    output_.print(object, resultsTable(results));
     return code;
   }
 

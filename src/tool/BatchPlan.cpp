@@ -34,8 +34,15 @@ std::string readPlan(const std::string& path) {
   }
 }
 
+std::string digestOfBytes(const std::string& bytes) {
+  return QCryptographicHash::hash(QByteArray::fromStdString(bytes), QCryptographicHash::Sha256)
+      .toHex()
+      .toStdString();
+}
+
 // One name for a port, however the plan calls it.
 std::string placeOf(const LineName& line) {
+  if (line.host == "localhost") return "127.0.0.1:" + std::to_string(line.port);
   if (line.overBridge()) return lineText(line);
   const std::string device = line.commPort > 0 ? toolHost()->deviceOf(line.commPort) : line.device;
   const QString whole = QFileInfo(QString::fromStdString(device)).canonicalFilePath();
@@ -54,7 +61,7 @@ class Loader {
       row.setupFile = fromPlan(row.setup);
       if (!row.on.device.empty()) row.on.device = fromPlan(row.on.device);
     }
-    loaded.digest = digest();
+    takeDigests(loaded);
     loaded.repaired = std::move(repaired_);
     return loaded;
   }
@@ -110,20 +117,18 @@ class Loader {
   std::string addressFault(const PlanRow& row) {
     const SetupRegister address = encodeSetup().registers[static_cast<std::size_t>(registerPlace("21"))];
     if (!address.sent) return "";
-    const auto [first, isNew] = firstWith_.emplace(std::pair(placeOf(row.on), address.payload), row.line);
+    const auto [first, isNew] = firstWith_.emplace(std::pair(row.place, address.payload), row.line);
     if (isNew) return "";
     return "the setup gives this unit the same bus address as that of line " + std::to_string(first->second) +
            " on " + lineText(row.on);
   }
 
-  std::string digest() const {
-    QCryptographicHash hash(QCryptographicHash::Sha256);
-    hash.addData(QByteArray::fromStdString(text_));
+  void takeDigests(BatchPlan& loaded) const {
+    std::string all = digestOfBytes(text_);
     for (const auto& [path, fault] : faultOf_) {
-      if (fault.empty())
-        hash.addData(QByteArray::fromStdString(host().readFile(path, longestConfiguration())));
+      if (fault.empty()) all += loaded.setups[path] = digestOf(path);
     }
-    return hash.result().toHex().toStdString();
+    loaded.digest = digestOfBytes(all);
   }
 
   std::string text_;
@@ -134,6 +139,10 @@ class Loader {
 };
 
 }  // namespace
+
+std::string digestOf(const std::string& path) {
+  return digestOfBytes(host().readFile(path, longestConfiguration()));
+}
 
 BatchPlan loadPlan(const std::string& path) { return Loader(path).load(); }
 

@@ -8,21 +8,21 @@ namespace {
 
 Json objectOf(const BatchTask& task) {
   const PlanRow& row = task.row;
-  Json object{{"row", row.row},         {"on", lineText(row.on)}, {"model", row.model},
-              {"setup", row.setupFile}, {"serial", row.serial},   {"settings", row.settings},
-              {"half", task.half},      {"kept", task.kept}};
+  Json object{{"row", row.row},           {"on", lineText(row.on)}, {"model", row.model},
+              {"file", row.setupFile},    {"setup", task.setup},    {"serial", row.serial},
+              {"settings", row.settings}, {"half", task.half},      {"kept", task.kept}};
   if (row.address) object["address"] = *row.address;
   return object;
 }
 
 BatchTask taskOf(const Json& object) {
-  BatchTask task{.half = object.at("half"), .kept = object.at("kept")};
+  BatchTask task{.setup = object.at("setup"), .half = object.at("half"), .kept = object.at("kept")};
   PlanRow& row = task.row;
   row.row = object.at("row");
   row.on = parseLineName(object.at("on").get<std::string>()).value_or(LineName());
   if (object.contains("address")) row.address = object.at("address").get<int>();
   row.model = object.at("model");
-  row.setupFile = object.at("setup");
+  row.setupFile = object.at("file");
   row.serial = object.at("serial");
   row.settings = object.at("settings").get<decltype(row.settings)>();
   return task;

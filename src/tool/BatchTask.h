@@ -12,8 +12,9 @@ namespace tool {
 
 struct BatchTask {
   PlanRow row = {};
-  bool half = false;      // an earlier write of it was not brought to its end
-  std::string kept = {};  // the copy made before that; empty: none yet
+  std::string setup = {};  // the digest of its file as the plan was checked with it
+  bool half = false;       // an earlier write of it was not brought to its end
+  std::string kept = {};   // the copy made before that; empty: none yet
 };
 
 struct LineTasks {

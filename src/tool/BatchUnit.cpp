@@ -7,6 +7,7 @@
 #include "platform/Host.h"
 #include "platform/qt/io/QtText.h"
 #include "platform/qt/io/Terminal.h"
+#include "tool/BatchPlan.h"
 #include "tool/Connection.h"
 #include "tool/OwnValues.h"
 #include "tool/Setup.h"
@@ -57,10 +58,10 @@ class BatchUnit {
   void program() {
     tell_(Event::begin, {{"half", task_.half}});
     try {
-      takeSetup(task_.row);
+      takeOwnSetup();
       const UnitImage before = meetAndKeep();
       if (wasInterrupted()) return fail(cancelled);
-      takeSetup(task_.row);
+      takeOwnSetup();
       write(before);
     } catch (const WrongUnit& wrong) {
       tell_(Event::refused, {{"reason", wrong.what()}});
@@ -72,6 +73,13 @@ class BatchUnit {
   }
 
  private:
+  // What was checked is what is written: nobody gets what was saved in the middle of a batch.
+  void takeOwnSetup() const {
+    if (digestOf(task_.row.setupFile) != task_.setup)
+      throw Problem(ExitCode::file, task_.row.setupFile + " has changed since the batch was started");
+    takeSetup(task_.row);
+  }
+
   void fail(const std::string& reason) const { tell_(Event::failed, {{"reason", reason}}); }
 
   UnitImage meetAndKeep() {
@@ -114,7 +122,9 @@ class BatchUnit {
   void keep(const UnitImage& copy) const {
     const std::string path = freeName(files_, ".unit");
     saveCopy(path, copy);
-    tell_(Event::kept, {{"file", fileName(path)}});
+    Json more{{"file", fileName(path)}};
+    if (const std::size_t unread = countUnread(copy); unread > 0) more["unread"] = unread;
+    tell_(Event::kept, more);
   }
 
   void write(const UnitImage& before) {

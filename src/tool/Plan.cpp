@@ -94,8 +94,9 @@ class Reader {
   void takeLine(PlanRow& row, const std::string& cell) {
     auto line = parseLineName(cell);
     if (!line && checks_.device && checks_.device(cell)) line = LineName{.device = cell};
-    if (line) row.on = *line;
-    if (!line) complain(row.line, '"' + cell + "\" is no line: COM1, a device path, or host:port");
+    if (!line) return complain(row.line, '"' + cell + "\" is no line: COM1, a device path, or host:port");
+    row.on = *line;
+    row.place = placeOf(*line);
   }
 
   void takeAddress(PlanRow& row, const std::string& cell) {
@@ -119,7 +120,7 @@ class Reader {
   void checkLines() {
     std::map<std::string, std::vector<const PlanRow*>> lines;
     for (const PlanRow& row : plan_.rows) {
-      if (!lineText(row.on).empty()) lines[placeOf(row.on)].push_back(&row);
+      if (!row.place.empty()) lines[row.place].push_back(&row);
     }
     for (const auto& [place, rows] : lines) checkLine(lineText(rows.front()->on), rows);
   }

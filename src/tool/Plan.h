@@ -17,6 +17,7 @@ struct PlanRow {
   int row = 0;   // from 1 below the headers
   int line = 0;  // of the file
   LineName on = {};
+  std::string place = {};           // equal for rows on one line, however each calls it
   std::optional<int> address = {};  // none: not addressed, whatever the setup says
   std::string model = {};           // empty: any
   std::string setup = {};           // as the plan names it ...

@@ -3,7 +3,6 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QThread>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -11,6 +10,7 @@
 #include <csignal>
 #include <random>
 #include <set>
+#include <thread>
 
 #include "tool/PlantBench.h"
 
@@ -37,6 +37,15 @@ class Batch {
 
   QStringList words(const QStringList& more = {}) const {
     return QStringList{"batch", plant_.path("plan.csv"), "--journal", plant_.path("j.jsonl")} + more;
+  }
+
+  // Whether the journal of a batch that is at work comes to such an event.
+  bool comesTo(const std::string& event, QProcess& program) const {
+    const std::string sign = "\"event\":\"" + event + '"';
+    while (plant_.text("j.jsonl").find(sign) == std::string::npos) {
+      if (program.waitForFinished(1)) return false;
+    }
+    return true;
   }
 
   std::vector<json> journal() const { return journalOf(plant_.text("j.jsonl")); }
@@ -174,6 +183,22 @@ TEST(ToolBatch, AUnitsOwnValuesGoThroughTheRulesOfEntry) {
   EXPECT_EQ(batch.journal(2, "begin").front()["repaired"], repaired);
 }
 
+TEST(ToolBatch, ASetupThatChangesUnderWayIsNotWritten) {
+  const PlantBench plant({model, {.line = "tcp:a", .address = 1}, {.line = "tcp:a", .address = 2}});
+  const Batch batch(plant);
+  batch.plan({plant.line(1) + ",1,", plant.line(2) + ",2,"});
+  QProcess program;
+  program.start(TORVANE_UNIT, batch.words());
+  ASSERT_TRUE(batch.comesTo("register", program));
+  EXPECT_EQ(runTool({"set", plant.path("a.cfg"), "Setpoint 1=1.1", "-o", plant.path("a.cfg")}).code, 0);
+  ASSERT_TRUE(program.waitForFinished(patience));
+  EXPECT_EQ(program.exitCode(), 1);
+  expectWritten(plant, 1);
+  ASSERT_THAT(batch.journal(2, "failed"), SizeIs(1));
+  EXPECT_THAT(batch.journal(2, "failed").front()["reason"].get<std::string>(), HasSubstr("has changed"));
+  EXPECT_EQ(runTool(batch.words({"--resume"})).code, 5);
+}
+
 // A unit that says of itself to be another one than was asked is not written to.
 TEST(ToolBatch, AReplyWithAnotherAddressIsRefused) {
   const PlantBench plant({model, {.line = "pty:bus", .address = 5, .faults = "answer:U03=07U031.4"}});
@@ -204,7 +229,7 @@ bool allGone(const std::set<qint64>& processes) {
   const auto lives = [](qint64 process) { return QFile::exists("/proc/" + QString::number(process)); };
   while (std::ranges::any_of(processes, lives)) {
     if (since.elapsed() > patience) return false;
-    QThread::msleep(1);
+    std::this_thread::yield();
   }
   return true;
 }
@@ -241,7 +266,7 @@ class BrokenBatch : public testing::Test {
   const Batch batch_{plant_};
 
   void SetUp() override {
-    batch_.plan({plant_.line(1) + ",1,TMP", plant_.line(2) + ",2,TMP", plant_.line(3) + ",3,TMP"});
+    batch_.plan({plant_.line(1) + ",1,TMP", plant_.path("bus1") + ",2,TMP", plant_.line(3) + ",3,TMP"});
   }
 
   void expectFinished(const Standings& before) {
@@ -290,10 +315,7 @@ TEST_F(BrokenBatch, KilledAtRandomMomentsItIsFinishedByResume) {
 TEST_F(BrokenBatch, AWorkerThatFallsOverTakesOneUnitAlong) {
   QProcess program;
   program.start(TORVANE_UNIT, batch_.words());
-  QElapsedTimer since;
-  since.start();
-  const auto hasKept = [&] { return plant_.text("j.jsonl").find("\"kept\"") != std::string::npos; };
-  while (!hasKept() && since.elapsed() < patience) QThread::msleep(2);
+  ASSERT_TRUE(batch_.comesTo("kept", program));
   const int row = batch_.journal().back()["row"];
   for (const qint64 worker : childrenOf(program.processId())) {
     ::kill(static_cast<pid_t>(worker), SIGKILL);
@@ -311,13 +333,7 @@ TEST_F(BrokenBatch, AWorkerThatFallsOverTakesOneUnitAlong) {
 TEST_F(BrokenBatch, CtrlCEndsBehindTheRegisterInHand) {
   QProcess program;
   program.start(TORVANE_UNIT, batch_.words() + QStringList{"--json"});
-  QElapsedTimer since;
-  since.start();
-  const auto hasBegunToWrite = [&] {
-    return plant_.text("j.jsonl").find("\"register\"") != std::string::npos;
-  };
-  while (!hasBegunToWrite() && since.elapsed() < patience) QThread::msleep(2);
-  ASSERT_TRUE(hasBegunToWrite());
+  ASSERT_TRUE(batch_.comesTo("register", program));
   ::kill(static_cast<pid_t>(program.processId()), SIGINT);
   ASSERT_TRUE(program.waitForFinished(patience));
   EXPECT_EQ(program.exitCode(), 130);
