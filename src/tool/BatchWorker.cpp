@@ -12,14 +12,13 @@
 #include <thread>
 
 #include "platform/Host.h"
+#include "platform/qt/io/LockFile.h"
 #include "platform/qt/io/Terminal.h"
 #include "tool/BatchUnit.h"
 
 namespace tool {
 
 namespace {
-
-constexpr int patience = 10'000;  // milliseconds in which a worker of an earlier start must have gone
 
 // The pipe from the process that has started this one. When it closes, nobody keeps the journal any more, and
 // nothing may be done to a unit.
@@ -101,8 +100,7 @@ int batchWorker() {
   Parent parent;
   // A worker whose batch was killed is gone a moment later; until then the line is its.
   QLockFile own(QString::fromStdString(line.files + "-line" + std::to_string(line.number) + ".lock"));
-  own.setStaleLockTime(0);
-  if (!own.tryLock(patience)) {
+  if (!takeLock(own)) {
     failAll(parent, line, "an earlier start of this batch is still at work on this line");
     return static_cast<int>(ExitCode::port);
   }

@@ -11,6 +11,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/qt/io/AppendedFile.h"
 #include "platform/qt/io/DeviceFile.h"
+#include "platform/qt/io/LockFile.h"
 
 namespace {
 
@@ -99,6 +100,25 @@ TEST(AppendedFile, BelongsToOneAtATime) {
   const AppendedFile first(path, 0);
   EXPECT_THROW(AppendedFile(path, 0), RuntimeError);
   EXPECT_THROW(AppendedFile(folder.filePath("none/j.jsonl").toStdString(), 0), RuntimeError);
+}
+
+// Whoever made it was killed before it could write its name.
+TEST(AppendedFile, AnEmptyLockFileIsNobodys) {
+  const QTemporaryDir folder;
+  const std::string path = folder.filePath("j.jsonl").toStdString();
+  QFile lock(QString::fromStdString(path) + ".lock");
+  ASSERT_TRUE(lock.open(QIODevice::WriteOnly));
+  lock.close();
+  EXPECT_NO_THROW(AppendedFile(path, 0));
+  QFile line(folder.filePath("x.lock"));
+  ASSERT_TRUE(line.open(QIODevice::WriteOnly));
+  line.close();
+  QLockFile holder(line.fileName());
+  EXPECT_TRUE(takeLock(holder));
+  removeIfEmpty(line.fileName());
+  QLockFile second(line.fileName());
+  EXPECT_FALSE(takeLock(second));
+  EXPECT_TRUE(line.exists());
 }
 
 TEST(DeviceHolder, IsFoundByWhatAProcessHasOpen) {

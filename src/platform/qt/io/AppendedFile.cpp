@@ -3,6 +3,7 @@
 #include "platform/qt/io/AppendedFile.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/qt/io/LockFile.h"
 #include "platform/qt/io/QtText.h"
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
@@ -48,8 +49,7 @@ void folderToDisk(const QFile&) {}
 
 AppendedFile::AppendedFile(const std::string& path, std::size_t keep)
     : lock_(QString::fromStdString(path) + ".lock"), file_(QString::fromStdString(path)) {
-  lock_.setStaleLockTime(0);
-  if (!lock_.tryLock()) {
+  if (!takeLock(lock_)) {
     if (lock_.error() == QLockFile::LockFailedError) {
       throw RuntimeError(Fault::fileFault, path + " is in use by " + holderOf(lock_));
     }

@@ -10,6 +10,7 @@
 #include <optional>
 
 #include "platform/qt/io/LineLock.h"
+#include "platform/qt/io/LockFile.h"
 #include "platform/qt/io/QtText.h"
 
 namespace {
@@ -18,13 +19,18 @@ bool hasFile(const std::string& device) { return device.starts_with('/'); }
 
 bool isAlive(qint64 process) { return QFileInfo::exists(QStringLiteral("/proc/%1").arg(process)); }
 
-// The first line of the lock file is the holder's process, in digits with blanks in front.
-std::optional<qint64> lockHolder(const std::string& device) {
+// Where it may be.
+QStringList lockFiles(const std::string& device) {
   QString name = shown(device);
   if (name.startsWith("/dev/")) name = name.mid(5);
   name.replace('/', '_');
-  for (const char* folder : {"/var/lock/LCK..", "/run/lock/LCK.."}) {
-    QFile file(folder + name);
+  return {"/var/lock/LCK.." + name, "/run/lock/LCK.." + name};
+}
+
+// The first line of the lock file is the holder's process, in digits with blanks in front.
+std::optional<qint64> lockHolder(const std::string& device) {
+  for (const QString& path : lockFiles(device)) {
+    QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) continue;
     const qint64 holder = file.readLine(100).trimmed().toLongLong();
     if (holder > 0 && isAlive(holder)) return holder;
@@ -83,6 +89,10 @@ bool isForbidden(const std::string& device) {
 }
 
 bool isTaken(const std::string& device) { return lockHolder(device).has_value(); }
+
+void removeEmptyLock(const std::string& device) {
+  for (const QString& path : lockFiles(device)) removeIfEmpty(path);
+}
 
 std::string obstacle(const std::string& device) {
   if (isMissing(device)) return "which is not there";

@@ -14,6 +14,8 @@ bool isMissing(const std::string& device);
 bool isForbidden(const std::string& device);
 // Whether another program, or another port of this one, holds the device's lock file.
 bool isTaken(const std::string& device);
+// A program that was killed while it took the device has left a lock file with nothing in it.
+void removeEmptyLock(const std::string& device);
 // What keeps this device from being opened, in words that help: missing, no right, taken; empty if nothing
 // does.
 std::string obstacle(const std::string& device);

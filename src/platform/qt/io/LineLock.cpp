@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include "platform/qt/io/LockFile.h"
 #include "platform/qt/io/QtText.h"
 
 namespace {
@@ -21,10 +22,10 @@ QString lockFile(const std::string& line) {
 
 }  // namespace
 
-LineLock::LineLock(const std::string& line) : file_(lockFile(line)) { file_.setStaleLockTime(0); }
+LineLock::LineLock(const std::string& line) : file_(lockFile(line)) {}
 
 // Where no lock file can be made the line is open to all, as without one.
-bool LineLock::take() { return file_.tryLock() || file_.error() != QLockFile::LockFailedError; }
+bool LineLock::take() { return takeLock(file_) || file_.error() != QLockFile::LockFailedError; }
 
 std::optional<LineHolder> LineLock::holder() const {
   qint64 process = 0;

@@ -68,6 +68,7 @@ void QtSerialPort::open() {
   device_ = deviceOf_(commPort);
   if (device_.empty() || isMissing(device_)) fail(std::errc::no_such_file_or_directory);
   if (isForbidden(device_)) fail(std::errc::permission_denied);
+  removeEmptyLock(device_);
   port_.setPortName(shown(device_));
   applySettings();
   opening_ = true;
