@@ -32,9 +32,9 @@ TEST_F(BinderTest, ShowsWhatTheControlsHoldAtFirst) {
   EXPECT_EQ(widget<QTabBar>("tabBig").tabText(2), "Third");
   EXPECT_EQ(itemsOf(widget<QListWidget>("lstKinds")), QStringList({"one", "two", "three"}));
   EXPECT_EQ(itemsOf(widget<QComboBox>("cboBaud")), QStringList({"300", "600", "1200"}));
-  EXPECT_EQ(widget<QScrollBar>("HSLevel").minimum(), 2);
-  EXPECT_EQ(widget<QScrollBar>("HSLevel").maximum(), 9);
-  EXPECT_EQ(widget<QScrollBar>("HSLevel").value(), 4);
+  EXPECT_EQ(widget<QSlider>("HSLevel").minimum(), 2);
+  EXPECT_EQ(widget<QSlider>("HSLevel").maximum(), 9);
+  EXPECT_EQ(widget<QSlider>("HSLevel").value(), 4);
   EXPECT_EQ(widget<QProgressBar>("prgRun").maximum(), 200);
   EXPECT_EQ(widget<PictureView>("imgUnit").picture(), "imgMicro");
 }
@@ -158,7 +158,7 @@ TEST_F(BinderTest, ValuesFollow) {
   test.optKind(2).setValue(false);
   EXPECT_FALSE(widget<QRadioButton>("optKind_2").isChecked());
   test.HSLevel.setValue(9);
-  EXPECT_EQ(widget<QScrollBar>("HSLevel").value(), 9);
+  EXPECT_EQ(widget<QSlider>("HSLevel").value(), 9);
   test.prgRun.setValue(50);
   EXPECT_EQ(widget<QProgressBar>("prgRun").value(), 50);
   EXPECT_FALSE(widget<QProgressBar>("prgRun").isTextVisible());

@@ -282,15 +282,15 @@ TEST_F(UserTest, TypesIntoAnEditableCombo) {
   EXPECT_EQ(combo.currentText(), "other");
 }
 
-TEST_F(UserTest, MovesAScrollBar) {
+TEST_F(UserTest, MovesASlider) {
   auto& test = show(1);
   test.HSLevel.onChange = note("scroll");
-  widget<QScrollBar>("HSLevel").triggerAction(QAbstractSlider::SliderSingleStepAdd);
+  widget<QSlider>("HSLevel").triggerAction(QAbstractSlider::SliderSingleStepAdd);
   EXPECT_EQ(test.HSLevel.value(), 5);
   EXPECT_THAT(log_, ElementsAre("scroll"));
   test.HSLevel.onChange = [&] { test.HSLevel.setValue(2); };
-  widget<QScrollBar>("HSLevel").triggerAction(QAbstractSlider::SliderToMaximum);
-  EXPECT_EQ(widget<QScrollBar>("HSLevel").value(), 2);
+  widget<QSlider>("HSLevel").triggerAction(QAbstractSlider::SliderToMaximum);
+  EXPECT_EQ(widget<QSlider>("HSLevel").value(), 2);
 }
 
 TEST_F(UserTest, ClicksATab) {

@@ -11,7 +11,7 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QProgressBar>
-#include <QScrollBar>
+#include <QSlider>
 #include <QTabBar>
 
 #include "platform/qt/PictureView.h"
@@ -46,7 +46,7 @@ bool needsName(const QWidget& widget) {
   return !saysItself(widget) &&
          (qobject_cast<const QAbstractButton*>(&widget) || qobject_cast<const QComboBox*>(&widget) ||
           qobject_cast<const QLineEdit*>(&widget) || qobject_cast<const QListWidget*>(&widget) ||
-          qobject_cast<const QPlainTextEdit*>(&widget) || qobject_cast<const QScrollBar*>(&widget) ||
+          qobject_cast<const QPlainTextEdit*>(&widget) || qobject_cast<const QSlider*>(&widget) ||
           qobject_cast<const RowTable*>(&widget) || qobject_cast<const QProgressBar*>(&widget) ||
           qobject_cast<const PictureView*>(&widget));
 }
@@ -57,7 +57,7 @@ bool isOurs(const QWidget& widget) {
 
 bool takesInput(const QWidget& widget) {
   return qobject_cast<const QComboBox*>(&widget) || qobject_cast<const QListWidget*>(&widget) ||
-         qobject_cast<const QScrollBar*>(&widget) || qobject_cast<const RowTable*>(&widget);
+         qobject_cast<const QSlider*>(&widget) || qobject_cast<const RowTable*>(&widget);
 }
 
 // A tab bar has its own way with the keyboard.
@@ -71,13 +71,19 @@ QString withoutMnemonic(QString text) { return text.remove('&'); }
 
 void nameForScreenReaders(const QWidget& window) {
   for (const QLabel* label : window.findChildren<QLabel*>()) {
-    if (label->buddy() != nullptr) label->buddy()->setAccessibleName(withoutMnemonic(label->text()));
+    QWidget* named = label->buddy();
+    if (named == nullptr) continue;
+    const QString words = withoutMnemonic(label->text());
+    saysItself(*named) ? named->setAccessibleDescription(words) : named->setAccessibleName(words);
   }
   for (QWidget* widget : window.findChildren<QWidget*>()) {
     if (!isOurs(*widget) || !needsName(*widget) || !widget->accessibleName().isEmpty()) continue;
     const auto* group = qobject_cast<QGroupBox*>(widget->parentWidget());
     const QString name = widget->toolTip().isEmpty() && group != nullptr ? group->title() : widget->toolTip();
     widget->setAccessibleName(name.isEmpty() ? widget->objectName() : name);
+  }
+  for (const QComboBox* box : window.findChildren<QComboBox*>()) {
+    if (box->isEditable()) box->lineEdit()->setAccessibleName(box->accessibleName());
   }
 }
 

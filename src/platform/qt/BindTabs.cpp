@@ -31,6 +31,7 @@ void showStrip(const TabStrip& control, QTabBar& bar, QStackedWidget* pages) {
   for (int index = 0; index < control.tabs(); ++index) {
     if (bar.isTabEnabled(index) != control.tabAvailable(index)) {
       bar.setTabEnabled(index, control.tabAvailable(index));
+      bar.setAccessibleTabName(index, control.tabAvailable(index) ? "" : bar.tabText(index) + ", out of use");
     }
   }
   if (bar.currentIndex() != control.tab()) bar.setCurrentIndex(control.tab());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What shows and does not take: labels, frames, pictures, animations, bars; and the scroll bar.
+// What shows and does not take: labels, frames, pictures, animations, bars; and the slider.
 #include <algorithm>
 
 #include "platform/qt/Bindings.h"
@@ -74,7 +74,7 @@ void showProgress(const ProgressBar& control, QProgressBar& widget) {
   if (widget.value() != control.value()) widget.setValue(control.value());
 }
 
-void showScroll(const ScrollBar& control, QScrollBar& widget) {
+void showScroll(const ScrollBar& control, QSlider& widget) {
   if (widget.minimum() != control.min() || widget.maximum() != control.max()) {
     widget.setRange(control.min(), control.max());
     widget.setPageStep(std::max(1, (control.max() - control.min()) / 10));
@@ -106,9 +106,9 @@ Binding* bind(ProgressBar& control, QProgressBar& widget) {
   return new Binding(control, widget, [&] { showProgress(control, widget); });
 }
 
-Binding* bind(ScrollBar& control, QScrollBar& widget) {
+Binding* bind(ScrollBar& control, QSlider& widget) {
   auto* binding = new Binding(control, widget, [&] { showScroll(control, widget); });
-  QObject::connect(&widget, &QScrollBar::valueChanged, binding,
+  QObject::connect(&widget, &QSlider::valueChanged, binding,
                    [=, &control](int value) { binding->userDid([&] { control.userScrolled(value); }); });
   return binding;
 }

@@ -31,7 +31,7 @@ constexpr Binding* (*kinds[])(Control&, QWidget&) = {
     bindAs<ListBox, QListWidget>,
     bindAs<Table, RowTable>,
     bindAs<Picture, PictureView>,
-    bindAs<ScrollBar, QScrollBar>,
+    bindAs<ScrollBar, QSlider>,
     bindAs<TabStrip, QTabBar>,
     bindAs<ProgressBar, QProgressBar>,
     bindAs<Animation, AnimationView>,

@@ -12,7 +12,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScrollBar>
+#include <QSlider>
 #include <QStackedWidget>
 #include <QTabBar>
 
@@ -39,7 +39,7 @@ Binding* bind(Frame& control, QGroupBox& widget);
 Binding* bind(Picture& control, PictureView& widget);
 Binding* bind(Animation& control, AnimationView& widget);
 Binding* bind(ProgressBar& control, QProgressBar& widget);
-Binding* bind(ScrollBar& control, QScrollBar& widget);
+Binding* bind(ScrollBar& control, QSlider& widget);
 
 // The pages are those of the stack "<name>_pages" beside the bar, if it is there.
 Binding* bind(TabStrip& control, QTabBar& widget);

@@ -51,6 +51,9 @@ class Outlined : public QProxyStyle {
   void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                    const QWidget* widget) const override {
     QProxyStyle::drawControl(element, option, painter, widget);
+    if (element == CE_TabBarTabShape && option->state.testFlag(State_Selected)) {
+      outline(Shape::box, *option, option->rect.adjusted(1, 1, -1, 0), *painter);
+    }
     if (element == CE_ProgressBarGroove) outline(Shape::box, *option, option->rect, *painter);
   }
 
@@ -58,6 +61,11 @@ class Outlined : public QProxyStyle {
                           const QWidget* widget) const override {
     QProxyStyle::drawComplexControl(control, option, painter, widget);
     if (control == CC_GroupBox) outline(Shape::box, *option, frameOf(*option, widget), *painter);
+    if (control == CC_Slider) {
+      for (const SubControl part : {SC_SliderGroove, SC_SliderHandle}) {
+        outline(Shape::box, *option, subControlRect(control, option, part, widget), *painter);
+      }
+    }
     if (control == CC_ComboBox || control == CC_ScrollBar)
       outline(Shape::box, *option, option->rect, *painter);
   }

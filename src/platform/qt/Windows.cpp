@@ -23,6 +23,7 @@
 #include "platform/qt/Bounds.h"
 #include "platform/qt/Guard.h"
 #include "platform/qt/Layouts.h"
+#include "platform/qt/Readers.h"
 #include "platform/qt/WindowPlace.h"
 #include "platform/qt/io/QtText.h"
 
@@ -53,6 +54,7 @@ bool isRemembered(const QWidget& window) { return window.property("remembered").
 }  // namespace
 
 FormWindow::FormWindow(Form& form, QtSettings& settings) : form_(&form), settings_(settings) {
+  tellScreenReaders();
   layoutOf(form).build(*this);
   bindForm(form, *this);
   setWindowTitle(shortened(shown(form.caption())));
