@@ -29,6 +29,8 @@ PlantBench::PlantBench(const std::vector<PlantUnit>& units, const QStringList& o
 }
 
 PlantBench::~PlantBench() {
+  EXPECT_EQ(simulator_.state(), QProcess::Running)
+      << "the plant ended with " << simulator_.exitCode() << simulator_.readAllStandardError().toStdString();
   simulator_.terminate();
   simulator_.waitForFinished(patience);
 }
