@@ -72,7 +72,7 @@ Problem problemOf(const CLI::App& app, const CLI::ParseError& fault) {
   return {ExitCode::usage, words, hint};
 }
 
-void declareProgram(CLI::App& app) {
+void declareProgram(CLI::App& app, Arguments& arguments) {
   app.description("Reads, writes and compares controllers of the Torvane and Larkspur lines from a shell.");
   app.require_subcommand(1);
   app.set_help_flag("-h,--help", "this text");
@@ -81,6 +81,7 @@ void declareProgram(CLI::App& app) {
   app.add_option_function<std::string>("--completion", refuseShell,
                                        "what a shell needs to complete the command line; alone on its line")
       ->type_name("bash");
+  app.add_flag("--json", arguments.json, "the answer as one JSON object");
   app.add_flag("--man")->description("the man page")->group("");
 }
 
@@ -101,7 +102,7 @@ const Subcommand* commandNamed(const std::string& name) {
 std::unique_ptr<CLI::App> declared(Arguments& arguments) {
   auto app = std::make_unique<CLI::App>();
   app->name("torvane-unit");
-  declareProgram(*app);
+  declareProgram(*app, arguments);
   for (const Subcommand& command : subcommands()) {
     CLI::App& own = *app->add_subcommand(command.name, command.what);
     command.declare(own, arguments);

@@ -38,10 +38,12 @@ constexpr std::size_t shortestReply = 3;
 
 constexpr const char* checkLine = "Check the wiring, the line settings and the address.";
 constexpr const char* otherLineHint = "Nothing was written. Use the setup of this unit's line, or --force.";
+constexpr const char* nothingWritten = "Nothing was written.";
 
 // What a run has said of something that did answer tells more than any advice.
 [[noreturn]] void noUnit(const std::string& line, const std::string& said) {
-  throw Problem(ExitCode::noUnit, "no unit answers on " + line, said.empty() ? checkLine : said);
+  throw Problem(ExitCode::noUnit, "no unit answers on " + line,
+                (said.empty() ? said : said + " ") + checkLine);
 }
 
 [[noreturn]] void noBridge(const std::string& line) {
@@ -50,7 +52,7 @@ constexpr const char* otherLineHint = "Nothing was written. Use the setup of thi
 }
 
 void mustNotBeCancelled() {
-  if (wasInterrupted()) throw Problem(ExitCode::cancelled, "cancelled", "Nothing was written.");
+  if (wasInterrupted()) throw Problem(ExitCode::cancelled, "cancelled", nothingWritten);
 }
 
 std::unique_ptr<SerialPort> portOf(const LineArguments& line) {
@@ -182,13 +184,11 @@ void Connection::meet() {
 void Connection::meetForSetup() {
   const std::int16_t setupIsRkw77 = DeviceState.IsRkw77;
   meet();
-  if (DeviceState.IsRkw77 == setupIsRkw77) return;
-  otherLine();
+  if (DeviceState.IsRkw77 != setupIsRkw77) otherLine(nothingWritten);
 }
 
-void Connection::otherLine() const {
-  throw WrongUnit("a unit of the other line than the setup's answers on " + lineText(line_.name),
-                  otherLineHint);
+void Connection::otherLine(const char* hint) const {
+  throw WrongUnit("a unit of the other line than the setup's answers on " + lineText(line_.name), hint);
 }
 
 // A port that fails in the middle of the probe ends it as if a unit had been found; what it said tells.
@@ -309,7 +309,7 @@ bool Connection::isReachable() {
 void Connection::writeOnSerial(bool reset, bool force, std::int16_t isRkw77) {
   meetOnSerial();
   mustNotBeCancelled();
-  if (DeviceState.IsRkw77 != isRkw77 && !force) otherLine();
+  if (DeviceState.IsRkw77 != isRkw77 && !force) otherLine(otherLineHint);
   mustFitModel();
   view_.upProg(3);
   overSerial([this] { writeConfiguration(run_, serial_); });
@@ -325,7 +325,7 @@ void Connection::overBridge() {
   if (came == job::noBridge) noBridge(lineText(line_.name));
   view_.quiet = false;
   if (came == job::noUnit && run_.outcome.end != RunEnd::otherLine) noUnit(lineText(line_.name), view_.said);
-  if (run_.outcome.end == RunEnd::otherLine && !run_.reading) otherLine();
+  if (run_.outcome.end == RunEnd::otherLine && !run_.reading) otherLine(nothingWritten);
   noteLostLine(true);
 }
 

@@ -71,7 +71,7 @@ class Connection {
   bool isReachable();
   void watchBridge();
   void mustFitModel() const;
-  [[noreturn]] void otherLine() const;
+  [[noreturn]] void otherLine(const char* hint) const;
   Channel& channel();
 
   LineArguments line_;
