@@ -183,6 +183,26 @@ TEST_P(PuttingBack, IsMadeWholeByASecondTryAfterACableWasPulled) {
 
 INSTANTIATE_TEST_SUITE_P(AllKinds, PuttingBack, testing::Range(0, 5));
 
+class PuttingBackOnABus : public CompareBench {
+ protected:
+  PuttingBackOnABus() : CompareBench(onBus({}, 17)) {}
+};
+
+TEST_F(PuttingBackOnABus, KeepsTheAddressAndReachesTheUnitThere) {
+  const UnitFileContent kept = readUnitFile(keepCopy());
+  ASSERT_TRUE(kept.image) << kept.fault;
+  EXPECT_EQ(kept.image->address, 17);
+  EXPECT_EQ(kept.image->line, "COM 1 9600,o,7,1");
+  EXPECT_NE(host.proposedName.find("_17_"), std::string::npos) << host.proposedName;
+  unit.setRegister("01", "2004D2");
+  putBack();
+  EXPECT_EQ(unit.registerHex("01"), "200000");
+  recordAndThen([](frmRecord& window) {
+    EXPECT_EQ(window.lblVerdict.caption().find("PASS: "), 0U);
+    window.cmdClose.userClicked();
+  });
+}
+
 // ---- a copy before every write
 
 class KeepsFirst : public CompareBench {
