@@ -117,6 +117,7 @@ std::string resultsTable(const std::vector<RowResult>& results) {
 
 std::string resultsCsv(const std::vector<RowResult>& results) {
   std::vector<std::string> cells;
+  cells.reserve(columns.size());
   for (const Column& column : columns) cells.emplace_back(column.name);
   std::string text = csvLine(cells);
   for (const RowResult& one : results) {

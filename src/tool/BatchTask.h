@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a worker of a batch is given to do: the units of one line, one behind the other.
+// What a worker of a batch is given to do: the units of one line, one after the other.
 #pragma once
 
 #include <string>

@@ -163,7 +163,8 @@ void programUnit(const BatchTask& task, const std::string& files, const Tell& te
 std::string freeName(const std::string& stem, const std::string& suffix) {
   std::string name = stem + suffix;
   for (int number = 2; QFileInfo::exists(QString::fromStdString(name)); ++number) {
-    name = stem + '-' + std::to_string(number) + suffix;
+    name = stem;
+    name.append("-").append(std::to_string(number)).append(suffix);
   }
   return name;
 }

@@ -41,7 +41,7 @@ class Connection {
   // Throws WrongUnit when nobody else but a unit without an address answers, for a run that has one.
   void mustHaveAnAddress();
 
-  // Is called behind each register of a run from here on.
+  // Is called after each register of a run from here on.
   void onRegister(std::function<void(const RegisterOutcome&)> tell);
 
   // With a unit that was met.

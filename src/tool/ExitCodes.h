@@ -31,7 +31,7 @@ inline constexpr std::array<ExitFact, 7> exitFacts{{
     {ExitCode::noUnit, "no unit, or not the planned one; nothing was written"},
     {ExitCode::port, "the port or the bridge can't be used, or was lost in a run"},
     {ExitCode::file, "a file can't be read or written, or exists already"},
-    {ExitCode::cancelled, "cancelled, behind the register in hand"},
+    {ExitCode::cancelled, "cancelled, after the register in hand"},
 }};
 
 }  // namespace tool

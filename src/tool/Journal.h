@@ -15,7 +15,7 @@ using Json = nlohmann::ordered_json;
 
 enum class Event { begin, kept, reg, verified, failed, refused };
 
-// What a row of the plan came to; nothing goes on behind it.
+// What a row of the plan came to; nothing more comes of it.
 constexpr bool isEnd(Event event) { return event >= Event::verified; }
 
 struct JournalEntry {
@@ -32,7 +32,7 @@ std::string journalLine(const JournalEntry& entry);
 
 struct Journal {
   std::vector<JournalEntry> entries = {};
-  std::size_t whole = 0;     // bytes up to the end of the last whole line; what is behind was cut off
+  std::size_t whole = 0;     // bytes up to the end of the last whole line; what follows was cut off
   std::string problem = {};  // not empty: this is no journal, or not one that can be gone on with
 };
 

@@ -15,6 +15,7 @@ std::string textOf(const ChangeFault& fault) {
 
 std::vector<SettingChange> changesOf(const PlanRow& row) {
   std::vector<SettingChange> changes;
+  changes.reserve(row.settings.size());
   for (const auto& [name, value] : row.settings) changes.push_back({name, value});
   return changes;
 }

@@ -138,7 +138,9 @@ class Reader {
       }
       if (!row->address) continue;
       const std::string address = std::to_string(*row->address);
-      mustBeTheOnly(addresses, address, row->line, "address " + address + " on " + name);
+      std::string what = "address ";
+      what.append(address).append(" on ").append(name);
+      mustBeTheOnly(addresses, address, row->line, what);
     }
   }
 

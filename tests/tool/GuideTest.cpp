@@ -49,7 +49,7 @@ TEST(PlantGuide, ItsCommandsProgramACabinetOfFortyUnits) {
   EXPECT_EQ(shell.exitCode(), 0) << said << shell.readAllStandardError().toStdString();
   const std::string verdict = "40 units: 40 verified\n";
   EXPECT_THAT(said, HasSubstr(verdict));
-  EXPECT_NE(said.find(verdict), said.rfind(verdict)) << "once more behind --resume";
+  EXPECT_NE(said.find(verdict), said.rfind(verdict)) << "once more with --resume";
   EXPECT_THAT(said, HasSubstr("\"event\":\"verified\""));
   QFile results(folder.filePath("results.csv"));
   ASSERT_TRUE(results.open(QIODevice::ReadOnly));
