@@ -37,7 +37,7 @@ class frmBigFolder : public BigFolderControls {
   // Life: BigFolderLife.cpp.
   void Form_Load() override;
   void prepare();  // before the factory setup is shown ...
-  void settle();   // ... and behind it
+  void settle();   // ... and after it
   void Form_Activate() override;
   void Form_Unload() override;
   void initSplash();

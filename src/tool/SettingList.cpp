@@ -118,11 +118,11 @@ class List {
     } else {
       fillOf(setting, field.records[0]);
     }
-    settings.insert(behindSection(setting.section), std::move(setting));
+    settings.insert(endOfSection(setting.section), std::move(setting));
   }
 
  private:
-  std::vector<Setting>::iterator behindSection(const std::string& section) {
+  std::vector<Setting>::iterator endOfSection(const std::string& section) {
     const auto last = std::find_if(settings.rbegin(), settings.rend(),
                                    [&](const Setting& one) { return one.section == section; });
     return last == settings.rend() ? settings.end() : last.base();

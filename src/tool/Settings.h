@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The settings by name: the report's words, and behind them what a write sends and the report does not print.
+// The settings by name: the report's words, and after them what a write sends and the report does not print.
 #pragma once
 
 #include <string>

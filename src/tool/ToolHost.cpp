@@ -46,7 +46,7 @@ void pressOk(const Form& dialog) {
   if (ok != dialog.controls.end()) dynamic_cast<CommandButton&>(**ok).userClicked();
 }
 
-// A run looks at the flag behind each register.
+// A run looks at the flag after each register.
 void takeInterrupt() {
   if (wasInterrupted()) Global.CancelFlag = True;
 }
