@@ -3,6 +3,7 @@
 #include "dialogs/Report.h"
 #include "dialogs/SetupFiles.h"
 #include "dialogs/frmCommModeWarning.h"
+#include "dialogs/frmSearch.h"
 #include "editor/frmBigFolder.h"
 
 void frmBigFolder::wireKeys() {
@@ -11,6 +12,7 @@ void frmBigFolder::wireKeys() {
                {"Ctrl+Shift+Tab", [this] { stepToTabInUse(-1); }},
                {"Ctrl+PgUp", [this] { stepToTabInUse(-1); }},
                {"Esc", [] { ::unload<frmCommModeWarning>(); }},  // which takes no keys itself
+               {"Ctrl+F", [this] { goToSetting(); }},
                {"Ctrl+O", [this] { cmdOpen.userClicked(); }},
                {"Ctrl+S", [] { saveConfigurationAs(); }},
                {"Ctrl+P", [this] {
@@ -26,4 +28,15 @@ void frmBigFolder::stepToTabInUse(int by) {
     tab = (tab + by + tabBig.tabs()) % tabBig.tabs();
   } while (!tabBig.tabAvailable(tab));
   tabBig.userClicked(tab);
+}
+
+// The keyboard goes there when the dialog has gone.
+void frmBigFolder::goToSetting() {
+  form<frmSearch>().showModal();
+  if (!isLoaded<frmSearch>()) return;
+  const auto chosen = form<frmSearch>().chosen;
+  ::unload<frmSearch>();
+  if (!chosen) return;
+  tabBig.userClicked(chosen->tab);
+  chosen->control->focus();
 }

@@ -170,6 +170,7 @@ class frmBigFolder : public BigFolderControls {
   void wireTabs();
   void wireKeys();
   void stepToTabInUse(int by);
+  void goToSetting();
   void wireVerdict();
   void wireUndo();
   void withdrawUndo();

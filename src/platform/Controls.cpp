@@ -26,6 +26,10 @@ void Control::refresh() const {
   if (onRefresh) onRefresh();
 }
 
+void Control::focus() const {
+  if (onFocus) onFocus();
+}
+
 void Control::redraw() const {
   if (onRedraw) onRedraw();
 }

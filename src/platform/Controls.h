@@ -86,7 +86,9 @@ class Control {
   virtual void putBack(const ControlState& state);
   // Has the view paint the control in the next wait, be it for the serial line.
   void refresh() const;
+  void focus() const;  // gives it the keyboard, where the user can reach it
 
+  Handler onFocus;    // set by the view: give the widget the keyboard
   Handler onRedraw;   // set by the view: something to show has changed
   Handler onRefresh;  // set by the view: paint soon
 

@@ -24,6 +24,7 @@
 #include "dialogs/frmRead.h"
 #include "dialogs/frmRecord.h"
 #include "dialogs/frmRunDetails.h"
+#include "dialogs/frmSearch.h"
 #include "dialogs/frmSplash.h"
 #include "dialogs/frmTimedMessage.h"
 #include "dialogs/frmWarning.h"
@@ -54,7 +55,7 @@ class LayoutsTest : public QtTest {
 
 using ProgramForms = testing::Types<frmBigFolder, frmHardware, frmRead, frmWrite, frmSerial, frmSplash,
                                     frmWarning, frmCommModeWarning, frmPreferences, frmTimedMessage,
-                                    frmWizard, frmRunDetails, frmCompare, frmRecord>;
+                                    frmWizard, frmRunDetails, frmSearch, frmCompare, frmRecord>;
 TYPED_TEST_SUITE(LayoutsTest, ProgramForms);
 
 TYPED_TEST(LayoutsTest, FitsItsForm) {

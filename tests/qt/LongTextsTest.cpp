@@ -16,6 +16,7 @@
 #include "dialogs/frmRead.h"
 #include "dialogs/frmRecord.h"
 #include "dialogs/frmRunDetails.h"
+#include "dialogs/frmSearch.h"
 #include "dialogs/frmTimedMessage.h"
 #include "dialogs/frmWarning.h"
 #include "dialogs/frmWrite.h"
@@ -94,9 +95,9 @@ class LongTexts : public QtTest {
   std::shared_ptr<Form> form_ = std::make_shared<Kind>();
 };
 
-using ProgramForms =
-    testing::Types<frmBigFolder, frmHardware, frmRead, frmWrite, frmSerial, frmWarning, frmCommModeWarning,
-                   frmPreferences, frmTimedMessage, frmWizard, frmRunDetails, frmCompare, frmRecord>;
+using ProgramForms = testing::Types<frmBigFolder, frmHardware, frmRead, frmWrite, frmSerial, frmWarning,
+                                    frmCommModeWarning, frmPreferences, frmTimedMessage, frmWizard,
+                                    frmRunDetails, frmSearch, frmCompare, frmRecord>;
 TYPED_TEST_SUITE(LongTexts, ProgramForms);
 
 // One after the other, so that each is the only one that could widen the window, and all together.

@@ -25,6 +25,7 @@ void setOwnEnabled(QWidget& widget, bool enabled) {
 Binding::Binding(Control& control, QWidget& widget, std::function<void()> show)
     : QObject(&widget), control_(&control), widget_(widget), show_(std::move(show)) {
   setObjectName("binding");
+  control.onFocus = [this] { widget_.setFocus(Qt::ShortcutFocusReason); };
   control.onRedraw = [this] { controlChanged(); };
   // Every wait paints first, also one for the serial line; painting at once would keep the line idle.
   control.onRefresh = [this] { widget_.update(); };
@@ -96,6 +97,7 @@ void Binding::userDidWithin(const std::function<void()>& deed) {
 void Binding::release() {
   if (control_ == nullptr) return;
   control_->onRedraw = nullptr;
+  control_->onFocus = nullptr;
   control_->onRefresh = nullptr;
   control_ = nullptr;
 }

@@ -10,6 +10,7 @@
 #include "ui_frmRead.h"
 #include "ui_frmRecord.h"
 #include "ui_frmRunDetails.h"
+#include "ui_frmSearch.h"
 #include "ui_frmSerial.h"
 #include "ui_frmSplash.h"
 #include "ui_frmTimedMessage.h"
@@ -36,6 +37,7 @@ std::vector<Layout>& layouts() {
       {"frmRead", build<Ui::frmRead>},
       {"frmRecord", build<Ui::frmRecord>},
       {"frmRunDetails", build<Ui::frmRunDetails>},
+      {"frmSearch", build<Ui::frmSearch>},
       {"frmSerial", build<Ui::frmSerial>},
       {"frmSplash", build<Ui::frmSplash>},
       {"frmTimedMessage", build<Ui::frmTimedMessage>},

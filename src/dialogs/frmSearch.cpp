@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+// Search in the setup.
+#include "dialogs/frmSearch.h"
+
+#include "editor/frmBigFolder.h"
+
+frmSearch::frmSearch() : Form("frmSearch", "Search") {
+  txtSearch.onChange = [this] { search(); };
+  txtSearch.onKeyPress = cmdGo.onClick = [this] { cmdGo_Click(); };
+  cmdClose.onClick = [this] { unload(); };
+  cmdGo.setEnabled(false);
+}
+
+void frmSearch::Form_Load() { centre(); }
+
+void frmSearch::search() {
+  found_ = searchSetup(form<frmBigFolder>(), txtSearch.text());
+  lstFound.clear();
+  for (const FoundBox& each : found_) lstFound.addItem(each.line);
+  if (!found_.empty()) lstFound.setListIndex(0);
+  cmdGo.setEnabled(!found_.empty());
+}
+
+void frmSearch::cmdGo_Click() {
+  if (lstFound.listIndex() < 0) return;
+  chosen = found_[static_cast<std::size_t>(lstFound.listIndex())];
+  hide();
+}

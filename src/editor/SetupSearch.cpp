@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+// The boxes of the main window by words.
+#include "editor/SetupSearch.h"
+
+#include <algorithm>
+#include <cctype>
+#include <sstream>
+
+#include "core/NumberText.h"
+#include "editor/frmBigFolder.h"
+
+namespace {
+
+constexpr std::size_t kindOfControl = 3;  // letters in front of a name: "txt", "cbo", "lst"
+
+std::string lower(std::string_view text) {
+  std::string result(text);
+  std::ranges::transform(result, result.begin(), [](unsigned char sign) { return std::tolower(sign); });
+  return result;
+}
+
+// The page that the control lies on; -1 outside of all, and for what is out of sight or out of use.
+int tabOf(const frmBigFolder& editor, const Control& control) {
+  if (!control.visible()) return -1;
+  const Container* at = &control.container();
+  for (; at != nullptr; at = at->parent()) {
+    const auto* frame = dynamic_cast<const Frame*>(at);
+    if (frame != nullptr && !frame->visible()) return -1;
+    for (int tab = 0; tab < editor.tabBig.tabs(); ++tab) {
+      if (at == &editor.tabBig.page(static_cast<std::size_t>(tab))) {
+        return editor.tabBig.tabAvailable(tab) ? tab : -1;
+      }
+    }
+  }
+  return -1;
+}
+
+// The label in front of a box bears its name: "text_Sp1" that of "txtSp1".
+std::string labelOf(const frmBigFolder& editor, const Control& control) {
+  const std::string name = "text_" + control.name().substr(std::min(kindOfControl, control.name().size()));
+  for (const Control* each : editor.controls) {
+    if (each->name() == name) return dynamic_cast<const CaptionedControl&>(*each).caption();
+  }
+  const auto* captioned = dynamic_cast<const CaptionedControl*>(&control);
+  if (captioned != nullptr) return captioned->caption();
+  return control.toolTip().substr(0, control.toolTip().find(','));
+}
+
+std::string valueOf(const Control& control) {
+  if (const auto* box = dynamic_cast<const TextBox*>(&control)) return box->text();
+  if (const auto* list = dynamic_cast<const ListControl*>(&control)) return list->list(list->listIndex());
+  if (const auto* check = dynamic_cast<const CheckBox*>(&control)) return check->value() != 0 ? "on" : "off";
+  if (const auto* option = dynamic_cast<const OptionButton*>(&control)) {
+    return option->value() ? "chosen" : "not chosen";
+  }
+  return numberText(std::int32_t{dynamic_cast<const ScrollBar&>(control).value()});
+}
+
+bool isBox(const Control& control) {
+  return dynamic_cast<const TextBox*>(&control) != nullptr ||
+         dynamic_cast<const ListControl*>(&control) != nullptr ||
+         dynamic_cast<const CheckBox*>(&control) != nullptr ||
+         dynamic_cast<const OptionButton*>(&control) != nullptr ||
+         dynamic_cast<const ScrollBar*>(&control) != nullptr;
+}
+
+bool hasAll(const std::string& text, std::string_view words) {
+  std::istringstream each{lower(words)};
+  for (std::string word; each >> word;) {
+    if (text.find(word) == text.npos) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+std::vector<FoundBox> searchSetup(const frmBigFolder& editor, std::string_view words) {
+  std::vector<FoundBox> found;
+  if (words.find_first_not_of(' ') == words.npos) return found;
+  for (const Control* control : editor.controls) {
+    const int tab = isBox(*control) ? tabOf(editor, *control) : -1;
+    if (tab < 0) continue;
+    const std::string& caption = editor.tabBig.page(static_cast<std::size_t>(tab)).caption;
+    const auto* frame = dynamic_cast<const Frame*>(&control->container());
+    const std::string label = labelOf(editor, *control);
+    const std::string around = frame == nullptr ? "" : frame->caption();
+    if (!hasAll(lower(caption + " " + around + " " + label + " " + control->toolTip()), words)) continue;
+    found.push_back({control, tab, caption + ": " + label + ": " + valueOf(*control)});
+  }
+  return found;
+}
