@@ -2,6 +2,7 @@
 // Search in the setup.
 #include "dialogs/frmSearch.h"
 
+#include "editor/SetupSearch.h"
 #include "editor/frmBigFolder.h"
 
 frmSearch::frmSearch() : Form("frmSearch", "Search") {
@@ -14,9 +15,12 @@ frmSearch::frmSearch() : Form("frmSearch", "Search") {
 void frmSearch::Form_Load() { centre(); }
 
 void frmSearch::search() {
-  found_ = searchSetup(form<frmBigFolder>(), txtSearch.text());
+  found_.clear();
   lstFound.clear();
-  for (const FoundBox& each : found_) lstFound.addItem(each.line);
+  for (const FoundBox& each : searchSetup(form<frmBigFolder>(), txtSearch.text())) {
+    found_.push_back({each.control, each.tab});
+    lstFound.addItem(each.line);
+  }
   if (!found_.empty()) lstFound.setListIndex(0);
   cmdGo.setEnabled(!found_.empty());
 }

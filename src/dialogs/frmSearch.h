@@ -5,7 +5,6 @@
 #include <optional>
 #include <vector>
 
-#include "editor/SetupSearch.h"
 #include "platform/Form.h"
 
 class frmSearch : public Form {
@@ -20,11 +19,15 @@ class frmSearch : public Form {
 
   void Form_Load() override;
 
-  std::optional<FoundBox> chosen;  // where the user wants to go
+  struct Place {
+    const Control* control;
+    int tab;
+  };
+  std::optional<Place> chosen;  // where the user wants to go
 
  private:
   void search();
   void cmdGo_Click();
 
-  std::vector<FoundBox> found_;
+  std::vector<Place> found_;
 };

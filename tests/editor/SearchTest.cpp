@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "dialogs/frmSearch.h"
+#include "editor/SetupSearch.h"
 #include "tests/editor/EditorTest.h"
 
 namespace {
