@@ -3,8 +3,6 @@
 #include "editor/SetupSearch.h"
 
 #include <algorithm>
-#include <cctype>
-#include <sstream>
 
 #include "core/NumberText.h"
 #include "editor/frmBigFolder.h"
@@ -15,7 +13,9 @@ constexpr std::size_t kindOfControl = 3;  // letters in front of a name: "txt", 
 
 std::string lower(std::string_view text) {
   std::string result(text);
-  std::ranges::transform(result, result.begin(), [](unsigned char sign) { return std::tolower(sign); });
+  for (char& sign : result) {
+    if (sign >= 'A' && sign <= 'Z') sign = static_cast<char>(sign - 'A' + 'a');
+  }
   return result;
 }
 
@@ -65,9 +65,11 @@ bool isBox(const Control& control) {
 }
 
 bool hasAll(const std::string& text, std::string_view words) {
-  std::istringstream each{lower(words)};
-  for (std::string word; each >> word;) {
-    if (text.find(word) == text.npos) return false;
+  const std::string wanted = lower(words);
+  for (std::size_t begin = 0; begin < wanted.size();) {
+    const std::size_t end = std::min(wanted.find(' ', begin), wanted.size());
+    if (text.find(wanted.substr(begin, end - begin)) == text.npos) return false;
+    begin = end + 1;
   }
   return true;
 }
