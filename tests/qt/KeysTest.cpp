@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Keys and the keyboard's place in the real windows.
+#include <QLineEdit>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTabBar>
@@ -50,6 +51,7 @@ TEST_F(KeysInWindows, ChangeTheTab) {
 
 TEST_F(KeysInWindows, GoWithATabChangeToSomethingThatShowsIt) {
   auto& pages = *window().findChild<QStackedWidget*>("tabBig_pages");
+  window().findChild<QLineEdit*>("txtIDCode")->setFocus();
   for (int step = 0; step < 24; ++step) {
     press(Qt::Key_Tab, Qt::ControlModifier);
     QWidget* keyboard = window().focusWidget();
