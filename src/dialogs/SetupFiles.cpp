@@ -64,7 +64,7 @@ void remember(const std::string& path) {
 // A model's name holds signs that not every disk takes.
 std::string proposedName() {
   const std::string& path = Global.FileName;
-  const std::string name = path.substr(path.find_last_of('/') + 1);
+  std::string name = path.substr(path.find_last_of('/') + 1);
   if (name.ends_with(".cfg")) return name;
   std::string model;
   for (const char sign : Hardware.ModelNumber) {

@@ -42,10 +42,12 @@ void frmBigFolder::wireEntries() {
 
 // As "Setpoint 1, -199.9 to 999.9 F": the range is that of the format, the unit that of the reading.
 void frmBigFolder::showRanges() {
+  const std::string unit = optInType(2).value() ? " counts" : " " + cboTUnit.text();
   for (const auto& [box, tip] : readingTips_) {
-    const std::string range = readingRangeText(entryField(box->name()), {formDPt(), optAOutV.value()});
-    const std::string unit = optInType(2).value() ? "counts" : cboTUnit.text();
-    box->setToolTip(tip + ", " + range + " " + unit);
+    std::string withRange = tip + ", ";
+    withRange += readingRangeText(entryField(box->name()), {formDPt(), optAOutV.value()});
+    withRange += unit;
+    box->setToolTip(withRange);
   }
 }
 

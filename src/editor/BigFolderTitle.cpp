@@ -45,12 +45,14 @@ void frmBigFolder::Form_FileDropped(const std::string& path) { openNamed(path); 
 
 // With what stands in the boxes and is not committed yet.
 bool frmBigFolder::differsFromFile() const {
+  if (!inFile_) return false;
+  const MemoArray& inFile = *inFile_;
   MemoArray now = Memo;
   for (const Field& field : fields_) {
     if (field.storeTab != notStored && isInUse(field)) store(field, now[field.record]);
   }
   for (int record = 0; record <= rec::optNoChange; ++record) {
-    if (!isOfTheWay(record) && !meansTheSame(now[record], (*inFile_)[record])) return true;
+    if (!isOfTheWay(record) && !meansTheSame(now[record], inFile[record])) return true;
   }
   return Hardware.ModelNumber != modelInFile_;
 }

@@ -3,6 +3,7 @@
 #include "editor/SetupSearch.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/NumberText.h"
 #include "editor/frmBigFolder.h"
@@ -86,8 +87,12 @@ std::vector<FoundBox> searchSetup(const frmBigFolder& editor, std::string_view w
     const auto* frame = dynamic_cast<const Frame*>(&control->container());
     const std::string label = labelOf(editor, *control);
     const std::string around = frame == nullptr ? "" : frame->caption();
-    if (!hasAll(lower(caption + " " + around + " " + label + " " + control->toolTip()), words)) continue;
-    found.push_back({control, tab, caption + ": " + label + ": " + valueOf(*control)});
+    std::string all;
+    for (const std::string& text : {caption, around, label, control->toolTip()}) all.append(text).append(" ");
+    if (!hasAll(lower(all), words)) continue;
+    std::string line = caption;
+    line.append(": ").append(label).append(": ").append(valueOf(*control));
+    found.push_back({control, tab, std::move(line)});
   }
   return found;
 }

@@ -108,6 +108,7 @@ std::string settingsArray(const AsLeft& record) {
 
 std::string registersArray(const AsLeft& record) {
   std::vector<std::string> values;
+  values.reserve(record.registers.size());
   for (const RegisterLeft& each : record.registers) {
     values.push_back(jsonObject({{"index", jsonString(each.reg)},
                                  {"before", jsonString(each.before)},

@@ -67,8 +67,12 @@ EitherFile readEither(std::string_view bytes) {
 
 std::size_t longestEither() { return std::max(longestConfiguration(), longestUnitFile + 1); }
 
-UnitImage asUnit(const EitherFile& file) { return file.copy ? *file.copy : imageOf(file.setup.value()); }
+UnitImage asUnit(const EitherFile& file) {
+  if (file.copy) return *file.copy;
+  return file.setup ? imageOf(*file.setup) : UnitImage();
+}
 
 EncodedSetup asSetup(const EitherFile& file) {
-  return file.copy ? setupOf(*file.copy, true) : file.setup.value();
+  if (file.copy) return setupOf(*file.copy, true);
+  return file.setup ? *file.setup : EncodedSetup();
 }

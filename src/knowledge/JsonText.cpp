@@ -49,7 +49,7 @@ std::string escaped(char letter) {
       break;
   }
   constexpr std::string_view digits = "0123456789abcdef";
-  const auto code = static_cast<std::size_t>(letter);
+  const auto code = static_cast<unsigned char>(letter);
   if (code >= ' ') return {letter};
   return std::string("\\u00") + digits[code >> 4U] + digits[code & 15U];
 }

@@ -127,7 +127,7 @@ std::string Connection::askVersionOnce() {
     return network_.command(framed("U03"));
   }
   serial_.openIfClosed();
-  const std::string reply = serial_.command(framed("U03"));
+  std::string reply = serial_.command(framed("U03"));
   serial_.closeIfOpen();
   return reply;
 }

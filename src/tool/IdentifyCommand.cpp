@@ -21,8 +21,9 @@ ExitCode run(const Arguments& arguments, const Output& output) {
   object["verdict"] = "pass";
   std::string words;
   for (const auto& [key, value] : object["unit"].items()) {
-    if (!value.is_null() && value != "")
-      words += key + ": " + (value.is_string() ? value.get<std::string>() : value.dump()) + '\n';
+    if (value.is_null()) continue;
+    const std::string text = value.is_string() ? value.get<std::string>() : value.dump();
+    if (!text.empty()) words.append(key).append(": ").append(text).append("\n");
   }
   output.print(object, words);
   return ExitCode::done;

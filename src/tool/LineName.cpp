@@ -49,7 +49,7 @@ std::optional<LineName> bridge(std::string_view text) {
 }  // namespace
 
 std::optional<LineName> parseLineName(std::string_view text) {
-  if (const auto port = commPort(text)) return port;
+  if (auto port = commPort(text)) return port;
   if (text.find('/') != std::string_view::npos) return LineName{.device = std::string(text)};
   return bridge(text);
 }

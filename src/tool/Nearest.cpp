@@ -42,6 +42,7 @@ std::vector<std::string> nearest(std::string_view word, const std::vector<std::s
   std::ranges::stable_sort(found, {}, &std::pair<std::size_t, std::string>::first);
   found.resize(std::min(found.size(), most));
   std::vector<std::string> words;
+  words.reserve(found.size());
   for (auto& [steps, candidate] : found) words.push_back(std::move(candidate));
   return words;
 }

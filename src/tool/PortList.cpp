@@ -24,7 +24,7 @@ std::string adapterOf(const std::string& device, const std::vector<SerialDevice>
 
 std::vector<Port> portsHere() {
   const QtSettings settings;
-  const std::vector<SerialDevice> present = serialDevicesPresent();
+  std::vector<SerialDevice> present = serialDevicesPresent();
   QtPorts names(settings, [&] { return present; });
   std::vector<Port> ports;
   for (int number = 1; number <= std::max(mostNames, static_cast<int>(present.size())); ++number) {

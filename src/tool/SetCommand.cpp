@@ -42,12 +42,20 @@ std::string wordsOf(const Json& changed, const std::vector<RepairedSetting>& rep
   for (const Json& one : changed) rows.push_back({one["section"], one["name"], one["before"], one["value"]});
   std::string words = rows.size() > 1 ? tableText(rows) : "Nothing has changed.\n";
   for (const auto& [section, name, given, value] : repaired)
-    words.append(section).append("/").append(name).append(": \"") += given + "\" became \"" + value + "\"\n";
+    words.append(section)
+        .append("/")
+        .append(name)
+        .append(": \"")
+        .append(given)
+        .append("\" became \"")
+        .append(value)
+        .append("\"\n");
   return words;
 }
 
 ExitCode run(const Arguments& arguments, const Output& output) {
   std::vector<SettingChange> changes;
+  changes.reserve(arguments.changes.size());
   for (const std::string& text : arguments.changes) changes.push_back(parseChange(text));
   SetupDesk desk;
   desk.open(arguments.setup);

@@ -169,6 +169,11 @@ int positionIn(const std::string& value, int least) {
   return static_cast<int>(std::clamp(number, static_cast<double>(least), beyondEveryBar));
 }
 
+// Of a legal value.
+int chosenBy(const Setting& setting, const std::string& value) {
+  return choiceFor(setting, value).value_or(0);
+}
+
 void make(SetupEditor& editor, const Setting& setting, const std::string& given) {
   if (printedValue(setting) == given) return;
   const int record = setting.records.front();
@@ -179,10 +184,10 @@ void make(SetupEditor& editor, const Setting& setting, const std::string& given)
     case SettingForm::position:
       return editor.choose(record, positionIn(given, isSeconds ? 1 : 0));
     case SettingForm::options:
-      return editor.choose(setting.records[static_cast<std::size_t>(*choiceFor(setting, given))], 1);
+      return editor.choose(setting.records[static_cast<std::size_t>(chosenBy(setting, given))], 1);
     case SettingForm::choice:
     case SettingForm::tick: {
-      const int choice = *choiceFor(setting, given);
+      const int choice = chosenBy(setting, given);
       if (!isOutOfReach(setting, choice)) editor.choose(record, choice);
       return;
     }
