@@ -51,7 +51,10 @@ TEST_F(KeysInWindows, ChangeTheTab) {
 
 TEST_F(KeysInWindows, GoWithATabChangeToSomethingThatShowsIt) {
   auto& pages = *window().findChild<QStackedWidget*>("tabBig_pages");
-  window().findChild<QLineEdit*>("txtIDCode")->setFocus();
+  editor_->tabBig.setTab(tab::setpoints);
+  auto& box = *window().findChild<QLineEdit*>("txtSp1");
+  box.setFocus();
+  ASSERT_EQ(window().focusWidget(), &box);
   for (int step = 0; step < 24; ++step) {
     press(Qt::Key_Tab, Qt::ControlModifier);
     QWidget* keyboard = window().focusWidget();
