@@ -13,7 +13,7 @@ namespace sim {
 // As a count of commands: without limit.
 inline constexpr int unlimited = -1;
 
-// A command is told by its beginning, without recognition character and address: "W07", "U", "" for all.
+// A command is named by its beginning, without recognition character and address: "W07", "U", "" for all.
 struct Refusal {
   std::string code = "?43";  // "?43", "?46", "?50", "?56"; empty for silence
   std::string prefix;

@@ -10,9 +10,9 @@
 bool keepsCopies();
 void setKeepsCopies(bool on);
 
-// Where the user says, under a name that he may change. What is missing in it is told.
+// Where the user says, under a name that he may change. What is missing in it is named.
 void saveCopy(const UnitImage& unit);
 
 // In the user's data folder, under a name of its own; `path` tells it. A copy that could not be kept, or that
-// lacks something, is told of, and the user says whether the write goes on without it. False: it doesn't.
+// lacks something, is named, and the user says whether the write goes on without it. False: it doesn't.
 bool keepBeforeWrite(const UnitImage& unit, std::string& path);

@@ -9,7 +9,7 @@
 
 inline constexpr const char* textFilter = "Text Files (*.txt)|*.txt|All Files (*.*)|*.*";
 
-// Nothing where the path is empty. A file that can't be written is told of in a box: the older one is whole,
+// Nothing where the path is empty. A file that can't be written is named in a box: the older one is whole,
 // and the user may try again. False: nothing was saved.
 bool saveOrSay(const std::string& path, std::string_view bytes);
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the controls of the main window can't be told where they are declared: tips of option buttons, first
+// What can't be set where the controls of the main window are declared: tips of option buttons, first
 // looks.
 #include "editor/BigFolderControls.h"
 

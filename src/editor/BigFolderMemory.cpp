@@ -195,7 +195,7 @@ void frmBigFolder::load(const Field& field) {
     }
   }
   if (auto* const* check = std::get_if<CheckBox*>(&field.control)) {
-    // The ID code is in force on every showing, whatever the record holds.
+    // The ID code's box is checked each time the tab is shown, whatever the record holds.
     return (*check)->setValue(field.record == rec::chkIDEnabled ? 1 : record.value);
   }
   if (auto* const* option = std::get_if<OptionButton*>(&field.control)) {

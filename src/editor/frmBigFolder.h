@@ -67,7 +67,7 @@ class frmBigFolder : public BigFolderControls {
   // and both show the record, so that no older digits win.
   void followMenu();
 
-  // Configuration files: BigFolderFile.cpp. A file that can't be read is told of in a box, and Memo is again
+  // Configuration files: BigFolderFile.cpp. A file that can't be read is named in a box, and Memo is again
   // what the controls show.
   void FileOpen(const std::string& path);
   // Asks for the file; keeps ModelIndex as the file has it.

@@ -89,7 +89,7 @@ bool appliesIn(const RegisterField& field, const UnitContext& context);
 
 // The field's bits of a payload, shifted down.
 std::uint32_t codeIn(const RegisterField& field, std::string_view payload);
-// In the report's words. What has no words is told by its digits: "(code 3)".
+// In the report's words. What has no words is shown as digits: "(code 3)".
 std::string describe(const RegisterField& field, std::string_view payload, const UnitContext& context);
 // A whole register on one line, for a person: "Set-Point 1: 123.4".
 std::string describeRegister(std::string_view reg, std::string_view payload, const UnitContext& context);

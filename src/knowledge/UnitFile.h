@@ -24,7 +24,7 @@ inline constexpr const char* unitFilter = "Copies of units (*.unit)|*.unit|All F
 // No reader needs more bytes than this.
 inline constexpr std::size_t longestUnitFile = 1 << 16;
 
-// Which file is which is told by its first line, not by its name.
+// The first line says which file is which, not by its name.
 bool isUnitFile(std::string_view bytes);
 
 std::string unitFileText(const UnitImage& image);

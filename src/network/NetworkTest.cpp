@@ -96,7 +96,7 @@ void prepareSecondTry(Run& run, NetworkChannel& channel, bool onTerminalServerPo
   waitOut(retryRest);
 }
 
-// The line returns what it is told: a modem or a wiring fault, and nothing that a further try would mend.
+// The line returns what is sent: a modem or a wiring fault, and nothing that a further try would mend.
 void stopAtEcho(Run& run, NetworkChannel& channel) {
   channel.socket().close();
   Global.DetectionDone = 1;

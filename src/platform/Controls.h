@@ -3,7 +3,7 @@
 //
 // Each control has two doors. Code uses the properties; the view uses the user... operations, which do
 // nothing while the user can't reach the control. Both raise the same handlers, when the value really changes
-// and only then. The view is told of changes through `onRedraw` and keeps no state of its own.
+// and only then. The view hears of changes through `onRedraw` and keeps no state of its own.
 #pragma once
 
 #include <cstddef>

@@ -27,7 +27,7 @@ class Host {
   virtual double now() = 0;
   // Serves pending window events and returns at once.
   virtual void yield() = 0;
-  // Serves window events; sleeps while there are none, for at most so many seconds.
+  // Serves window events; sleeps while there are none, for at most this many seconds.
   virtual void idle(double seconds) = 0;
 
   virtual void show(Form& form, bool modal) = 0;

@@ -18,5 +18,5 @@ std::string comOK(Run& run, SerialChannel& channel, std::int16_t& mode);
 // What the version says of the unit's revision.
 void judgeVersion(Run& run);
 // The unit's type is taken over and announced: 0 the Rkw77 line, 1 to 5 TMP, PRC, STR, GR2, RHT, 6 any other.
-// The version is told from the last reply.
+// The version comes from the last reply.
 void announce(Run& run, std::int16_t type, const std::string& lastReply);

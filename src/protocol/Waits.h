@@ -11,9 +11,9 @@ void Delay(float seconds);
 // once.
 void pause(std::int16_t seconds);
 
-// The wait for an event: true as soon as the flag is set, false when so many seconds are over. Starts anew if
+// The wait for an event: true as soon as the flag is set, false when the seconds are over. Starts anew if
 // the clock has stepped back before its start.
 bool waitFor(const std::int16_t& flag, double seconds);
 
-// The same for no event at all: ends when so many seconds are over.
+// The same for no event at all: ends when the seconds are over.
 void waitOut(double seconds);

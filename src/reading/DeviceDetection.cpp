@@ -158,7 +158,7 @@ void DeviceDetection::judgeRegister(const std::string& reply, bool error) {
   decide(old && echoShifted ? family::oldWithEcho : meaning->result);
 }
 
-// A strain unit doesn't know the command, and that is how it is told.
+// A strain unit doesn't know the command, and that is how it is recognised.
 void DeviceDetection::judgeStrain(const std::string& reply, bool& error) {
   response = reply;
   const bool strain = reply.starts_with('?');

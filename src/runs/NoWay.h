@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What can be in the way to a unit, and what helps, in the same words wherever it is told.
+// What can be in the way to a unit, and what helps, in the same words wherever it is said.
 #pragma once
 
 #include <span>
@@ -22,7 +22,7 @@ extern const NoWay unplugged;
 extern const NoWay noPortChosen;
 }  // namespace noWay
 
-// All of them. What keeps a port from being opened is told by the system: Host::serialPortHint.
+// All of them. The system says what keeps a port from being opened: Host::serialPortHint.
 std::span<const NoWay* const> noWays();
 
 // Of a run that did not reach its unit, judged by how it ended and by the last words of the search; empty

@@ -113,7 +113,7 @@ void Connection::begin(bool reading) {
                line_.name.overBridge() ? lineText(line_.name) : lineText(line_.name) + " " + port_->settings);
 }
 
-// A register is told when what the run says of it is shown.
+// A register is reported when the run shows what became of it.
 void Connection::onRegister(std::function<void(const RegisterOutcome&)> tell) {
   view_.onStatus = [this, tell = std::move(tell), told = std::size_t{0}]() mutable {
     const std::vector<RegisterOutcome>& registers = run_.outcome.registers;

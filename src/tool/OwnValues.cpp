@@ -39,7 +39,7 @@ Json takeSetup(const PlanRow& row) {
 std::vector<std::string> valueFaults(const PlanRow& row) {
   std::vector<std::string> faults;
   for (const SettingChange& change : changesOf(row)) {
-    // A column that is called wrong is told once, with the headers.
+    // A wrong column name is reported once, with the headers.
     if (!nameFault(change.name).what.empty()) continue;
     if (std::string fault = textOf(faultOf(change)); !fault.empty()) faults.push_back(std::move(fault));
   }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Every setting with the record that holds it, and how its values are told.
+// Every setting with the record that holds it, and how its values are written.
 #pragma once
 
 #include <span>

@@ -137,7 +137,7 @@ TEST_F(Walk, StartsFromAnyImage) {
   for (unsigned seed = 1; seed <= 300; ++seed) {
     random.seed(seed);
     fillWildMemo(random);
-    Hardware.BusMode = static_cast<std::int16_t>(pick(2));  // a wild one is told in a box
+    Hardware.BusMode = static_cast<std::int16_t>(pick(2));  // a wild one raises a box
     for (std::int16_t tab = 0; tab < 12; ++tab) editor.loadMemo(tab);
     for (int step = 0; step < 300; ++step) act();
     expectSound(static_cast<int>(seed));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The text boxes of the main window: when they are repaired, what the user is told, what reaches the image.
+// The text boxes of the main window: when they are repaired, what the user sees, what reaches the image.
 #include <random>
 
 #include "core/NumberText.h"

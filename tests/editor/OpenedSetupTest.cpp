@@ -186,7 +186,7 @@ class AnyWay : public OpenedSetup {
         between(random, 0, static_cast<int>(editor.controls.size()) - 1))]);
   }
 
-  // A line may take more digits than its register has; it is told of elsewhere.
+  // A line may take more digits than its register has; another test looks at that.
   void expectPayloadsThatFit(int round) {
     for (const RegisterUnderTest& reg : allRegisters()) {
       const std::string payload = reg.make().payload;

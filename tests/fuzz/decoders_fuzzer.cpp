@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Any bytes as the reply to any register, for each kind of unit and reading format: nothing breaks but by the
-// program's own errors, and what was decoded can be encoded again or is told of.
+// program's own errors, and what was decoded can be encoded again or is reported.
 #include <algorithm>
 #include <cctype>
 #include <cstdint>

@@ -25,7 +25,7 @@ class FaultyNetwork : public NetworkBench {
     host.toleratesBoxes = true;
   }
 
-  // The bridge dies at the how-manieth command, and what becomes of those who connect again.
+  // Number of the command at which the bridge dies, and what becomes of those who connect again.
   void dieAt(int command, sim::Reach afterwards, std::size_t behind, bool abrupt) {
     bridge.faults = {};
     bridge.faults.dropAt = command;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the controls promise: when handlers run, what is refused, and what the view is told.
+// What the controls promise: when handlers run, what is refused, and what the view hears.
 #include "platform/Controls.h"
 
 #include <gmock/gmock.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Writes to a unit or over a line that something is wrong with: what is told, how the run ends, and that no
+// Writes to a unit or over a line that something is wrong with: what is said, how the run ends, and that no
 // register outside the plan is written.
 #include <algorithm>
 

@@ -100,7 +100,7 @@ TEST_F(ProbeFaults, DuringASearchSkipAStatementAndShowNoBox) {
 }
 
 struct SkipCase {
-  std::size_t line;  // the how-manieth command can't be sent, counted from 0
+  std::size_t line;  // number of the command that can't be sent, counted from 0
   const char* result;
   std::size_t commands;
   const char* last;  // behind "Looking for version#..."

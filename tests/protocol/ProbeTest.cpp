@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The first probe of a unit: what is sent, what is told, what counts as found.
+// The first probe of a unit: what is sent, what is said, what counts as found.
 #include <algorithm>
 
 #include "core/Global.h"

@@ -379,7 +379,7 @@ TEST_F(WriteRun, SendsTheResetWhenAllIsWritten) {
 TEST_F(WriteRun, ReachesTheUnitAtItsNewAddressInTheNextRun) {
   Global.ResetAfterWrite = True;
   runWrite();
-  Hardware.BusMode = 1;  // the unit is on a bus from now on, and the user has told so
+  Hardware.BusMode = 1;  // the unit is on a bus from now on, and the user has said so
   unit.takeLog();
   runWrite();
   EXPECT_EQ(unit.commands().front(), "*11R02");

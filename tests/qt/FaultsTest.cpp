@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Whatever does not fit between a form and its layout is told, all of it at once.
+// Whatever does not fit between a form and its layout is reported, all of it at once.
 #include <QBoxLayout>
 
 #include "platform/qt/Bindings.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Reads of a unit or over a line that something is wrong with: what is told, how the run ends, what is kept.
+// Reads of a unit or over a line that something is wrong with: what is said, how the run ends, what is kept.
 #include <algorithm>
 
 #include "core/Global.h"

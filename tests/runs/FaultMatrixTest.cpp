@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Each fault of the list at each step of a run over each body: no run hangs, no register ends between its old
-// and its new value, nothing is told as done that isn't. FAULT_TABLES names a folder that takes the tables.
+// and its new value, nothing is reported as done that isn't. FAULT_TABLES names a folder that takes the
+// tables.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -132,7 +132,7 @@ Lines writeNarrative(const Payloads& payloads) {
       const std::string label = std::string(row.writeLabel) + "\r";
       const std::string shown = label + payloads.at(row.reg) + "\r";
       lines.insert(lines.end(), {label, shown});
-      // A scale moves the bar before its outcome is told.
+      // A scale moves the bar before its outcome is shown.
       if (isScale(row)) addPercent(lines, row);
       lines.push_back(shown + "Success");
     }

@@ -28,7 +28,7 @@ class ScriptedPort : public SerialPort {
   PortScript script;
   std::vector<std::string> sent;           // byte for byte
   mutable std::vector<std::string> calls;  // every call by its name, failing ones included
-  int failAt = 0;                          // the how-manieth call fails, counted from 1; 0: none
+  int failAt = 0;                          // number of the call that fails, counted from 1; 0: none
   bool staysGone = false;                  // and all calls after it
 
   std::vector<std::string> commands() const;  // what was sent, less the carriage return

@@ -25,7 +25,7 @@ class WizardBench : public Bench {
   frmWizard& open(bool serial = true);
   frmWizard& wizard() { return form<frmWizard>(); }
   const std::string& says() { return wizard().lblCaption.caption(); }
-  // The user presses Next so many times.
+  // The user presses Next this many times.
   void next(int times = 1);
 
   // A unit on another port than COM 1, which falls silent.

@@ -78,7 +78,7 @@ TEST(Journal, AfterTheWholeBatch) {
   EXPECT_FALSE(tool::isLeftToDo(rows[3]));
 }
 
-// At each byte: nothing that was told whole is lost, and what is cut off is not taken for anything.
+// At each byte: no whole entry is lost, and what is cut off is not taken for anything.
 TEST(Journal, CutOffAtEveryByteItTellsWhatIsLeft) {
   const std::vector<JournalEntry> all = wholeBatch();
   const std::string text = textOf(all);

@@ -103,7 +103,7 @@ std::string anyValue(const Setting& setting, std::mt19937& random) {
   return between(random, 0, 1) == 0 ? number : number + "." + std::to_string(between(random, 0, 99));
 }
 
-// What was set is what is shown, or it is told what became of it.
+// What was set is what is shown, or the reply says what became of it.
 TEST_F(ToolSettings, AnyValueIsShownAsItWasSetOrToldAsRepaired) {
   for (int round = 0; round < 400 && !HasFailure(); ++round) {
     writeRandomSetup(random, path);

@@ -108,7 +108,7 @@ void letUserType(Binding* binding, ComboBox& control, QComboBox& widget) {
 Binding* bind(ListBox& control, QListWidget& widget) {
   auto* binding = new Binding(control, widget, [&] { showList(control, widget); });
   widget.setSelectionMode(QAbstractItemView::SingleSelection);
-  // A list that gets the keyboard makes its first item the current one without a deed of the user; only a
+  // A list that gets the keyboard makes its first item the current one without the user's doing; only a
   // selection is one, and taking a selection back is none.
   QObject::connect(&widget, &QListWidget::itemSelectionChanged, binding, [=, &control, &widget] {
     const auto selected = widget.selectedItems();

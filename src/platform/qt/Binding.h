@@ -19,7 +19,7 @@ class Binding : public QObject {
   const Control* control() const { return control_; }
   QWidget& widget() const { return widget_; }
 
-  // Brings the widget to what the control holds; what the widget signals meanwhile is no deed of the user.
+  // Brings the widget to what the control holds; what the widget signals meanwhile is nothing the user did.
   void show();
   // From now on a change waits for the next painting of the window, while it is on show: for what changes
   // more often than the eye can follow.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The pages of the main window, each with a layout of its own. Their place in the strip is told in the layout
+// The pages of the main window, each with a layout of its own. Their place in the strip stands in the layout
 // of the window.
 #pragma once
 

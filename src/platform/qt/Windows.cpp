@@ -126,7 +126,7 @@ void FormWindow::setFirstSize() {
   sized_ = true;
   if (takeFormerPlace()) return;
   QSize size = sizeHint().expandedTo(minimumSizeHint());
-  // Texts that are broken into lines ask for their height only when they are told their width.
+  // Texts that are broken into lines ask for their height only when they know their width.
   if (hasHeightForWidth()) size.setHeight(std::max(size.height(), heightForWidth(size.width())));
   resize(size.boundedTo(screen()->availableSize()));
 }

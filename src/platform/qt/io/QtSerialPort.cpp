@@ -36,7 +36,7 @@ bool isHangUp(QSerialPort::SerialPortError error) {
 }
 
 // The line is slower than the screen: what has changed on the windows is painted while bytes are under way.
-// Nothing but layout and painting is served, so no deed of the user gets in between.
+// Nothing but layout and painting is served, so nothing the user does gets in between.
 void paintWhatIsDue() {
   QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
   QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateRequest);
