@@ -12,6 +12,8 @@
 #include <cerrno>
 #include <system_error>
 
+namespace torvane {
+
 namespace {
 
 constexpr int patience = 2000;  // milliseconds
@@ -52,3 +54,5 @@ std::string BareLine::exchange(std::string_view bytes) const {
   }
   return reply;
 }
+
+}  // namespace torvane

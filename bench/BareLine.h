@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+namespace torvane {
+
 class BareLine {
  public:
   // Claims the device and sets it to 9600 baud, 7 bits, odd parity. Throws std::system_error.
@@ -19,3 +21,5 @@ class BareLine {
  private:
   int file_;
 };
+
+}  // namespace torvane

@@ -13,6 +13,8 @@
 #include <cstdint>
 #include <system_error>
 
+namespace torvane {
+
 namespace {
 
 constexpr int patience = 2000;  // milliseconds
@@ -47,3 +49,5 @@ std::string BareSocket::exchange(std::string_view bytes) const {
   }
   return reply;
 }
+
+}  // namespace torvane

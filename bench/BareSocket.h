@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+namespace torvane {
+
 class BareSocket {
  public:
   // Connects to a port of 127.0.0.1 with the low-delay option on. Throws std::system_error.
@@ -19,3 +21,5 @@ class BareSocket {
  private:
   int file_;
 };
+
+}  // namespace torvane

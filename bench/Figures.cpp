@@ -10,6 +10,8 @@
 #include <ctime>
 #include <string>
 
+namespace torvane {
+
 namespace {
 
 constexpr int digits = 4;
@@ -53,3 +55,5 @@ double wallClock() { return secondsOn(CLOCK_MONOTONIC); }
 double processorTime() { return secondsOn(CLOCK_PROCESS_CPUTIME_ID); }
 
 double threadTime() { return secondsOn(CLOCK_THREAD_CPUTIME_ID); }
+
+}  // namespace torvane

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+namespace torvane {
+
 inline constexpr double noTarget = 0;
 
 // Prints "| figure | measured | at most | share of it |"; without a target the last two are empty.
@@ -18,3 +20,5 @@ double largest(const std::vector<double>& values);
 double wallClock();
 double processorTime();
 double threadTime();
+
+}  // namespace torvane

@@ -14,6 +14,8 @@
 #include <system_error>
 #include <utility>
 
+namespace torvane {
+
 Responder::Responder(std::string reply) : reply_(std::move(reply)) {
   far_ = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
   if (far_ < 0 || grantpt(far_) != 0 || unlockpt(far_) != 0) {
@@ -45,3 +47,5 @@ void Responder::answer() const {
     if (write(far_, reply_.data(), reply_.size()) < 0) return;
   }
 }
+
+}  // namespace torvane

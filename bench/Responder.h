@@ -5,6 +5,8 @@
 #include <string>
 #include <thread>
 
+namespace torvane {
+
 class Responder {
  public:
   explicit Responder(std::string reply);  // `reply` with its line end
@@ -24,3 +26,5 @@ class Responder {
   int stop_ = -1;
   std::thread thread_;
 };
+
+}  // namespace torvane

@@ -8,6 +8,8 @@
 #include "Figures.h"
 #include "platform/qt/io/QtSerialPort.h"
 
+namespace torvane {
+
 namespace {
 
 class Stopwatch {
@@ -104,3 +106,5 @@ void TimedHost::idle(double seconds) {
 std::unique_ptr<SerialPort> TimedHost::makeSerialPort() {
   return std::make_unique<TimedPort>(device_, cost_);
 }
+
+}  // namespace torvane

@@ -8,6 +8,8 @@
 #include "platform/SerialPort.h"
 #include "session/ScriptedHost.h"
 
+namespace torvane {
+
 // Seconds by the clock and seconds of this thread's processor time; the latter hardly feel the machine's
 // load.
 struct Spent {
@@ -49,3 +51,5 @@ class TimedHost : public ScriptedHost {
   RunCost cost_;
   bool running_ = false;
 };
+
+}  // namespace torvane

@@ -18,6 +18,8 @@
 #include "platform/qt/io/QtSerialPort.h"
 #include "protocol/SerialChannel.h"
 
+using namespace torvane;
+
 namespace {
 
 constexpr const char* command = "*R14";

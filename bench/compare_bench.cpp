@@ -21,6 +21,8 @@
 #include "platform/qt/RowTable.h"
 #include "sim/PseudoTerminal.h"
 
+using namespace torvane;
+
 namespace {
 
 constexpr int compares = 5;

@@ -20,6 +20,8 @@
 #include "editor/frmBigFolder.h"
 #include "sim/PseudoTerminal.h"
 
+using namespace torvane;
+
 namespace {
 
 constexpr int writes = 5;

@@ -21,6 +21,8 @@
 #include "protocol/frmSerial.h"
 #include "sim/TcpServer.h"
 
+using namespace torvane;
+
 namespace {
 
 constexpr int reads = 5;

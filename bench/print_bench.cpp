@@ -12,6 +12,8 @@
 #include "editor/frmBigFolder.h"
 #include "session/ScriptedHost.h"
 
+using namespace torvane;
+
 namespace {
 
 constexpr int rounds = 30;

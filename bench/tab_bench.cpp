@@ -16,6 +16,8 @@
 #include "editor/frmBigFolder.h"
 #include "session/ScriptedHost.h"
 
+using namespace torvane;
+
 namespace {
 
 constexpr int tabs = 12;

@@ -11,6 +11,8 @@
 #include "platform/qt/Outlines.h"
 #include "platform/qt/QtHost.h"
 
+using namespace torvane;
+
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName(program::title);

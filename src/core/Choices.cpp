@@ -6,6 +6,8 @@
 
 #include "core/Memo.h"
 
+namespace torvane {
+
 namespace {
 
 struct ListOfRecord {
@@ -50,3 +52,5 @@ std::string choiceAt(Choices choices, int index) {
   const bool known = index >= 0 && static_cast<std::size_t>(index) < choices.size();
   return known ? choices[static_cast<std::size_t>(index)] : "";
 }
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 #include <span>
 #include <string>
 
+namespace torvane {
+
 using Choices = std::span<const char* const>;
 
 namespace choices {
@@ -44,3 +46,5 @@ inline constexpr const char* abilities[] = {"Disabled", "Enabled"};
 Choices choicesOf(int record);
 // An item; empty outside the list.
 std::string choiceAt(Choices choices, int index);
+
+}  // namespace torvane

@@ -11,6 +11,8 @@
 #include "core/ConfigFile.h"
 #include "core/Memo.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr std::size_t outputsAndBus = 24;  // bytes behind ModelNumber
@@ -157,3 +159,5 @@ ConfigCheck examineConfiguration(std::string_view bytes) {
   if (check.fault.empty()) check.fault = file.fault;
   return check;
 }
+
+}  // namespace torvane

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+namespace torvane {
+
 struct ConfigCheck {
   std::string fault;      // why this is no setup, to go behind "The file"; empty: it is one
   bool older = false;     // ends right behind the second stamp: there is no model behind it
@@ -14,3 +16,5 @@ struct ConfigCheck {
 // The file does not say how long BaseModel is, and behind DeviceState the tail of an older, longer file may
 // follow. DeviceState is where its fields agree with their copies in Memo and make sense.
 ConfigCheck examineConfiguration(std::string_view bytes);
+
+}  // namespace torvane

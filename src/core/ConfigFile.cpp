@@ -11,6 +11,8 @@
 #include "core/Model.h"
 #include "platform/Host.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr std::size_t longestText = std::numeric_limits<std::uint16_t>::max();
@@ -148,3 +150,5 @@ ConfigFrame readConfiguration(std::string_view bytes) {
   deviceStateFields(file);
   return frame;
 }
+
+}  // namespace torvane

@@ -17,6 +17,8 @@
 #include <string>
 #include <string_view>
 
+namespace torvane {
+
 inline constexpr const char* configFilter = "Configuration Files (*.cfg)|*.cfg|All Files (*.*)|*.*";
 
 inline constexpr int recordsBeforeStamp = 94;  // Memo[0] to Memo[93]
@@ -41,3 +43,5 @@ struct ConfigFrame {
 // keeps what it held and a text stays empty. BaseModel takes as many bytes as it has characters and then
 // loses what stands from its first NUL on, or its last character where there is none.
 ConfigFrame readConfiguration(std::string_view bytes);
+
+}  // namespace torvane

@@ -5,6 +5,8 @@
 #include "core/Model.h"
 #include "core/NumberText.h"
 
+namespace torvane {
+
 GlobalState Global;
 
 void fillFirmwareVersions() {
@@ -21,3 +23,5 @@ std::string maskHex(std::string_view text, std::int32_t mask) {
 std::string orHex(std::string_view text, std::string_view other) {
   return padLeft(hexText(hexValue(text) | hexValue(other)), text.size());
 }
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+namespace torvane {
+
 struct GlobalState {
   std::int16_t FirstActivationDone = 0;  // the main window has been active once; written by it
   std::string FirmwareVersion;           // version found in the connected unit; written by comOK
@@ -37,3 +39,5 @@ std::string rs485AddressHex();
 // first argument and never cut. A text counts by the digits at its start, none as 0.
 std::string maskHex(std::string_view hexText, std::int32_t mask);
 std::string orHex(std::string_view hexText, std::string_view otherHexText);
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 
 #include "platform/RuntimeError.h"
 
+namespace torvane {
+
 MemoArray Memo;
 
 const MemoField& MemoArray::operator[](int index) const {
@@ -90,3 +92,5 @@ void storeDefaults() {
   for (const auto& [record, number] : extraDefaults) Memo[record].extra = number;
   for (const auto& [record, text] : textDefaults) Memo[record].text = text;
 }
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string>
 
+namespace torvane {
+
 // A used record uses one field, two of the model's copies use two; the others stay at zero or empty.
 struct MemoField {
   std::int16_t value = 0;  // a list index, a check box state (0 or 1) or a scroll bar position
@@ -135,3 +137,5 @@ enum : int {
 // Stores the factory setup in every record that has a default of its own. The records that come from the
 // stored preferences (75 to 79, 94 to 97) are left to loadRegCommSet.
 void storeDefaults();
+
+}  // namespace torvane

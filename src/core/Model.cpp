@@ -4,6 +4,8 @@
 
 #include "core/Memo.h"
 
+namespace torvane {
+
 HardwareRecord Hardware;
 DeviceStateRecord DeviceState;
 std::string BaseModel;
@@ -47,3 +49,5 @@ void resetModel() {
 }
 
 bool setupHasMenu(std::int16_t menuKind) { return Memo[rec::menuKind].extra == menuKind; }
+
+}  // namespace torvane

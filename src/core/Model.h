@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string>
 
+namespace torvane {
+
 // 16-bit booleans of the records and of the shared state.
 inline constexpr std::int16_t True = -1;
 inline constexpr std::int16_t False = 0;
@@ -83,3 +85,5 @@ bool setupHasMenu(std::int16_t menuKind);
 
 // For tests: the records as they are before the program starts.
 void resetModel();
+
+}  // namespace torvane

@@ -11,6 +11,8 @@
 
 #include "platform/RuntimeError.h"
 
+namespace torvane {
+
 namespace {
 
 // A decimal number as 0.digits times 10 to the point; digits neither begin nor end with a zero, and zero has
@@ -256,3 +258,5 @@ double numberOfText(std::string_view text) {
   if (!number || !text.empty()) throw RuntimeError(Fault::typeMismatch, "Type mismatch");
   return valueOf(*number);
 }
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+namespace torvane {
+
 // The number at the start of a text: blanks are skipped, then an optional sign, digits, one point and an
 // optional exponent are taken; anything else ends it, and no number gives 0. "&H" in front means hexadecimal:
 // digits up to the first other character, up to four a signed 16-bit number ("&HFFFF" is -1), five to eight a
@@ -43,3 +45,5 @@ std::int32_t toInt32(double value);
 float toSingle(double value);  // a value beyond the single range is an overflow error
 // A whole text that is a number, as a value; anything else is a type fault.
 double numberOfText(std::string_view text);
+
+}  // namespace torvane

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <iterator>
 
+namespace torvane {
+
 namespace {
 
 constexpr std::string_view output1Digits[] = {"2", "3", "4"};
@@ -158,3 +160,5 @@ void countPartNumbers() {
     ++PartNumber.count;
   }
 }
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+namespace torvane {
+
 // What a part number tells: the model as listed, brackets included, a digit for each output, and a suffix for
 // the communication option, as "Rkv16" "3" "3" "-C24".
 struct PartChoice {
@@ -56,3 +58,5 @@ void setPartNumber(const PartNumberRow& row);
 // is the end row, "x".
 void listPartNumber(std::int32_t index);
 void countPartNumbers();
+
+}  // namespace torvane

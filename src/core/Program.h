@@ -2,6 +2,8 @@
 // What the program says of itself.
 #pragma once
 
+namespace torvane {
+
 namespace program {
 inline constexpr const char* title = "Torvane Configuration";
 inline constexpr const char* company = "Ashgrove Electronics";
@@ -11,3 +13,5 @@ inline constexpr const char* upgradeNotice =
 inline constexpr int majorVersion = 1;
 inline constexpr int minorVersion = 0;
 }  // namespace program
+
+}  // namespace torvane

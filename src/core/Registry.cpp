@@ -4,6 +4,8 @@
 
 #include "platform/Host.h"
 
+namespace torvane {
+
 namespace {
 std::string path(const Registry& at) { return at.Appname + "/" + at.Section + "/" + at.Key; }
 }  // namespace
@@ -13,3 +15,5 @@ void Registry::RegGet() { Setting = host().setting(path(*this)); }
 void Registry::RegSave() const { host().saveSetting(path(*this), Setting); }
 
 void Registry::RegDel() const { host().deleteSetting(path(*this)); }
+
+}  // namespace torvane

@@ -4,6 +4,8 @@
 
 #include <string>
 
+namespace torvane {
+
 class Registry {
  public:
   std::string Appname;
@@ -15,3 +17,5 @@ class Registry {
   void RegSave() const;  // writes Setting
   void RegDel() const;   // deletes the key
 };
+
+}  // namespace torvane

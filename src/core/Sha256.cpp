@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <cstdint>
 
+namespace torvane {
+
 namespace {
 
 using Word = std::uint32_t;
@@ -90,3 +92,5 @@ std::string sha256(std::string_view bytes) {
   }
   return text;
 }
+
+}  // namespace torvane

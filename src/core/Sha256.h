@@ -5,5 +5,9 @@
 #include <string>
 #include <string_view>
 
+namespace torvane {
+
 // 64 lower-case hexadecimal digits.
 std::string sha256(std::string_view bytes);
+
+}  // namespace torvane

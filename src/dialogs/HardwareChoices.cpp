@@ -8,6 +8,8 @@
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr int analogOutput = 3;
@@ -194,3 +196,5 @@ void frmHardware::offerFamily(std::int32_t code) {
   lstOption.setListIndex(row);
   for (CheckBox* variant : {&chkMonitor, &chkAlarmsOnly, &chkSimpleMenu}) variant->setEnabled(true);
 }
+
+}  // namespace torvane

@@ -8,6 +8,8 @@
 #include "knowledge/UnitFile.h"
 #include "platform/Host.h"
 
+namespace torvane {
+
 namespace {
 
 const std::string& preference() {
@@ -62,3 +64,5 @@ bool keepBeforeWrite(const UnitImage& unit, std::string& path) {
   const std::string gaps = gapsOf(unit);
   return gaps.empty() || writesAllTheSame("The copy of the unit is in\r" + path + "\r\r" + gaps);
 }
+
+}  // namespace torvane

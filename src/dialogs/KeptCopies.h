@@ -6,6 +6,8 @@
 
 #include "knowledge/UnitImage.h"
 
+namespace torvane {
+
 // The preference; off at first. A change takes effect, and is stored, at once.
 bool keepsCopies();
 void setKeepsCopies(bool on);
@@ -16,3 +18,5 @@ void saveCopy(const UnitImage& unit);
 // In the user's data folder, under a name of its own; `path` tells it. A copy that could not be kept, or that
 // lacks something, is named, and the user says whether the write goes on without it. False: it doesn't.
 bool keepBeforeWrite(const UnitImage& unit, std::string& path);
+
+}  // namespace torvane

@@ -12,6 +12,8 @@
 #include "knowledge/ReportSections.h"
 #include "platform/Host.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* emptyLine = "\r";  // PrintText makes nothing of it
@@ -194,3 +196,5 @@ void printSection(Printer& printer, int number) {
   }
   if (section.spaceBehind) printSpaceBehindSection(printer);
 }
+
+}  // namespace torvane

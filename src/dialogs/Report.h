@@ -6,6 +6,8 @@
 
 #include "platform/Printer.h"
 
+namespace torvane {
+
 namespace report {
 inline constexpr int leftMargin = 1440;
 inline constexpr int indent = 1920;       // of a text that doesn't end in a line feed: the labels
@@ -27,3 +29,5 @@ void PrintText(Printer& printer, std::string_view text);
 void PrintValue(Printer& printer, std::string_view text);  // in the column of values, without wrap
 void PrintPageFooter(Printer& printer);                    // turns bold off
 void printSection(Printer& printer, int number);           // 0 to lastSection, by its table
+
+}  // namespace torvane

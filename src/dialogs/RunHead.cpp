@@ -8,6 +8,8 @@
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
 
+namespace torvane {
+
 namespace {
 
 void askForModel(const Handler& behindDialog) {
@@ -33,3 +35,5 @@ void fitToFoundUnit() {
   editor.SilentSetup = True;
   editor.cmdCnfg_Click();
 }
+
+}  // namespace torvane

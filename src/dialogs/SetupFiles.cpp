@@ -17,6 +17,8 @@
 #include "knowledge/UnitFile.h"
 #include "platform/Host.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr double secondsOfDay = 86400;
@@ -178,3 +180,5 @@ void offerRescue() {
       Icon::question, Buttons::yesNo);
   if (answer == Answer::yes) openNamed(path);
 }
+
+}  // namespace torvane

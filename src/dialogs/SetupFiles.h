@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace torvane {
+
 // Examines the file first. What can't be read is refused in a box, what is no setup is asked about; false:
 // nothing has changed, and the user may choose another.
 bool openConfiguration(const std::string& path);
@@ -28,3 +30,5 @@ std::vector<std::string> recentFiles();
 std::string keepForRescue();
 // Offers a setup that was kept so, once: it stays under another name, opened or not.
 void offerRescue();
+
+}  // namespace torvane

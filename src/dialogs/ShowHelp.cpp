@@ -6,6 +6,8 @@
 
 #include "platform/Host.h"
 
+namespace torvane {
+
 namespace {
 
 // No folder: where guides lie is the machine's knowledge.
@@ -25,3 +27,5 @@ std::string guideFile(std::int16_t which) {
 void ShowHelp(std::int16_t which, std::string_view windowName) {
   host().showHelp(guideFile(which).append(">").append(windowName));
 }
+
+}  // namespace torvane

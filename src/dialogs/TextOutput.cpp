@@ -5,6 +5,8 @@
 #include "dialogs/Report.h"
 #include "platform/Host.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr std::size_t longestWord = 50;  // that a line of paper holds
@@ -60,3 +62,5 @@ void choosePrinterFor(const std::string& title, std::string_view text) {
     messageBox(std::string("It could not be printed.\r") + error.what(), "", Icon::critical);
   }
 }
+
+}  // namespace torvane

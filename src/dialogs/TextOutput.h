@@ -7,6 +7,8 @@
 
 #include "platform/Printer.h"
 
+namespace torvane {
+
 inline constexpr const char* textFilter = "Text Files (*.txt)|*.txt|All Files (*.*)|*.*";
 
 // Nothing where the path is empty. A file that can't be written is named in a box: the older one is whole,
@@ -17,3 +19,5 @@ bool saveOrSay(const std::string& path, std::string_view bytes);
 void printLines(Printer& printer, const std::string& title, std::string_view text);
 // The same on the printer that the user chooses; a cancel prints nothing.
 void choosePrinterFor(const std::string& title, std::string_view text);
+
+}  // namespace torvane

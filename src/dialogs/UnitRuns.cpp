@@ -24,6 +24,8 @@
 #include "runs/AsLeftRun.h"
 #include "runs/ImageRun.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* busAddress = "21";
@@ -248,3 +250,5 @@ void verifyAndRecord() {
   window.showModal();
   unload<frmRecord>();
 }
+
+}  // namespace torvane

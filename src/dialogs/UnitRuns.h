@@ -3,6 +3,8 @@
 // and prove what was written. Nothing of it changes the setup. The model is known.
 #pragma once
 
+namespace torvane {
+
 // Reads the unit and shows what differs from the boxes. True: the user goes on to a write, which changes what
 // was shown.
 bool compareUnit();
@@ -20,3 +22,5 @@ void writeUnit();
 void verifyAndRecord();
 // Whether there was such a write.
 bool mayRecord();
+
+}  // namespace torvane

@@ -4,6 +4,8 @@
 
 #include <string>
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* changeOfMode =
@@ -44,3 +46,5 @@ frmCommModeWarning::frmCommModeWarning() : Form("frmCommModeWarning", "Communica
 }
 
 void frmCommModeWarning::Form_Load() { txtWarning.setText(warning()); }
+
+}  // namespace torvane

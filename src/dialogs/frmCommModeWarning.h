@@ -4,6 +4,8 @@
 
 #include "platform/Form.h"
 
+namespace torvane {
+
 class frmCommModeWarning : public Form {
  public:
   frmCommModeWarning();
@@ -13,3 +15,5 @@ class frmCommModeWarning : public Form {
 
   void Form_Load() override;
 };
+
+}  // namespace torvane

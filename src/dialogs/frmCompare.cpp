@@ -7,6 +7,8 @@
 #include "dialogs/TextOutput.h"
 #include "platform/Host.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* otherLineOfSetup =
@@ -151,3 +153,5 @@ std::string frmCompare::text() const {
   for (const CompareRow& row : rows_) lines += lineOf(row) + "\n";
   return lines;
 }
+
+}  // namespace torvane

@@ -10,6 +10,8 @@
 #include "knowledge/EitherFile.h"
 #include "platform/Form.h"
 
+namespace torvane {
+
 class frmCompare : public Form {
  public:
   frmCompare();
@@ -67,3 +69,5 @@ class frmCompare : public Form {
   Comparison comparison_;
   std::vector<CompareRow> rows_;  // on show
 };
+
+}  // namespace torvane

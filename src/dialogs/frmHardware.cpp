@@ -13,6 +13,8 @@
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr double highestAddress = 199;
@@ -242,3 +244,5 @@ void frmHardware::cmdCancel_Click() {
   hide();
   ready_ = false;
 }
+
+}  // namespace torvane

@@ -10,6 +10,8 @@
 
 #include "platform/Form.h"
 
+namespace torvane {
+
 class frmHardware : public Form {
  public:
   frmHardware();
@@ -135,3 +137,5 @@ class frmHardware : public Form {
 inline constexpr std::string_view familyOptions[] = {"RS-232", "RS-485", "(EIS)Ethernet RS-232",
                                                      "(EI)Ethernet RS-485", "EI RS - 485"};
 inline constexpr std::string_view rkw77Options[] = {"RS -232", "RS -485"};
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 #include "core/Model.h"
 #include "dialogs/KeptCopies.h"
 
+namespace torvane {
+
 frmPreferences::frmPreferences() : Form("frmPreferences", "Preferences") {
   chkWarnEn.onClick = [this] { Global.WarningsOff = asFlag(chkWarnEn.value() == 0); };
   chkReset.onClick = [this] { Global.ResetAfterWrite = asFlag(chkReset.value() != 0); };
@@ -19,3 +21,5 @@ void frmPreferences::Form_Load() {
   chkReset.setValue(Global.ResetAfterWrite != False ? 1 : 0);
   if (keepsCopies()) chkKeep.setValue(1);
 }
+
+}  // namespace torvane

@@ -4,6 +4,8 @@
 
 #include "platform/Form.h"
 
+namespace torvane {
+
 class frmPreferences : public Form {
  public:
   frmPreferences();
@@ -18,3 +20,5 @@ class frmPreferences : public Form {
 
   void Form_Load() override;
 };
+
+}  // namespace torvane

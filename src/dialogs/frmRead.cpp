@@ -14,6 +14,8 @@
 #include "platform/Host.h"
 #include "protocol/frmSerial.h"
 
+namespace torvane {
+
 namespace {
 
 // "oven.cfg in /home/me": the name is what people look for.
@@ -81,5 +83,7 @@ void frmRead::cmdFiles_Click() {
   auto& window = form<frmCompare>();
   window.compareFiles();
   window.showModal();
-  ::unload<frmCompare>();
+  torvane::unload<frmCompare>();
 }
+
+}  // namespace torvane

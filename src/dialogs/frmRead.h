@@ -4,6 +4,8 @@
 
 #include "platform/Form.h"
 
+namespace torvane {
+
 class frmRead : public Form {
  public:
   frmRead();
@@ -42,3 +44,5 @@ class frmRead : public Form {
   static void cmdKeep_Click();
   static void cmdFiles_Click();
 };
+
+}  // namespace torvane

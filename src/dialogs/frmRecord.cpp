@@ -9,6 +9,8 @@
 #include "knowledge/CompareRows.h"
 #include "platform/Host.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* title = "As-left record";
@@ -99,3 +101,5 @@ void frmRecord::savePdf() {
         "", Icon::critical);
   }
 }
+
+}  // namespace torvane

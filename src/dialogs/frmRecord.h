@@ -7,6 +7,8 @@
 #include "knowledge/AsLeft.h"
 #include "platform/Form.h"
 
+namespace torvane {
+
 class frmRecord : public Form {
  public:
   frmRecord();
@@ -37,3 +39,5 @@ class frmRecord : public Form {
 
   AsLeft record_;
 };
+
+}  // namespace torvane

@@ -8,6 +8,8 @@
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
 
+namespace torvane {
+
 namespace {
 
 const RunRecord& record() { return form<frmBigFolder>().lastRun; }
@@ -46,3 +48,5 @@ void frmRunDetails::cmdSave_Click() {
                "", Icon::critical);
   }
 }
+
+}  // namespace torvane

@@ -4,6 +4,8 @@
 
 #include "platform/Form.h"
 
+namespace torvane {
+
 class frmRunDetails : public Form {
  public:
   frmRunDetails();
@@ -20,3 +22,5 @@ class frmRunDetails : public Form {
  private:
   static void cmdSave_Click();
 };
+
+}  // namespace torvane

@@ -5,6 +5,8 @@
 #include "editor/SetupSearch.h"
 #include "editor/frmBigFolder.h"
 
+namespace torvane {
+
 frmSearch::frmSearch() : Form("frmSearch", "Search") {
   txtSearch.onChange = [this] { search(); };
   txtSearch.onKeyPress = cmdGo.onClick = [this] { cmdGo_Click(); };
@@ -30,3 +32,5 @@ void frmSearch::cmdGo_Click() {
   chosen = found_[static_cast<std::size_t>(lstFound.listIndex())];
   hide();
 }
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 
 #include "platform/Form.h"
 
+namespace torvane {
+
 class frmSearch : public Form {
  public:
   frmSearch();
@@ -31,3 +33,5 @@ class frmSearch : public Form {
 
   std::vector<Place> found_;
 };
+
+}  // namespace torvane

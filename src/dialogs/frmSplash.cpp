@@ -5,6 +5,8 @@
 #include "core/NumberText.h"
 #include "core/Program.h"
 
+namespace torvane {
+
 frmSplash::frmSplash() : Form("frmSplash", program::title) {}
 
 void frmSplash::Form_Load() {
@@ -14,3 +16,5 @@ void frmSplash::Form_Load() {
 }
 
 void frmSplash::Form_KeyPress() { unload(); }
+
+}  // namespace torvane

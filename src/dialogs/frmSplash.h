@@ -4,6 +4,8 @@
 
 #include "platform/Form.h"
 
+namespace torvane {
+
 class frmSplash : public Form {
  public:
   frmSplash();
@@ -20,3 +22,5 @@ class frmSplash : public Form {
   void Form_Load() override;
   void Form_KeyPress() override;
 };
+
+}  // namespace torvane

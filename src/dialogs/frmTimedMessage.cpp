@@ -2,6 +2,8 @@
 // A notice that closes by itself.
 #include "dialogs/frmTimedMessage.h"
 
+namespace torvane {
+
 frmTimedMessage::frmTimedMessage() : Form("frmTimedMessage", "Notification") {
   OKButton.onClick = [this] { unload(); };
   Timer1.onTimer = [this] { unload(); };
@@ -10,3 +12,5 @@ frmTimedMessage::frmTimedMessage() : Form("frmTimedMessage", "Notification") {
 void frmTimedMessage::Form_Load() { centre(); }
 
 void frmTimedMessage::Form_Activate() { Label1.setCaption(message); }
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 
 #include "platform/Form.h"
 
+namespace torvane {
+
 class frmTimedMessage : public Form {
  public:
   frmTimedMessage();
@@ -19,3 +21,5 @@ class frmTimedMessage : public Form {
   void Form_Load() override;
   void Form_Activate() override;
 };
+
+}  // namespace torvane

@@ -5,6 +5,8 @@
 #include "core/Global.h"
 #include "core/Model.h"
 
+namespace torvane {
+
 frmWarning::frmWarning() : Form("frmWarning", "Warning...") {
   chkWarning.onClick = [this] { Global.WarningsOff = asFlag(chkWarning.value() == 0); };
   cmdOk.onClick = [this] { hide(); };
@@ -16,3 +18,5 @@ void frmWarning::Form_Load() {
   chkWarning.setValue(Global.WarningsOff == False ? 1 : 0);
   centre();  // with the room that the words need
 }
+
+}  // namespace torvane

@@ -4,6 +4,8 @@
 
 #include "platform/Form.h"
 
+namespace torvane {
+
 class frmWarning : public Form {
  public:
   frmWarning();
@@ -15,3 +17,5 @@ class frmWarning : public Form {
 
   void Form_Load() override;  // shows Global.WarningText
 };
+
+}  // namespace torvane

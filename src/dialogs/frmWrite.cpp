@@ -11,6 +11,8 @@
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
 
+namespace torvane {
+
 namespace {
 
 bool preparesWrite() {
@@ -60,3 +62,5 @@ void frmWrite::cmdCompare_Click() {
 void frmWrite::cmdPutBack_Click() {
   if (preparesWrite()) putBackCopy();
 }
+
+}  // namespace torvane

@@ -4,6 +4,8 @@
 
 #include "platform/Form.h"
 
+namespace torvane {
+
 class frmWrite : public Form {
  public:
   frmWrite();
@@ -47,3 +49,5 @@ class frmWrite : public Form {
   static void cmdPutBack_Click();
   void showReset();
 };
+
+}  // namespace torvane

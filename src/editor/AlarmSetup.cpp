@@ -4,6 +4,8 @@
 
 #include "platform/Controls.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* actions[] = {"Above", "Below", "Hi/Lo", "Band"};
@@ -50,3 +52,5 @@ void alarmSetup::show(ComboBox& setup, int count, int action) {
   while (setup.listCount() < count) setup.addItem(actions[setup.listCount()]);
   setup.setListIndex(action >= 0 && action < count ? action : above);
 }
+
+}  // namespace torvane

@@ -3,6 +3,8 @@
 // for deviation alarms. It is always a beginning of these four, in this order.
 #pragma once
 
+namespace torvane {
+
 class ComboBox;
 
 namespace alarmSetup {
@@ -23,3 +25,5 @@ void shorten(ComboBox& setup);  // to the two actions of the simple menu
 void show(ComboBox& setup, int count, int action);
 
 }  // namespace alarmSetup
+
+}  // namespace torvane

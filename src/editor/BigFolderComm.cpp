@@ -11,6 +11,8 @@
 #include "runs/NoWay.h"
 #include "wizard/frmWizard.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr std::uint32_t white = 0xFFFFFF;
@@ -68,13 +70,13 @@ void frmBigFolder::cmdAutoDetect_Click() {
     return;
   }
   const Replacement undoable("wizard");
-  ::unload<frmWizard>();
+  torvane::unload<frmWizard>();
   form<frmWizard>().showModal();
-  if (form<frmWizard>().unitFound == False) return ::unload<frmWizard>();
+  if (form<frmWizard>().unitFound == False) return torvane::unload<frmWizard>();
   Memo[rec::menuKind].extra = form<frmWizard>().wizardResultMode;
   DeviceState.MenuKind = Memo[rec::menuKind].extra;
   followMenu();
-  ::unload<frmWizard>();
+  torvane::unload<frmWizard>();
   SilentSetup = True;
   cmdCnfg_Click();
 }
@@ -148,3 +150,5 @@ void frmBigFolder::pickPortOption() {
     optPortNum(port == initialPort ? 0 : port == typicalPort ? 1 : 2).setValue(true);
   });
 }
+
+}  // namespace torvane

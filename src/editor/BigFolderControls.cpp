@@ -7,6 +7,8 @@
 
 #include "core/Program.h"
 
+namespace torvane {
+
 BigFolderControls::BigFolderControls() : Form("frmBigFolder", program::title) {
   optIDCode(0).setToolTip("No change at the front buttons asks for the ID code");
   optIDCode(1).setToolTip("A change of the setpoints asks for the ID code");
@@ -68,3 +70,5 @@ void BigFolderControls::describePictures() {
   };
   for (const auto& [picture, text] : words) picture->setToolTip(text);
 }
+
+}  // namespace torvane

@@ -11,6 +11,8 @@
 #include "platform/Controls.h"
 #include "platform/Form.h"
 
+namespace torvane {
+
 // The tabs in their order.
 namespace tab {
 enum : std::int16_t {
@@ -422,3 +424,5 @@ struct BigFolderControls : Form {
  private:
   void describePictures();
 };
+
+}  // namespace torvane

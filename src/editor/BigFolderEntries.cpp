@@ -7,6 +7,8 @@
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
 
+namespace torvane {
+
 namespace {
 
 // While a warning stands, what is repaired beneath it needs no second one.
@@ -99,7 +101,9 @@ void frmBigFolder::optDpoint_Click(int index) {
     messageBox(" Reenter setpoints values", "Setpoints overrange");
   }
   validate({&txtSp1, &txtSp2});
-  ::unload<frmWarning>();
+  torvane::unload<frmWarning>();
   validate({&txtOut1PB});
-  ::unload<frmWarning>();
+  torvane::unload<frmWarning>();
 }
+
+}  // namespace torvane

@@ -5,6 +5,8 @@
 #include "editor/ControlGroups.h"
 #include "editor/frmBigFolder.h"
 
+namespace torvane {
+
 namespace {
 
 void offerRkw77Line(frmHardware& dialog) {
@@ -86,3 +88,5 @@ void frmBigFolder::redrawInputType() {
   optInType(1).setValue(true);
   optInType(chosen).setValue(true);
 }
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
 
+namespace torvane {
+
 void frmBigFolder::FileOpen(const std::string& path) {
   std::int16_t tab = 0;
   if (!readConfigurationFile(path, tab)) return;
@@ -50,3 +52,5 @@ void frmBigFolder::showLoaded(std::int16_t tab) {
   Global.DeviceSpecified = False;
   attempt([this] { cmdCnfg_Click(); });
 }
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include "editor/ControlGroups.h"
 #include "editor/frmBigFolder.h"
 
+namespace torvane {
+
 namespace {
 
 void forceOnOff(ComboBox& control) {
@@ -20,7 +22,7 @@ void forceOnOff(ComboBox& control) {
 void frmBigFolder::cmdCnfg_Click() {
   writeMemo(tabBig.tab());
   simpleMenuShown_ = setupHasMenu(menu::simple);
-  if (isLoaded<frmHardware>() && !form<frmHardware>().isOfThisUnit()) ::unload<frmHardware>();
+  if (isLoaded<frmHardware>() && !form<frmHardware>().isOfThisUnit()) torvane::unload<frmHardware>();
   if (SilentSetup != False) {
     settleDeviceClass();
     form<frmHardware>().cmdOk_Click();
@@ -29,7 +31,7 @@ void frmBigFolder::cmdCnfg_Click() {
   }
   SilentSetup = False;
   if (DeviceState.DeviceClass >= 0) applyDeviceClass();
-  ::unload<frmHardware>();
+  torvane::unload<frmHardware>();
   fitToModel();
 }
 
@@ -132,3 +134,5 @@ void frmBigFolder::fitAnalogOutput() {
 void frmBigFolder::leaveUnavailableTab() {
   while (tabBig.tab() > 0 && !tabBig.tabAvailable(tabBig.tab())) tabBig.setTab(tabBig.tab() - 1);
 }
+
+}  // namespace torvane

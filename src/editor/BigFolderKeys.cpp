@@ -6,12 +6,14 @@
 #include "dialogs/frmSearch.h"
 #include "editor/frmBigFolder.h"
 
+namespace torvane {
+
 void frmBigFolder::wireKeys() {
   shortcuts = {{"Ctrl+Tab", [this] { stepToTabInUse(1); }},
                {"Ctrl+PgDown", [this] { stepToTabInUse(1); }},
                {"Ctrl+Shift+Tab", [this] { stepToTabInUse(-1); }},
                {"Ctrl+PgUp", [this] { stepToTabInUse(-1); }},
-               {"Esc", [] { ::unload<frmCommModeWarning>(); }},  // which takes no keys itself
+               {"Esc", [] { torvane::unload<frmCommModeWarning>(); }},  // which takes no keys itself
                {"Ctrl+F", [this] { goToSetting(); }},
                {"Ctrl+O", [this] { cmdOpen.userClicked(); }},
                {"Ctrl+S", [] { saveConfigurationAs(); }},
@@ -35,8 +37,10 @@ void frmBigFolder::goToSetting() {
   form<frmSearch>().showModal();
   if (!isLoaded<frmSearch>()) return;
   const auto chosen = form<frmSearch>().chosen;
-  ::unload<frmSearch>();
+  torvane::unload<frmSearch>();
   if (!chosen) return;
   tabBig.userClicked(chosen->tab);
   chosen->control->focus();
 }
+
+}  // namespace torvane

@@ -20,6 +20,8 @@
 
 #include <cmath>
 
+namespace torvane {
+
 namespace {
 
 constexpr double splashTime = 6.0;  // seconds, however fast the set-up runs
@@ -60,7 +62,7 @@ void frmBigFolder::Form_Load() {
   const double start = std::nearbyint(host().now());
   initBigFolder();
   keepSplashUp(start);
-  ::unload<frmSplash>();
+  torvane::unload<frmSplash>();
   settle();
   show();
 }
@@ -165,15 +167,15 @@ void frmBigFolder::Form_Unload() {
   writeMemo(tab::comm);
   savePreferences();
   Global.ReadConfirmed = 0;
-  ::unload<frmHardware>();
-  ::unload<frmSerial>();
-  ::unload<frmRead>();
-  ::unload<frmWrite>();
-  ::unload<frmWizard>();
-  ::unload<frmPreferences>();
-  ::unload<frmRunDetails>();
-  ::unload<frmSplash>();
-  ::unload<frmCommModeWarning>();
+  torvane::unload<frmHardware>();
+  torvane::unload<frmSerial>();
+  torvane::unload<frmRead>();
+  torvane::unload<frmWrite>();
+  torvane::unload<frmWizard>();
+  torvane::unload<frmPreferences>();
+  torvane::unload<frmRunDetails>();
+  torvane::unload<frmSplash>();
+  torvane::unload<frmCommModeWarning>();
 }
 
 void frmBigFolder::savePreferences() {
@@ -198,3 +200,5 @@ void frmBigFolder::savePreferences() {
     settings_.RegSave();
   }
 }
+
+}  // namespace torvane

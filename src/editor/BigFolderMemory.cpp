@@ -7,6 +7,8 @@
 #include "editor/frmBigFolder.h"
 #include "platform/RuntimeError.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* tenthsPicture = "000.0";
@@ -240,3 +242,5 @@ void frmBigFolder::storeModelCopies() const {
   Memo[rec::menuKind].extra = toInt16(DeviceState.MenuKind);
   Memo[rec::monitorOnly].extra = 0;
 }
+
+}  // namespace torvane

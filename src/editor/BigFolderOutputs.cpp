@@ -7,6 +7,8 @@
 #include "editor/ControlGroups.h"
 #include "editor/frmBigFolder.h"
 
+namespace torvane {
+
 namespace {
 
 std::string asText(const ScrollBar& bar) { return numberText(std::int32_t{bar.value()}); }
@@ -115,3 +117,5 @@ void frmBigFolder::txtOut2CycleT_KeyPress() {
   txtOut2CycleT.setText(numberText(std::int32_t{seconds}));
   HSOut2CycleT.setValue(seconds);
 }
+
+}  // namespace torvane

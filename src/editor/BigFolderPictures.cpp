@@ -3,6 +3,8 @@
 #include "core/Model.h"
 #include "editor/frmBigFolder.h"
 
+namespace torvane {
+
 namespace {
 
 enum : int { millivolts = 0, oneVolt = 1, milliamps = 3 };
@@ -78,3 +80,5 @@ void frmBigFolder::doLKImage() {
            &imgLK_switch10V, &imgLK_switch20ma},
           onShow ? jumper : nullptr);
 }
+
+}  // namespace torvane

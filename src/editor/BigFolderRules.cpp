@@ -8,6 +8,8 @@
 #include "editor/ControlGroups.h"
 #include "editor/frmBigFolder.h"
 
+namespace torvane {
+
 namespace {
 
 enum : int { absolute = 0, deviation = 1 };
@@ -167,3 +169,5 @@ void frmBigFolder::chkRampEn_Click() {
   enableAll({&txtRampT, &chkSoakEn, &picProcess}, ramp);
   txtSoakT.setEnabled(ramp && chkSoakEn.value() != 0);
 }
+
+}  // namespace torvane

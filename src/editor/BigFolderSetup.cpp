@@ -11,6 +11,8 @@
 #include "editor/frmBigFolder.h"
 #include "platform/RuntimeError.h"
 
+namespace torvane {
+
 namespace {
 
 // They hold boxes in the reading format, or choices that another of them may take away meanwhile.
@@ -119,3 +121,5 @@ void frmBigFolder::showDeadBands() {
     if (box->text() != text) attempt([&, shown = box] { shown->setText(formatText(text, formDPt())); });
   }
 }
+
+}  // namespace torvane

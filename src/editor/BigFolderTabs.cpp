@@ -12,6 +12,8 @@
 #include "editor/frmBigFolder.h"
 #include "protocol/frmSerial.h"
 
+namespace torvane {
+
 namespace {
 
 // The choosers offer the one channel that the communication tab has chosen.
@@ -76,7 +78,7 @@ void frmBigFolder::cmdWrite_Click() {
   auto& chooser = form<frmWrite>();
   offerChosenChannel(chooser);
   chooser.showModal();
-  ::unload<frmWrite>();
+  torvane::unload<frmWrite>();
 }
 
 // Nothing warns while a read or a file changes fields.
@@ -88,14 +90,14 @@ void frmBigFolder::cmdOpen_Click() {
   auto& chooser = form<frmRead>();
   offerChosenChannel(chooser);
   chooser.showModal();
-  ::unload<frmSerial>();
-  ::unload<frmRead>();
+  torvane::unload<frmSerial>();
+  torvane::unload<frmRead>();
   Global.WarningsOff = warningsOff;
 }
 
 void frmBigFolder::cmdPref_Click() {
   form<frmPreferences>().showModal();
-  ::unload<frmPreferences>();
+  torvane::unload<frmPreferences>();
 }
 
 void frmBigFolder::cmdFactoryDefaults_Click() {
@@ -116,10 +118,12 @@ void frmBigFolder::showFactoryFit() {
   std::vector<bool> inUse;
   inUse.reserve(static_cast<std::size_t>(tabBig.tabs()));
   for (int tab = 0; tab < tabBig.tabs(); ++tab) inUse.push_back(tabBig.tabAvailable(tab));
-  ::unload<frmHardware>();  // one of an earlier unit may still be there
+  torvane::unload<frmHardware>();  // one of an earlier unit may still be there
   form<frmHardware>().showFactoryFit();
   lblStatus.setCaption("RS-232");
   for (int tab = 0; tab < tabBig.tabs(); ++tab) {
     tabBig.setTabAvailable(tab, inUse[static_cast<std::size_t>(tab)]);
   }
 }
+
+}  // namespace torvane

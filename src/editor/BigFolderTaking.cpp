@@ -6,6 +6,8 @@
 #include "core/NumberText.h"
 #include "editor/frmBigFolder.h"
 
+namespace torvane {
+
 // A dead band has two boxes; the one in use is that of the menu.
 const frmBigFolder::Field& frmBigFolder::fieldOf(int record) const {
   const auto found = std::ranges::find_if(fields_, [&](const Field& field) {
@@ -46,3 +48,5 @@ void frmBigFolder::takeChoice(int record, int choice) {
   }
   commit(field);
 }
+
+}  // namespace torvane

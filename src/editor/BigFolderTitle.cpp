@@ -8,6 +8,8 @@
 #include "dialogs/SetupFiles.h"
 #include "editor/frmBigFolder.h"
 
+namespace torvane {
+
 namespace {
 
 // How this computer reaches a unit is no part of a unit's setup.
@@ -62,3 +64,5 @@ void frmBigFolder::showTitle() {
   const std::string name = Global.FileName.substr(Global.FileName.find_last_of('/') + 1);
   setCaption(name + (differsFromFile() ? " * - " : " - ") + program::title);
 }
+
+}  // namespace torvane

@@ -3,6 +3,8 @@
 #include "editor/Replacement.h"
 #include "editor/frmBigFolder.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* nothingToUndo =
@@ -49,3 +51,5 @@ void frmBigFolder::cmdUndo_Click() {
   withdrawUndo();
   setNote("Undone: the tabs show the setup from before the " + undoName_, false);
 }
+
+}  // namespace torvane

@@ -14,6 +14,8 @@
 #include "knowledge/UnitImage.h"
 #include "platform/Host.h"
 
+namespace torvane {
+
 namespace {
 
 struct RegisterOnTabs {
@@ -166,3 +168,5 @@ void frmBigFolder::setNote(std::string_view text, bool bad) {
   lblNote.setCaption(text);
   lblNote.setMark(bad ? Mark::error : Mark::none);
 }
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 
 #include "platform/Controls.h"
 
+namespace torvane {
+
 inline void enableAll(std::initializer_list<Control*> controls, bool enable) {
   for (Control* control : controls) control->setEnabled(enable);
 }
@@ -15,3 +17,5 @@ inline void clearAndDisable(CheckBox& box) {
   box.setValue(0);
   box.setEnabled(false);
 }
+
+}  // namespace torvane

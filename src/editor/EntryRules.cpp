@@ -13,6 +13,8 @@
 #include "core/NumberText.h"
 #include "platform/RuntimeError.h"
 
+namespace torvane {
+
 namespace {
 
 // What each reading format can show.
@@ -249,3 +251,5 @@ std::string firstCharacters(std::string_view text, std::size_t count) {
   const auto end = std::ranges::find_if(text, [&](char byte) { return begins(byte) && count-- == 0; });
   return {text.begin(), end};
 }
+
+}  // namespace torvane

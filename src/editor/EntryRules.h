@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+namespace torvane {
+
 // How the new value of a box comes from what was typed.
 enum class Value {
   reading,     // valSp
@@ -77,3 +79,5 @@ std::string valCode(std::string_view text);
 double entryNumber(std::string_view text);
 // The first so many characters of a UTF-8 text, none of them cut.
 std::string firstCharacters(std::string_view text, std::size_t count);
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 #include "core/Model.h"
 #include "editor/AlarmSetup.h"
 
+namespace torvane {
+
 namespace {
 
 bool flag(int record) { return Memo[record].flag != False; }
@@ -92,3 +94,5 @@ std::span<const ForcedRule> forcedRules() {
   };
   return rules;
 }
+
+}  // namespace torvane

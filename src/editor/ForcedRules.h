@@ -6,6 +6,8 @@
 #include <span>
 #include <vector>
 
+namespace torvane {
+
 struct ForcedRule {
   std::vector<int> records;
   const char* when;     // in the guide's words
@@ -15,3 +17,5 @@ struct ForcedRule {
 
 // The guide lists the same rows on its page about reading.
 std::span<const ForcedRule> forcedRules();
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 
 #include "editor/SetupSnapshot.h"
 
+namespace torvane {
+
 class Replacement {
  public:
   // `what` is what the user would call it: "read", "open", "defaults", "wizard".
@@ -20,3 +22,5 @@ class Replacement {
   std::string what_;
   SetupSnapshot before_;
 };
+
+}  // namespace torvane

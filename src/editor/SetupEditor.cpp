@@ -9,6 +9,8 @@
 #include "dialogs/SetupFiles.h"
 #include "editor/frmBigFolder.h"
 
+namespace torvane {
+
 namespace {
 
 // It comes up at once, without a splash and without being shown.
@@ -56,3 +58,5 @@ std::string SetupEditor::asFile() {
   commit();
   return presentConfiguration();
 }
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+namespace torvane {
+
 class frmBigFolder;
 
 class SetupEditor {
@@ -33,3 +35,5 @@ class SetupEditor {
  private:
   std::shared_ptr<frmBigFolder> window_;
 };
+
+}  // namespace torvane

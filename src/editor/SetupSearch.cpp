@@ -8,6 +8,8 @@
 #include "core/NumberText.h"
 #include "editor/frmBigFolder.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr std::size_t kindOfControl = 3;  // letters in front of a name: "txt", "cbo", "lst"
@@ -96,3 +98,5 @@ std::vector<FoundBox> searchSetup(const frmBigFolder& editor, std::string_view w
   }
   return found;
 }
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+namespace torvane {
+
 class Control;
 class frmBigFolder;
 
@@ -18,3 +20,5 @@ struct FoundBox {
 // Every box that can be seen on a tab in use and has all of the words, in the order of the tabs; none without
 // a word.
 std::vector<FoundBox> searchSetup(const frmBigFolder& editor, std::string_view words);
+
+}  // namespace torvane

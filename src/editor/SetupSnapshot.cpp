@@ -8,6 +8,8 @@
 #include "dialogs/frmHardware.h"
 #include "editor/frmBigFolder.h"
 
+namespace torvane {
+
 namespace {
 
 // In the order of their declaration.
@@ -44,7 +46,7 @@ SetupSnapshot takeSnapshot(const frmBigFolder& editor) {
 }
 
 void putBack(frmBigFolder& editor, const SetupSnapshot& snapshot) {
-  ::unload<frmHardware>();
+  torvane::unload<frmHardware>();
   Memo = snapshot.memo;
   Hardware = snapshot.hardware;
   DeviceState = snapshot.deviceState;
@@ -63,3 +65,5 @@ void putBack(frmBigFolder& editor, const SetupSnapshot& snapshot) {
   const auto controls = controlsOfSetup(editor);
   for (std::size_t at = 0; at < controls.size(); ++at) controls[at]->putBack(snapshot.controls.at(at));
 }
+
+}  // namespace torvane

@@ -12,6 +12,8 @@
 #include "core/Model.h"
 #include "platform/Controls.h"
 
+namespace torvane {
+
 class frmBigFolder;
 
 struct SetupSnapshot {
@@ -39,3 +41,5 @@ struct SetupSnapshot {
 SetupSnapshot takeSnapshot(const frmBigFolder& editor);
 // A hardware dialog that is still loaded is of the other setup, and goes. No handler is raised.
 void putBack(frmBigFolder& editor, const SetupSnapshot& snapshot);
+
+}  // namespace torvane

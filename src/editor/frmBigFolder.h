@@ -20,6 +20,8 @@
 #include "platform/SerialPort.h"
 #include "runs/RunRecord.h"
 
+namespace torvane {
+
 struct EntryField;
 
 inline constexpr const char* serialAutoDetect =
@@ -229,3 +231,5 @@ class frmBigFolder : public BigFolderControls {
   std::optional<SetupSnapshot> undo_;
   std::string undoName_;
 };
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include "knowledge/CompareRows.h"
 #include "knowledge/JsonText.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* schema = "torvane-unit/1";
@@ -175,3 +177,5 @@ std::string proposedFileName(const AsLeft& record, const std::string& ending) {
   std::erase(time, ':');
   return name + (time.empty() ? "" : "_" + time) + "_as-left." + ending;
 }
+
+}  // namespace torvane

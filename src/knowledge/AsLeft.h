@@ -9,6 +9,8 @@
 
 #include "knowledge/UnitImage.h"
 
+namespace torvane {
+
 struct RegisterLeft {
   std::string reg;      // two hexadecimal digits
   std::string name;     // what a technician calls it
@@ -45,3 +47,5 @@ std::string textOf(const AsLeft& record);
 std::string jsonOf(const AsLeft& record);
 // "Tv16D22-C24_17_2026-11-21_211500_as-left.txt"; `ending` without its dot.
 std::string proposedFileName(const AsLeft& record, const std::string& ending);
+
+}  // namespace torvane

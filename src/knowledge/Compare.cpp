@@ -9,6 +9,8 @@
 #include "core/NumberText.h"
 #include "knowledge/Lines.h"
 
+namespace torvane {
+
 namespace {
 
 struct LineRegisters {
@@ -154,3 +156,5 @@ std::string summaryOf(const Comparison& comparison) {
   }
   return text;
 }
+
+}  // namespace torvane

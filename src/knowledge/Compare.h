@@ -10,6 +10,8 @@
 #include "knowledge/EncodedSetup.h"
 #include "knowledge/UnitImage.h"
 
+namespace torvane {
+
 enum class Change {
   written,   // a write changes it
   rounding,  // a write changes digits, but not the meaning: the rounding of a line's points, or other digits
@@ -48,3 +50,5 @@ struct Comparison {
 Comparison compare(const UnitImage& unit, const EncodedSetup& setup);
 // "7 settings differ, 96 agree, 1 register could not be read"
 std::string summaryOf(const Comparison& comparison);
+
+}  // namespace torvane

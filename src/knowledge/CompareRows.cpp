@@ -6,6 +6,8 @@
 #include <cctype>
 #include <iterator>
 
+namespace torvane {
+
 namespace {
 
 // The sections of the report in the order of the tabs that show them.
@@ -110,3 +112,5 @@ std::string tableRow(const std::vector<std::string>& cells) {
   }
   return row;
 }
+
+}  // namespace torvane

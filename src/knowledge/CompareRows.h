@@ -8,6 +8,8 @@
 
 #include "knowledge/Compare.h"
 
+namespace torvane {
+
 struct CompareRow {
   std::string section;  // the heading that it stands under
   std::string name;
@@ -29,3 +31,5 @@ std::string lineOf(const CompareRow& row);
 int tabOrder(std::string_view section);
 // One cell beside the other, as a table takes them.
 std::string tableRow(const std::vector<std::string>& cells);
+
+}  // namespace torvane

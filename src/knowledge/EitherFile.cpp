@@ -12,6 +12,8 @@
 #include "knowledge/UnitFile.h"
 #include "platform/Host.h"
 
+namespace torvane {
+
 namespace {
 
 // All that the reader of a setup writes into.
@@ -76,3 +78,5 @@ EncodedSetup asSetup(const EitherFile& file) {
   if (file.copy) return setupOf(*file.copy, true);
   return file.setup ? *file.setup : EncodedSetup();
 }
+
+}  // namespace torvane

@@ -9,6 +9,8 @@
 #include "knowledge/EncodedSetup.h"
 #include "knowledge/UnitImage.h"
 
+namespace torvane {
+
 inline constexpr const char* eitherFilter =
     "Setups and copies of units (*.cfg *.unit)|*.cfg *.unit|All Files (*.*)|*.*";
 
@@ -27,3 +29,5 @@ std::size_t longestEither();
 // As one side of a comparison and as the other; a file without a fault.
 UnitImage asUnit(const EitherFile& file);
 EncodedSetup asSetup(const EitherFile& file);
+
+}  // namespace torvane

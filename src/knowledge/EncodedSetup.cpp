@@ -9,6 +9,8 @@
 #include "platform/RuntimeError.h"
 #include "protocol/Steps.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* dividedByZero = "!Divide by zero";
@@ -149,3 +151,5 @@ UnitImage imageOf(const EncodedSetup& setup) {
 }
 
 RegisterDigits digitsIn(const EncodedSetup& setup) { return digitsIn(imageOf(setup)); }
+
+}  // namespace torvane

@@ -11,6 +11,8 @@
 #include "core/Model.h"
 #include "knowledge/UnitImage.h"
 
+namespace torvane {
+
 // All from which a setup is encoded, put aside and put back.
 struct SetupRecords {
   MemoArray memo;
@@ -46,3 +48,5 @@ EncodedSetup setupOf(const UnitImage& copy, bool busToo);
 // A setup as if a unit held it.
 UnitImage imageOf(const EncodedSetup& setup);
 RegisterDigits digitsIn(const EncodedSetup& setup);
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 #include "core/NumberText.h"
 #include "knowledge/RegisterMap.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr std::uint32_t magnitudeBits = 0xFFFFF;
@@ -118,3 +120,5 @@ std::string describeRegister(std::string_view reg, std::string_view payload, con
   }
   return text;
 }
+
+}  // namespace torvane

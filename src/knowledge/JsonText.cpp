@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <cstdint>
 
+namespace torvane {
+
 namespace {
 
 constexpr std::string_view replacement = "\xEF\xBF\xBD";
@@ -90,3 +92,5 @@ std::string jsonObject(const std::vector<JsonMember>& members, int level) {
 std::string jsonArray(const std::vector<std::string>& values, int level) {
   return between('[', ']', values, level);
 }
+
+}  // namespace torvane

@@ -7,9 +7,13 @@
 #include <utility>
 #include <vector>
 
+namespace torvane {
+
 // In quotation marks; what is no UTF-8 is replaced.
 std::string jsonString(std::string_view text);
 // Of values that are JSON already, made for one level more than `level`.
 using JsonMember = std::pair<std::string, std::string>;
 std::string jsonObject(const std::vector<JsonMember>& members, int level);
 std::string jsonArray(const std::vector<std::string>& values, int level);
+
+}  // namespace torvane

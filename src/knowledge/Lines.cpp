@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+namespace torvane {
+
 namespace {
 
 constexpr double lowestInput = -1999;
@@ -36,3 +38,5 @@ bool isSameLine(const UnitLine& one, const UnitLine& other, double step,
                 const std::optional<LinePoints>& points) {
   return agreeEverywhere(one, other, step) || (points && agreeAtPoints(one, other, step, *points));
 }
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 
 #include "knowledge/EncodedSetup.h"
 
+namespace torvane {
+
 struct UnitLine {
   double slope;
   double intercept;
@@ -16,3 +18,5 @@ struct UnitLine {
 // points close together, only by half a step over the whole range.
 bool isSameLine(const UnitLine& one, const UnitLine& other, double step,
                 const std::optional<LinePoints>& points);
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include "core/Model.h"
 #include "core/NumberText.h"
 
+namespace torvane {
+
 namespace {
 
 using Digits = RegisterDigits;
@@ -192,3 +194,5 @@ std::string lossSentence(const std::vector<FoundLoss>& losses_) {
     text += (text.empty() ? "Not taken over exactly: " : "; ") + told(loss);
   return text;
 }
+
+}  // namespace torvane

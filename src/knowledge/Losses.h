@@ -11,6 +11,8 @@
 #include "knowledge/Compare.h"
 #include "knowledge/RegisterMap.h"
 
+namespace torvane {
+
 struct KnownLoss {
   const char* reg;
   std::uint32_t bits;  // in which it shows
@@ -34,3 +36,5 @@ struct FoundLoss {
 std::vector<FoundLoss> lossesOf(const UnitImage& read, const EncodedSetup& now);
 // "Not taken over exactly: Thermocouple Type (unit T, setup J)"; empty if there are none.
 std::string lossSentence(const std::vector<FoundLoss>& losses);
+
+}  // namespace torvane

@@ -9,6 +9,8 @@
 #include "core/NumberText.h"
 #include "protocol/EncodersMasks.h"
 
+namespace torvane {
+
 namespace {
 
 using enum FieldForm;
@@ -223,3 +225,5 @@ bool isSetting(const RegisterField& field) { return field.name != nullptr; }
 bool appliesIn(const RegisterField& field, const UnitContext& context) {
   return field.applies == nullptr || field.applies(context);
 }
+
+}  // namespace torvane

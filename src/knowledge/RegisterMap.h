@@ -13,6 +13,8 @@
 
 #include "core/Choices.h"
 
+namespace torvane {
+
 // ---- registers
 
 struct RegisterRow {
@@ -99,3 +101,5 @@ double slopeIn(std::string_view payload, bool inTenths);
 double interceptIn(std::string_view payload);
 // Whether an analog scale counts in tenths: a temperature that is read with one decimal.
 bool countsInTenths(const UnitContext& context);
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include "core/Model.h"
 #include "core/NumberText.h"
 
+namespace torvane {
+
 namespace {
 
 using enum RowKind;
@@ -205,3 +207,5 @@ constexpr ReportSection sections[] = {
 }  // namespace
 
 std::span<const ReportSection> reportSections() { return sections; }
+
+}  // namespace torvane

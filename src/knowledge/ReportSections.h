@@ -5,6 +5,8 @@
 #include <span>
 #include <string>
 
+namespace torvane {
+
 enum class RowKind {
   heading,    // a bold line
   field,      // label and value on one line
@@ -30,3 +32,5 @@ struct ReportSection {
 
 // Sections 0 to 12, in the order of printing.
 std::span<const ReportSection> reportSections();
+
+}  // namespace torvane

@@ -20,6 +20,8 @@
 
 #include "knowledge/UnitImage.h"
 
+namespace torvane {
+
 inline constexpr const char* unitFilter = "Copies of units (*.unit)|*.unit|All Files (*.*)|*.*";
 // No reader needs more bytes than this.
 inline constexpr std::size_t longestUnitFile = 1 << 16;
@@ -35,3 +37,5 @@ struct UnitFileContent {
   std::string fault;
 };
 UnitFileContent readUnitFile(std::string_view bytes);
+
+}  // namespace torvane

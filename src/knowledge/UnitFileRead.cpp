@@ -7,6 +7,8 @@
 #include "core/Sha256.h"
 #include "knowledge/UnitFile.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr std::string_view titleStart = "torvane unit copy ";
@@ -190,3 +192,5 @@ UnitFileContent readUnitFile(std::string_view bytes) {
     return {std::nullopt, bad.sentence};
   }
 }
+
+}  // namespace torvane

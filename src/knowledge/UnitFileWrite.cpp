@@ -5,6 +5,8 @@
 #include "core/Sha256.h"
 #include "knowledge/UnitFile.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr std::size_t commentColumn = 14;
@@ -63,3 +65,5 @@ std::string unitFileText(const UnitImage& image) {
   addRegisters(text, image);
   return text + "sha256: " + sha256(text) + "\n";
 }
+
+}  // namespace torvane

@@ -2,6 +2,8 @@
 // What a unit holds.
 #include "knowledge/UnitImage.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr std::size_t dateWidth = 10;
@@ -52,3 +54,5 @@ std::string proposedFileName(const UnitImage& image) {
   if (!date.empty()) name += "_" + date;
   return name + ".unit";
 }
+
+}  // namespace torvane

@@ -9,6 +9,8 @@
 
 #include "knowledge/RegisterMap.h"
 
+namespace torvane {
+
 struct RegisterContent {
   std::string payload;  // as the unit holds it; empty: not known
   std::string reason;   // why it could not be read; empty with an empty payload: never asked for
@@ -44,3 +46,5 @@ std::size_t countUnread(const UnitImage& image);
 
 // "Tv16D22-C24_17_2026-11-21.unit": of model, address and date what is known.
 std::string proposedFileName(const UnitImage& image);
+
+}  // namespace torvane

@@ -10,6 +10,8 @@
 #include "protocol/Waits.h"
 #include "reading/DeviceDetection.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr double restBeforeReset = 3.0;  // seconds
@@ -104,3 +106,5 @@ bool NetworkCommunicationOK(Run& run, NetworkChannel& channel, DeviceDetection& 
   waitOut(restBehindDetection);
   return verdict != nullptr && verdict->granted;
 }
+
+}  // namespace torvane

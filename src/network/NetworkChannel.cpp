@@ -8,6 +8,8 @@
 #include "platform/RuntimeError.h"
 #include "protocol/Waits.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr ChannelRules networkRules = {
@@ -103,3 +105,5 @@ void NetworkChannel::note(std::string_view reply) {
   Text1 += reply;
   if (Text1.size() > mostNoted) Text1.erase(0, Text1.size() - mostNoted);
 }
+
+}  // namespace torvane

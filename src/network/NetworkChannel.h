@@ -17,6 +17,8 @@
 #include "platform/Socket.h"
 #include "protocol/Channel.h"
 
+namespace torvane {
+
 // What NetworkWritePort returns when no reply came in time.
 inline constexpr std::string_view networkTimeoutMarker = "TimeOut\r";
 
@@ -63,3 +65,5 @@ class NetworkChannel : public Channel {
 
   Socket& socket_;
 };
+
+}  // namespace torvane

@@ -10,6 +10,8 @@
 #include "protocol/WriteRun.h"
 #include "reading/ReadRun.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr double connectLimit = 2.0;  // seconds
@@ -77,3 +79,5 @@ void NetworkWriteToDevice(Run& run, NetworkChannel& channel) { writeConfiguratio
 void NetworkReadFromDevice(Run& run, NetworkChannel& channel) {
   if (Global.ReadConfirmed != 0) readConfiguration(run, channel);
 }
+
+}  // namespace torvane

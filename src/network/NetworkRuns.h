@@ -6,6 +6,8 @@
 
 #include "runs/Run.h"
 
+namespace torvane {
+
 class DeviceDetection;
 class NetworkChannel;
 
@@ -25,3 +27,5 @@ std::int16_t NetworkFullConnect(Run& run, NetworkChannel& channel, DeviceDetecti
 
 void NetworkWriteToDevice(Run& run, NetworkChannel& channel);
 void NetworkReadFromDevice(Run& run, NetworkChannel& channel);  // nothing unless a read is due
+
+}  // namespace torvane

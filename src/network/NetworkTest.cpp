@@ -12,6 +12,8 @@
 #include "protocol/Waits.h"
 #include "reading/MeterType.h"
 
+namespace torvane {
+
 namespace {
 
 // Seconds.
@@ -207,3 +209,5 @@ std::int16_t CheckForConnectedDevice(Run& run, NetworkChannel& channel) {
   }
   return code;
 }
+
+}  // namespace torvane

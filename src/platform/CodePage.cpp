@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <optional>
 
+namespace torvane {
+
 namespace {
 
 // Bytes 80 to 9F; every other byte is its own code point, and so are the five that the code page leaves open.
@@ -93,3 +95,5 @@ std::string fromWindows1252(std::string_view bytes) {
   for (const char byte : bytes) appendUtf8(text, codePoint(static_cast<std::uint8_t>(byte)));
   return text;
 }
+
+}  // namespace torvane

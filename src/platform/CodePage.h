@@ -5,7 +5,11 @@
 #include <string>
 #include <string_view>
 
+namespace torvane {
+
 // What the code page can't hold becomes "?". A text that is no UTF-8, such as a unit's reply, goes byte by
 // byte.
 std::string toWindows1252(std::string_view text);
 std::string fromWindows1252(std::string_view bytes);
+
+}  // namespace torvane

@@ -2,6 +2,8 @@
 // What each kind of control holds, taken and put back without a word to any handler.
 #include "platform/Controls.h"
 
+namespace torvane {
+
 ControlState Control::state() const {
   return {.enabled = enabled_, .visible = visible_, .toolTip = toolTip_};
 }
@@ -120,3 +122,5 @@ void TabStrip::putBack(const ControlState& state) {
   }
   Control::putBack(state);
 }
+
+}  // namespace torvane

@@ -8,6 +8,8 @@
 #include "platform/Form.h"
 #include "platform/Host.h"
 
+namespace torvane {
+
 namespace {
 
 void refuseUnless(bool legal) {
@@ -259,3 +261,5 @@ void TabStrip::userClicked(int index) {
   if (index < 0 || index >= tabs() || !tabAvailable(index)) return;
   act([=, this] { setTab(index); });
 }
+
+}  // namespace torvane

@@ -16,6 +16,8 @@
 #include <string_view>
 #include <vector>
 
+namespace torvane {
+
 class Control;
 class Form;
 class OptionButton;
@@ -451,3 +453,5 @@ class TabStrip : public Control {
   std::vector<std::unique_ptr<TabPage>> pages_;
   std::int16_t tab_ = 0;
 };
+
+}  // namespace torvane

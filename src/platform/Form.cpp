@@ -7,6 +7,8 @@
 
 #include "platform/Host.h"
 
+namespace torvane {
+
 namespace {
 
 // Written by loadForm, showModal and finishUnload alone.
@@ -193,3 +195,5 @@ void unloadAllForms() {
 }
 
 std::vector<std::shared_ptr<Form>> loadedForms() { return Forms.loaded; }
+
+}  // namespace torvane

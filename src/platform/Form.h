@@ -10,6 +10,8 @@
 
 #include "platform/Controls.h"
 
+namespace torvane {
+
 // Ticks at equal distances from its form's loading on, while the form is shown modally.
 class Timer {
  public:
@@ -134,3 +136,5 @@ template <class T>
 void unload() {
   if (isLoaded<T>()) formSlot<T>->unload();
 }
+
+}  // namespace torvane

@@ -4,6 +4,8 @@
 
 #include "platform/CodePage.h"
 
+namespace torvane {
+
 namespace {
 constinit Host* theHost = nullptr;
 }
@@ -23,3 +25,5 @@ std::unique_ptr<Printer> Host::makePdf(const std::string&) {
 Answer messageBox(std::string_view text, std::string_view title, Icon icon, Buttons buttons) {
   return host().messageBox(text, title, icon, buttons);
 }
+
+}  // namespace torvane

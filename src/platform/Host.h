@@ -13,6 +13,8 @@
 #include "platform/SerialPort.h"
 #include "platform/Socket.h"
 
+namespace torvane {
+
 class Form;
 
 enum class Icon { none, information, critical, question };
@@ -102,3 +104,5 @@ void setHost(Host* host);
 // A plain box under the program's title.
 Answer messageBox(std::string_view text, std::string_view title = "", Icon icon = Icon::none,
                   Buttons buttons = Buttons::ok);
+
+}  // namespace torvane

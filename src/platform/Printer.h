@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+namespace torvane {
+
 class Printer {
  public:
   virtual ~Printer() = default;
@@ -31,3 +33,5 @@ class Printer {
   virtual void newPage() = 0;                     // position 0, 0 of the next page
   virtual void endDocument() = 0;                 // sends it off
 };
+
+}  // namespace torvane

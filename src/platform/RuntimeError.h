@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <string>
 
+namespace torvane {
+
 enum class Fault {
   configurationCorrupted = -2147221477,
   overflow = 6,
@@ -39,3 +41,5 @@ bool attempt(Statement&& statement) {
     return false;
   }
 }
+
+}  // namespace torvane

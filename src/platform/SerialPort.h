@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+namespace torvane {
+
 class SerialPort {
  public:
   virtual ~SerialPort() = default;
@@ -22,3 +24,5 @@ class SerialPort {
   // Returns when bytes are waiting or the time is over, without serving the windows.
   virtual void waitForInput(double seconds) = 0;
 };
+
+}  // namespace torvane

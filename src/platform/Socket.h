@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 
+namespace torvane {
+
 enum class SocketState {
   closed = 0,
   open = 1,
@@ -41,3 +43,5 @@ class Socket {
   std::function<void(std::size_t bytes)> onDataArrival;
   std::function<void()> onError;
 };
+
+}  // namespace torvane

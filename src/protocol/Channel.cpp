@@ -8,6 +8,8 @@
 #include "core/Model.h"
 #include "platform/Host.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr int loopsThatTell = 2;  // echoes of a command that mark a wiring fault
@@ -132,3 +134,5 @@ std::string Channel::reasonOf(std::string_view reply) const {
   }
   return "no answer";
 }
+
+}  // namespace torvane

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+namespace torvane {
+
 // All in which one channel differs from another, as data. What differs in what is done stands in its class.
 struct ChannelRules {
   int readTries;        // of a register
@@ -90,3 +92,5 @@ class Channel {
   const ChannelRules& rules_;
   RegisterTrace trace_;
 };
+
+}  // namespace torvane

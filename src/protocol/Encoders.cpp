@@ -9,6 +9,8 @@
 #include "core/NumberText.h"
 #include "protocol/EncodersMasks.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr Notice shortSetPoint{"Setpoint data less than 6 char", "", false};
@@ -125,3 +127,5 @@ Encoded makeOut2CycleT() {
 Encoded makeOut1Low() { return wholeNumber(rec::HSOut1Low, 2, maskFor<0x27>()); }
 Encoded makeOut1Hi() { return wholeNumber(rec::HSOut1High, 2, maskFor<0x28>()); }
 Encoded makeRS485Address() { return wholeNumber(rec::txtRS485Address, 2, maskFor<0x21>()); }
+
+}  // namespace torvane

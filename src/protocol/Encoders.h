@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string>
 
+namespace torvane {
+
 // A message box that an encoder asks for; the payload stands all the same. Lines end in a carriage return.
 struct Notice {
   const char* text;
@@ -73,3 +75,5 @@ std::string remDp(std::string text);
 std::string fabASp(const std::string& text);
 // The box for a set point payload that isn't six characters long, or none.
 const Notice* setPointNotice(const std::string& payload);
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 #include "protocol/Encoders.h"
 #include "protocol/EncodersMasks.h"
 
+namespace torvane {
+
 namespace {
 
 // A register's number. It is a sum: a field that is too wide carries into its neighbours, and what leaves 16
@@ -179,3 +181,5 @@ Encoded makeBusFormat() {
 }
 
 std::string makeAnalogOutputEnable() { return valueOf(rec::chkAnalogOutputEnabled) == -1 ? "01" : "00"; }
+
+}  // namespace torvane

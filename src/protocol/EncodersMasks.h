@@ -7,6 +7,8 @@
 
 #include "core/Model.h"
 
+namespace torvane {
+
 struct MaskRow {
   int index;              // of the register
   std::int32_t masks[5];  // by meterKind
@@ -70,3 +72,5 @@ std::int32_t maskFor() {
   static constexpr const MaskRow& row = masks::rowOf(index);
   return row.masks[static_cast<std::size_t>(meterKind())];
 }
+
+}  // namespace torvane

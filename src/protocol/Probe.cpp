@@ -10,6 +10,8 @@
 #include "protocol/Waits.h"
 #include "reading/MeterType.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr std::int16_t probeAll = 0;
@@ -167,3 +169,5 @@ void announce(Run& run, std::int16_t type, const std::string& lastReply) {
   if (words.wizard == nullptr) return;
   statement([&] { run.view.wizardAdds(words.wizard); });
 }
+
+}  // namespace torvane

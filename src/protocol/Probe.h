@@ -7,6 +7,8 @@
 
 #include "runs/Run.h"
 
+namespace torvane {
+
 class SerialChannel;
 
 // Mode 0 forgets what an earlier search found and probes, mode 4 probes and keeps it: "" a unit was found,
@@ -20,3 +22,5 @@ void judgeVersion(Run& run);
 // The unit's type is taken over and announced: 0 the Rkw77 line, 1 to 5 TMP, PRC, STR, GR2, RHT, 6 any other.
 // The version comes from the last reply.
 void announce(Run& run, std::int16_t type, const std::string& lastReply);
+
+}  // namespace torvane

@@ -13,6 +13,8 @@
 #include "platform/RuntimeError.h"
 #include "protocol/EncodersMasks.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr char divideByZero[] = "!Divide by zero";
@@ -202,3 +204,5 @@ Encoded makeAnalogOffset() {
   const std::string payload = r == 0 ? "C00000" : packedOffset(mantissa);
   return {payload, maskFor<0x04>(), offsetNotice(mantissa)};
 }
+
+}  // namespace torvane

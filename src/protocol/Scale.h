@@ -7,6 +7,8 @@
 
 #include "protocol/Encoders.h"
 
+namespace torvane {
+
 // A scale is 24 bits: power code (the magnitude is divided by 10 to the code less 1), sign in bit 19,
 // magnitude up to 524287. An offset has its sign in bit 23, a power code (divided by 10 to the code less 2)
 // in bits 22 to 20, a magnitude up to 999999.
@@ -32,3 +34,5 @@ Mantissa TextToMantissa(double r);
 // Whether the analog output's scale counts in tenths: a temperature that is read with one decimal. The scale
 // then is one power of ten off, on the way out and on the way back.
 bool isReadInTenths();
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 
 #include "platform/Host.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr ChannelRules serialRules = {
@@ -133,3 +135,5 @@ void SerialChannel::query(std::string_view framedCommand, std::string& reply) {
 }
 
 void SerialChannel::betweenCommands() { host().yield(); }
+
+}  // namespace torvane

@@ -9,6 +9,8 @@
 #include "platform/SerialPort.h"
 #include "protocol/Channel.h"
 
+namespace torvane {
+
 // What writePort returns when no whole reply came in time.
 inline constexpr std::string_view timeoutMarker = "Timeout\r";
 
@@ -46,3 +48,5 @@ class SerialChannel : public Channel {
   SerialPort& port_;
   std::set<std::string, std::less<>> givenUp_;  // echoes of commands whose replies may still come
 };
+
+}  // namespace torvane

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace torvane {
+
 namespace {
 
 std::string onOneLine(std::string_view narrative) {
@@ -75,3 +77,5 @@ void StatusHistory::keepInView() {
   const bool failed = firstFailure_ >= 0 && firstFailure_ < list_.listCount();
   list_.setListIndex(failed ? firstFailure_ : list_.listCount() - 1);
 }
+
+}  // namespace torvane

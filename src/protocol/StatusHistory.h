@@ -11,6 +11,8 @@
 #include "platform/Controls.h"
 #include "runs/RunRecord.h"
 
+namespace torvane {
+
 class StatusHistory {
  public:
   explicit StatusHistory(ListBox& list) : list_(list) {}
@@ -36,3 +38,5 @@ class StatusHistory {
   std::size_t judged_ = 0;  // registers
   int firstFailure_ = -1;   // line
 };
+
+}  // namespace torvane

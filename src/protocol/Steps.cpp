@@ -10,6 +10,8 @@
 
 #include "protocol/Scale.h"
 
+namespace torvane {
+
 namespace {
 
 using enum StepRule;
@@ -112,3 +114,5 @@ const char* writeLabelOf(const RegisterStep& row, bool overNetwork) {
 const char* readLabelOf(const RegisterStep& row, bool overNetwork) {
   return overNetwork && row.networkReadLabel != nullptr ? row.networkReadLabel : row.readLabel;
 }
+
+}  // namespace torvane

@@ -9,6 +9,8 @@
 #include "protocol/Encoders.h"
 #include "reading/Decoders.h"
 
+namespace torvane {
+
 // What is peculiar to a row. Anything else is read and written as it stands.
 enum class StepRule {
   plain,
@@ -47,3 +49,5 @@ const RegisterStep* stepOf(std::string_view reg);
 
 const char* writeLabelOf(const RegisterStep& row, bool overNetwork);
 const char* readLabelOf(const RegisterStep& row, bool overNetwork);
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 
 #include "platform/Host.h"
 
+namespace torvane {
+
 void Delay(float seconds) {
   double start = host().now();
   double elapsed = 0;
@@ -36,3 +38,5 @@ bool waitFor(const std::int16_t& flag, double seconds) {
 }
 
 void waitOut(double seconds) { waitFor(0, seconds); }
+
+}  // namespace torvane

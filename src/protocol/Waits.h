@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+namespace torvane {
+
 // Ends when more than `seconds` have passed; starts anew if the clock has stepped back before its start.
 void Delay(float seconds);
 
@@ -17,3 +19,5 @@ bool waitFor(const std::int16_t& flag, double seconds);
 
 // The same for no event at all: ends when the seconds are over.
 void waitOut(double seconds);
+
+}  // namespace torvane

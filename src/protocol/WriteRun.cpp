@@ -10,6 +10,8 @@
 #include "protocol/Steps.h"
 #include "protocol/Waits.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* dividedByZero = "Divide by zero";
@@ -194,3 +196,5 @@ std::string writeRegister(Run& run, Channel& channel, std::string_view reg, cons
   run.view.upStat(true, value + "\r");
   return value.starts_with('!') ? value.substr(1) : channel.changeRegister(reg, value);
 }
+
+}  // namespace torvane

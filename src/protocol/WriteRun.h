@@ -7,6 +7,8 @@
 
 #include "runs/Run.h"
 
+namespace torvane {
+
 class Channel;
 
 // Walks all steps over the channel. An error in an encoder ends the run where it is; run.outcome holds what
@@ -16,3 +18,5 @@ void writeConfiguration(Run& run, Channel& channel);
 // The value is shown, then the register is changed. A value that begins with "!" is a message in its place:
 // nothing is sent, and the message without the "!" is the result.
 std::string writeRegister(Run& run, Channel& channel, std::string_view reg, const std::string& value);
+
+}  // namespace torvane

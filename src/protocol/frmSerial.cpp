@@ -22,6 +22,8 @@
 #include "reading/ReadRun.h"
 #include "runs/NoWay.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr float lastLook = 1.0F;  // seconds that the end of a run stays on the screen
@@ -242,30 +244,36 @@ std::string frmSerial::NetworkWriteSerial(std::string_view reg, const std::strin
   return writeRegister(run, *network, reg, value);
 }
 
-std::string frmSerial::comOK(std::int16_t& mode) { return ::comOK(thisWay(), channel, mode); }
+std::string frmSerial::comOK(std::int16_t& mode) { return torvane::comOK(thisWay(), channel, mode); }
 
-void frmSerial::ComCheckForMeterType(std::int16_t& type) { ::ComCheckForMeterType(run, channel, type); }
+void frmSerial::ComCheckForMeterType(std::int16_t& type) {
+  torvane::ComCheckForMeterType(run, channel, type);
+}
 
-void frmSerial::TcpCheckForMeterType(std::int16_t& type) { ::TcpCheckForMeterType(run, *network, type); }
+void frmSerial::TcpCheckForMeterType(std::int16_t& type) {
+  torvane::TcpCheckForMeterType(run, *network, type);
+}
 
-void frmSerial::SerialTestConnect() { ::SerialTestConnect(thisWay(), channel); }
+void frmSerial::SerialTestConnect() { torvane::SerialTestConnect(thisWay(), channel); }
 
-void frmSerial::NetworkTestConnect() { ::NetworkTestConnect(thisWay(), *network); }
+void frmSerial::NetworkTestConnect() { torvane::NetworkTestConnect(thisWay(), *network); }
 
-std::int16_t frmSerial::CheckForConnectedDevice() { return ::CheckForConnectedDevice(run, *network); }
+std::int16_t frmSerial::CheckForConnectedDevice() { return torvane::CheckForConnectedDevice(run, *network); }
 
 std::int16_t frmSerial::NetworkFullConnect() {
-  return ::NetworkFullConnect(thisWay(), *network, *detection, job);
+  return torvane::NetworkFullConnect(thisWay(), *network, *detection, job);
 }
 
 bool frmSerial::NetworkCommunicationOK(bool reset) {
-  return ::NetworkCommunicationOK(thisWay(), *network, *detection, reset);
+  return torvane::NetworkCommunicationOK(thisWay(), *network, *detection, reset);
 }
 
 void frmSerial::WriteConfigurationToDevice() { writeConfiguration(run, channel); }
 
 void frmSerial::ReadConfigurationFromDevice() { readConfiguration(run, channel); }
 
-void frmSerial::NetworkWriteToDevice() { ::NetworkWriteToDevice(run, *network); }
+void frmSerial::NetworkWriteToDevice() { torvane::NetworkWriteToDevice(run, *network); }
 
-void frmSerial::NetworkReadFromDevice() { ::NetworkReadFromDevice(run, *network); }
+void frmSerial::NetworkReadFromDevice() { torvane::NetworkReadFromDevice(run, *network); }
+
+}  // namespace torvane

@@ -17,6 +17,8 @@
 #include "protocol/StatusHistory.h"
 #include "runs/Run.h"
 
+namespace torvane {
+
 class DeviceDetection;
 class NetworkChannel;
 
@@ -125,3 +127,5 @@ class frmSerial : public Form, public RunView {
   std::string serialTarget();
   std::string networkTarget() const;
 };
+
+}  // namespace torvane

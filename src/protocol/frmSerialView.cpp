@@ -7,6 +7,8 @@
 #include "protocol/frmSerial.h"
 #include "wizard/frmWizard.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr std::size_t mostTold = 2000;  // bytes of one status; what a peer may add has no bound
@@ -108,3 +110,5 @@ void frmSerial::choosePort(int port) {
 void frmSerial::chooseBridgePort(int port) {
   form<frmBigFolder>().txtTCPPort.setText(numberText(std::int32_t{port}));
 }
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include "core/NumberText.h"
 #include "reading/DecodersPayload.h"
 
+namespace torvane {
+
 namespace {
 
 struct ScalePictures {
@@ -128,3 +130,5 @@ std::string parseOut1Hi(const std::string& reply) { return parseNumber(reply, re
 std::string parseRS485Address(const std::string& reply) {
   return parseNumber(reply, rec::txtRS485Address, "000");
 }
+
+}  // namespace torvane

@@ -4,6 +4,8 @@
 
 #include <string>
 
+namespace torvane {
+
 using ReadParser = std::string (*)(const std::string& reply);
 
 // A decoder takes the whole reply line. What stands after the first "R" and two more characters is the
@@ -64,3 +66,5 @@ std::string parseRS485Address(const std::string& reply);   // 21
 int decimalScale();
 // A signed payload as a number in the reading format, "-10.0"; "Fail" when shorter than three characters.
 std::string parseSignedValue(const std::string& payload);
+
+}  // namespace torvane

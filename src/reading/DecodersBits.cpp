@@ -6,6 +6,8 @@
 #include "reading/Decoders.h"
 #include "reading/DecodersPayload.h"
 
+namespace torvane {
+
 namespace {
 
 // The bits go into the records; what the status shows is the payload as it came.
@@ -148,3 +150,5 @@ std::string parseMiscellaneous(const std::string& reply) {
 std::string parseBusFormat(const std::string& reply) {
   return decodedBits(reply, [](std::int32_t v) { Memo[rec::optRS485].flag = flagOf(v, 3); });
 }
+
+}  // namespace torvane

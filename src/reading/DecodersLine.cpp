@@ -10,6 +10,8 @@
 #include "reading/Decoders.h"
 #include "reading/DecodersPayload.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr double highestInput = 9999;
@@ -142,3 +144,5 @@ std::string parseAnalogOffset(const std::string& reply) {
     return numberText(offset);
   });
 }
+
+}  // namespace torvane

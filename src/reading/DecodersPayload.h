@@ -6,6 +6,8 @@
 #include <optional>
 #include <string>
 
+namespace torvane {
+
 inline constexpr char failed[] = "Fail";
 
 // Everything after the first "R" and the two register digits, which are not looked at; none when nothing
@@ -23,3 +25,5 @@ std::string decoded(const std::string& reply, Decode decode) {
   const std::optional<std::string> payload = payloadOf(reply);
   return payload ? decode(*payload) : failed;
 }
+
+}  // namespace torvane

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <iterator>
 
+namespace torvane {
+
 namespace {
 
 enum : std::int32_t { readingStep = 0, firstRegisterStep = 1, strainStep = 40 };
@@ -176,3 +178,5 @@ void DeviceDetection::finish(std::int32_t result) {
   detectionStep = finished;
   decide(result);
 }
+
+}  // namespace torvane

@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+namespace torvane {
+
 // What a detection comes to; 0 and above are families.
 namespace family {
 enum : std::int32_t {
@@ -53,3 +55,5 @@ class DeviceDetection {
   void decide(std::int32_t result);
   void finish(std::int32_t result);
 };
+
+}  // namespace torvane

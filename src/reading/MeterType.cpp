@@ -11,6 +11,8 @@
 #include "protocol/SerialChannel.h"
 #include "protocol/Waits.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr float settle = 0.5F;  // seconds of rest
@@ -101,3 +103,5 @@ void TcpCheckForMeterType(Run& run, NetworkChannel& channel, std::int16_t& type)
     return channel.NetworkWritePort(command);
   });
 }
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 
 #include "runs/Run.h"
 
+namespace torvane {
+
 class NetworkChannel;
 class SerialChannel;
 
@@ -13,3 +15,5 @@ class SerialChannel;
 // fields of DeviceState follow. The serial line rests after a command, the bridge before each.
 void ComCheckForMeterType(Run& run, SerialChannel& channel, std::int16_t& type);
 void TcpCheckForMeterType(Run& run, NetworkChannel& channel, std::int16_t& type);
+
+}  // namespace torvane

@@ -11,6 +11,8 @@
 #include "protocol/Probe.h"
 #include "protocol/SerialChannel.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr int lastPort = 10;
@@ -92,3 +94,5 @@ void SerialTestConnect(Run& run, SerialChannel& channel) {
   run.view.wizardFinishes(true);
   Global.DetectionDone = 1;
 }
+
+}  // namespace torvane

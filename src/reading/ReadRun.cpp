@@ -10,6 +10,8 @@
 #include "protocol/Waits.h"
 #include "reading/Decoders.h"
 
+namespace torvane {
+
 namespace {
 
 using Rows = std::span<const RegisterStep>;
@@ -90,3 +92,5 @@ void readConfiguration(Run& run, Channel& channel) {
   });
   run.view.showTabs();
 }
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 
 #include "core/Global.h"
 
+namespace torvane {
+
 namespace {
 
 const char* wordOf(Verdict verdict) {
@@ -80,3 +82,5 @@ AsLeft recordOf(const RunOutcome& written, const UnitImage& left) {
                   });
   return record;
 }
+
+}  // namespace torvane

@@ -10,6 +10,8 @@
 #include "protocol/Steps.h"
 #include "reading/DecodersPayload.h"
 
+namespace torvane {
+
 namespace {
 
 void moveBar(Run& run, const RegisterStep& row) {
@@ -103,3 +105,5 @@ void writeEncoded(Run& run, Channel& channel, const EncodedSetup& setup) {
     if (!goesOn(run, channel)) return;
   }
 }
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 #include "knowledge/UnitImage.h"
 #include "runs/Run.h"
 
+namespace torvane {
+
 class Channel;
 
 // Reads every register that the present kind of unit has, with the labels, the bar and the patience of a read
@@ -19,3 +21,5 @@ std::string versionOf(Channel& channel);
 // in the order of a write. Ends behind the register in hand when the user has cancelled, or at a wiring
 // problem. The outcome tells each register; writing again does only what is left.
 void writeEncoded(Run& run, Channel& channel, const EncodedSetup& setup);
+
+}  // namespace torvane

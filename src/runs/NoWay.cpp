@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace torvane {
+
 namespace noWay {
 
 const NoWay silent = {"Silent",
@@ -68,3 +70,5 @@ std::string adviceFor(const RunOutcome& outcome, std::string_view lastWords) {
   if (lostItsPort(outcome)) return noWay::unplugged.advice;
   return echoed(outcome) ? noWay::loop.advice : "";
 }
+
+}  // namespace torvane

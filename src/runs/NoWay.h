@@ -8,6 +8,8 @@
 
 #include "runs/Outcome.h"
 
+namespace torvane {
+
 struct NoWay {
   const char* cause;   // as a heading of the guide
   const char* advice;  // one sentence or two
@@ -28,3 +30,5 @@ std::span<const NoWay* const> noWays();
 // Of a run that did not reach its unit, judged by how it ended and by the last words of the search; empty
 // where nothing was in the way.
 std::string adviceFor(const RunOutcome& outcome, std::string_view lastWords);
+
+}  // namespace torvane

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace torvane {
+
 namespace {
 
 struct CountWord {
@@ -91,3 +93,5 @@ std::string summaryOf(const RunOutcome& outcome) {
   }
   return withAdvice(text + failedNames(outcome), outcome);
 }
+
+}  // namespace torvane

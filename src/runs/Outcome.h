@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace torvane {
+
 enum class Verdict {
   same,     // the unit held the value already
   written,  // changed and verified
@@ -59,3 +61,5 @@ struct RunOutcome {
 // "31 steps: 29 written, 2 failed: Set-Point 1, Alarm 1 High"; says how the run ended where it did not
 // finish.
 std::string summaryOf(const RunOutcome& outcome);
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include "core/Model.h"
 #include "platform/Host.h"
 
+namespace torvane {
+
 void beginOutcome(Run& run, std::string line) {
   run.outcome = {.reading = run.reading, .startedAt = host().utcNow(), .line = std::move(line)};
   if (Hardware.BusMode != 0 && Hardware.BusMode != 2) run.outcome.address = Hardware.BusAddress;
@@ -15,3 +17,5 @@ void beginOutcome(Run& run, std::string line) {
 void publish(Run& run, int stage) {
   statement([&] { run.view.wizardProgress(wizardProgressValue(stage)); });
 }
+
+}  // namespace torvane

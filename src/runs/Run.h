@@ -11,6 +11,8 @@
 #include "runs/Outcome.h"
 #include "runs/RunView.h"
 
+namespace torvane {
+
 struct Run {
   RunView& view;
   bool reading = false;            // a read run rather than a write run
@@ -38,3 +40,5 @@ void statement(Statement&& run) {
     attempt(run);
   }
 }
+
+}  // namespace torvane

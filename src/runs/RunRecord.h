@@ -7,6 +7,8 @@
 
 #include "runs/Outcome.h"
 
+namespace torvane {
+
 struct HistoryLine {
   std::string text;
   bool failed = false;
@@ -20,3 +22,5 @@ struct RunRecord {
 
 // The verdict, an empty line, and the history, each on a line of its own: to be copied or saved.
 std::string textOf(const RunRecord& record);
+
+}  // namespace torvane

@@ -8,6 +8,8 @@
 
 #include "platform/Host.h"
 
+namespace torvane {
+
 class RunView {
  public:
   virtual ~RunView() = default;
@@ -42,3 +44,5 @@ class RunView {
 
 // How far the wizard's bar stands after a stage of a run; seven fill it.
 constexpr int wizardProgressValue(int stage) { return stage * 14; }
+
+}  // namespace torvane

@@ -8,7 +8,7 @@
 
 #include "tool/LineName.h"
 
-namespace tool {
+namespace torvane::tool {
 
 // Where a unit is and how its line is set; what is not given comes from the setup, the preferences, or
 // 9600,o,7,1.
@@ -48,4 +48,4 @@ struct Arguments {
   bool resume = false;
 };
 
-}  // namespace tool
+}  // namespace torvane::tool

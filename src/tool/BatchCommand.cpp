@@ -17,7 +17,7 @@
 #include "tool/ShellView.h"
 #include "tool/Subcommands.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -231,4 +231,4 @@ ExitCode run(const Arguments& arguments, const Output& output) { return Batch(ar
 
 Subcommand batchCommand() { return {"batch", "writes the setups of a plan to many units", declare, run}; }
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -20,7 +20,7 @@
 #include "tool/Setup.h"
 #include "tool/ToolHost.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -146,4 +146,4 @@ std::string digestOf(const std::string& path) {
 
 BatchPlan loadPlan(const std::string& path) { return Loader(path).load(); }
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -8,7 +8,7 @@
 #include "tool/Output.h"
 #include "tool/Plan.h"
 
-namespace tool {
+namespace torvane::tool {
 
 struct BatchPlan {
   Plan plan = {};           // with devices from the root
@@ -23,4 +23,4 @@ std::string digestOf(const std::string& path);
 // Throws Problem when the file can't be read. Errors in it stand in plan.problems, in order.
 BatchPlan loadPlan(const std::string& path);
 
-}  // namespace tool
+}  // namespace torvane::tool

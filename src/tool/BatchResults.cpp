@@ -8,7 +8,7 @@
 #include "tool/Csv.h"
 #include "tool/Output.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -140,4 +140,4 @@ ExitCode exitCodeOf(const std::vector<RowResult>& results) {
   return refused == 0 ? ExitCode::done : ExitCode::noUnit;
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -10,7 +10,7 @@
 #include "tool/ExitCodes.h"
 #include "tool/Journal.h"
 
-namespace tool {
+namespace torvane::tool {
 
 struct RowResult {
   const PlanRow* row;
@@ -25,4 +25,4 @@ std::string resultsCsv(const std::vector<RowResult>& results);
 Json resultsJson(const std::vector<RowResult>& results);
 ExitCode exitCodeOf(const std::vector<RowResult>& results);
 
-}  // namespace tool
+}  // namespace torvane::tool

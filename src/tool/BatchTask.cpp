@@ -2,7 +2,7 @@
 // The units of one line as text.
 #include "tool/BatchTask.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -43,4 +43,4 @@ LineTasks lineTasksOf(const std::string& text) {
   return line;
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -8,7 +8,7 @@
 #include "tool/Output.h"
 #include "tool/Plan.h"
 
-namespace tool {
+namespace torvane::tool {
 
 struct BatchTask {
   PlanRow row = {};
@@ -27,4 +27,4 @@ struct LineTasks {
 std::string textOf(const LineTasks& line);
 LineTasks lineTasksOf(const std::string& text);
 
-}  // namespace tool
+}  // namespace torvane::tool

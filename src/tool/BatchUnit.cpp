@@ -13,7 +13,7 @@
 #include "tool/Setup.h"
 #include "tool/WriteRecord.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -169,4 +169,4 @@ std::string freeName(const std::string& stem, const std::string& suffix) {
   return name;
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

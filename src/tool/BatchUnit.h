@@ -8,7 +8,7 @@
 #include "tool/BatchTask.h"
 #include "tool/Journal.h"
 
-namespace tool {
+namespace torvane::tool {
 
 // Returns when the journal has the event, but for a register, which is not waited for.
 using Tell = std::function<void(Event event, const Json& more)>;
@@ -19,4 +19,4 @@ void programUnit(const BatchTask& task, const std::string& files, const Tell& te
 // "a.unit", or the first of "a-2.unit", "a-3.unit" ... that is not there yet: nothing is ever overwritten.
 std::string freeName(const std::string& stem, const std::string& suffix);
 
-}  // namespace tool
+}  // namespace torvane::tool

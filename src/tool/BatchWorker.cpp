@@ -16,7 +16,7 @@
 #include "platform/qt/io/Terminal.h"
 #include "tool/BatchUnit.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -112,4 +112,4 @@ int batchWorker() {
   return static_cast<int>(wasInterrupted() ? ExitCode::cancelled : ExitCode::done);
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

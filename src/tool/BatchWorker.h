@@ -4,7 +4,7 @@
 // the disk. It ends with the process that has started it.
 #pragma once
 
-namespace tool {
+namespace torvane::tool {
 
 // The one word on the command line that makes a worker of the program.
 inline constexpr const char* workerWord = "batch-worker";
@@ -14,4 +14,4 @@ inline constexpr const char* cancelWord = "cancel";
 
 int batchWorker();
 
-}  // namespace tool
+}  // namespace torvane::tool

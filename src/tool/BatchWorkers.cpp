@@ -13,7 +13,7 @@
 #include "platform/qt/io/Terminal.h"
 #include "tool/BatchWorker.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -170,4 +170,4 @@ bool runWorkers(std::vector<LineTasks> lines, int jobs, const Keep& keep) {
   return Workers(std::move(lines), jobs, keep).run();
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -8,7 +8,7 @@
 #include "tool/BatchTask.h"
 #include "tool/Journal.h"
 
-namespace tool {
+namespace torvane::tool {
 
 // Takes what the workers have told up to now onto the disk; only then do they go on.
 using Keep = std::function<void(const std::vector<JournalEntry>& entries)>;
@@ -17,4 +17,4 @@ using Keep = std::function<void(const std::vector<JournalEntry>& entries)>;
 // whether it came to its end. What `keep` throws ends all workers at once.
 bool runWorkers(std::vector<LineTasks> lines, int jobs, const Keep& keep);
 
-}  // namespace tool
+}  // namespace torvane::tool

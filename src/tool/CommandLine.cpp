@@ -10,7 +10,7 @@
 #include "tool/ManPage.h"
 #include "tool/Nearest.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -134,4 +134,4 @@ bool wantsJson(const std::vector<std::string>& arguments) {
   return std::ranges::find(arguments, "--json") != arguments.end();
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

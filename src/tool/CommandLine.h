@@ -10,7 +10,7 @@
 #include "tool/Arguments.h"
 #include "tool/Subcommands.h"
 
-namespace tool {
+namespace torvane::tool {
 
 // Values go into the arguments, which outlive it.
 std::unique_ptr<CLI::App> declared(Arguments& arguments);
@@ -27,4 +27,4 @@ Invocation parseCommandLine(const std::vector<std::string>& arguments);
 // Whether the answer is to be JSON, also on a command line with errors.
 bool wantsJson(const std::vector<std::string>& arguments);
 
-}  // namespace tool
+}  // namespace torvane::tool

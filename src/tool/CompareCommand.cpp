@@ -10,7 +10,7 @@
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -72,4 +72,4 @@ Subcommand compareCommand() {
   return {"compare", "how a unit, or a file, differs from a setup file", declare, run};
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -2,7 +2,7 @@
 // A comparison as JSON and as words.
 #include "tool/CompareReport.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -57,4 +57,4 @@ std::string comparisonTable(const Comparison& comparison) {
   return (rows.size() > 1 ? tableText(rows) : std::string()) + summaryOf(comparison) + '\n';
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -7,10 +7,10 @@
 #include "knowledge/Compare.h"
 #include "tool/Output.h"
 
-namespace tool {
+namespace torvane::tool {
 
 Json differingSettings(const Comparison& comparison);  // section, name, value, unit, change
 Json registerChanges(const Comparison& comparison);    // index, before, after, verdict, reason
 std::string comparisonTable(const Comparison& comparison);
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <set>
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -98,4 +98,4 @@ std::string bashCompletion(const CLI::App& app) {
          "complete -o filenames -F _torvane_unit torvane-unit\n";
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -24,7 +24,7 @@
 #include "tool/Setup.h"
 #include "tool/ToolHost.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -351,4 +351,4 @@ void Connection::read() {
   overBridge();
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

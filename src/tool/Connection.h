@@ -20,7 +20,7 @@
 #include "tool/Output.h"
 #include "tool/ShellView.h"
 
-namespace tool {
+namespace torvane::tool {
 
 class Connection {
  public:
@@ -102,4 +102,4 @@ std::string registersTable(const RunOutcome& outcome);
 // The line, unit, registers and verdict of a run behind what the object holds already; prints all.
 ExitCode report(const RunOutcome& outcome, const LineArguments& line, Json object, const Output& output);
 
-}  // namespace tool
+}  // namespace torvane::tool

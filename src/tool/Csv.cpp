@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -104,4 +104,4 @@ std::string csvLine(const std::vector<std::string>& cells) {
   return line + "\r\n";
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace tool {
+namespace torvane::tool {
 
 struct CsvRow {
   int line = 0;  // of the text, at which it begins; from 1
@@ -24,4 +24,4 @@ CsvTable parseCsv(std::string_view text);
 // One row with its line end.
 std::string csvLine(const std::vector<std::string>& cells);
 
-}  // namespace tool
+}  // namespace torvane::tool

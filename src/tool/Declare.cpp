@@ -8,7 +8,7 @@
 #include "tool/Nearest.h"
 #include "tool/Problem.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -97,4 +97,4 @@ CLI::Option* declareChoice(CLI::App& app, const std::string& names, const std::v
   return app.add_option_function<std::string>(names, checked, what)->type_name(listed(legal, "|"));
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

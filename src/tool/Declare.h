@@ -8,7 +8,7 @@
 
 #include "tool/Arguments.h"
 
-namespace tool {
+namespace torvane::tool {
 
 void declareLine(CLI::App& app, LineArguments& line);          // LINE, and what declareUnit declares
 void declareUnit(CLI::App& app, LineArguments& line);          // --address, --model, and the line settings
@@ -27,4 +27,4 @@ CLI::Option* declareChoice(CLI::App& app, const std::string& names, const std::v
 
 LineName lineNamed(const std::string& text);
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -5,7 +5,7 @@
 #include <array>
 #include <string_view>
 
-namespace tool {
+namespace torvane::tool {
 
 enum class ExitCode {
   done = 0,
@@ -34,4 +34,4 @@ inline constexpr std::array<ExitFact, 7> exitFacts{{
     {ExitCode::cancelled, "cancelled, after the register in hand"},
 }};
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -12,7 +12,7 @@
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -168,4 +168,4 @@ Subcommand findCommand() {
   return {"find", "what answers on a port, behind a bridge, or on every port", declare, run};
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

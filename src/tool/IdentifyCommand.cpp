@@ -5,7 +5,7 @@
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -33,4 +33,4 @@ ExitCode run(const Arguments& arguments, const Output& output) {
 
 Subcommand identifyCommand() { return {"identify", "what the unit on a line is", declare, run}; }
 
-}  // namespace tool
+}  // namespace torvane::tool

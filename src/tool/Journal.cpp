@@ -6,7 +6,7 @@
 #include <array>
 #include <utility>
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -142,4 +142,4 @@ std::string planOf(const std::vector<JournalEntry>& entries) {
   return entries.empty() ? std::string() : textIn(entries.front().more, "plan");
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

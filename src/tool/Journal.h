@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-namespace tool {
+namespace torvane::tool {
 
 using Json = nlohmann::ordered_json;
 
@@ -68,4 +68,4 @@ bool beginsHalf(const RowProgress& progress);
 // The digest of the plan that the journal was begun with; empty when it has not begun.
 std::string planOf(const std::vector<JournalEntry>& entries);
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -5,7 +5,7 @@
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -34,4 +34,4 @@ ExitCode run(const Arguments& arguments, const Output& output) {
 
 Subcommand keepCommand() { return {"keep", "keeps a copy of all registers of a unit", declare, run}; }
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -6,7 +6,7 @@
 #include <charconv>
 #include <set>
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -84,4 +84,4 @@ std::optional<std::vector<int>> parseAddresses(std::string_view text) {
   return std::vector<int>(addresses.begin(), addresses.end());
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace tool {
+namespace torvane::tool {
 
 struct LineName {
   int commPort = 0;         // n of "COM n", 0 for none
@@ -31,4 +31,4 @@ std::optional<int> wholeNumber(std::string_view text, int least, int most);
 // "0-199", "1,5,10-12", ascending and each once; nothing when the text is not of that form.
 std::optional<std::vector<int>> parseAddresses(std::string_view text);
 
-}  // namespace tool
+}  // namespace torvane::tool

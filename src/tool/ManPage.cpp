@@ -8,7 +8,7 @@
 #include "core/Program.h"
 #include "tool/ExitCodes.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -109,4 +109,4 @@ std::string manPage(const CLI::App& app) {
          "(1), " + bold("unit-simulator") + "(1)\n";
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

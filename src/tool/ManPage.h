@@ -5,8 +5,8 @@
 #include <CLI/CLI.hpp>
 #include <string>
 
-namespace tool {
+namespace torvane::tool {
 
 std::string manPage(const CLI::App& app);
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -10,7 +10,7 @@
 #include "core/PartNumber.h"
 #include "tool/Nearest.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -66,4 +66,4 @@ std::string modelTextFault(const std::string& model) {
   return '"' + model + "\" is no part number and no type: TMP, PRC, STR, GR2, RHT, Rkw77";
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace tool {
+namespace torvane::tool {
 
 enum class UnitFamily { torvane, rkw77 };
 
@@ -21,4 +21,4 @@ std::string modelFault(const std::string& model);
 // Why this is no model at all; empty: it is one.
 std::string modelTextFault(const std::string& model);
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -6,7 +6,7 @@
 #include <numeric>
 #include <utility>
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -57,4 +57,4 @@ std::string didYouMean(std::string_view word, const std::vector<std::string>& le
   return text + '?';
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace tool {
+namespace torvane::tool {
 
 // Letters to add, drop or change on the way from one word to the other, without regard to case.
 std::size_t distance(std::string_view one, std::string_view other);
@@ -17,4 +17,4 @@ std::vector<std::string> nearest(std::string_view word, const std::vector<std::s
 // "Did you mean A, B or C?", or an empty text.
 std::string didYouMean(std::string_view word, const std::vector<std::string>& legal);
 
-}  // namespace tool
+}  // namespace torvane::tool

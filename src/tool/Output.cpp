@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -72,4 +72,4 @@ void Output::complain(const Problem& problem) const {
   put(error_, std::string("torvane-unit: ") + problem.what() + '\n' + hint);
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

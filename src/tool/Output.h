@@ -9,7 +9,7 @@
 
 #include "tool/Problem.h"
 
-namespace tool {
+namespace torvane::tool {
 
 using Json = nlohmann::ordered_json;
 
@@ -44,4 +44,4 @@ class Output {
   std::FILE* error_;
 };
 
-}  // namespace tool
+}  // namespace torvane::tool

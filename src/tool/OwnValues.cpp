@@ -5,7 +5,7 @@
 #include "tool/Settings.h"
 #include "tool/Setup.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -46,4 +46,4 @@ std::vector<std::string> valueFaults(const PlanRow& row) {
   return faults;
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

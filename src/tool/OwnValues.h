@@ -8,7 +8,7 @@
 #include "tool/Output.h"
 #include "tool/Plan.h"
 
-namespace tool {
+namespace torvane::tool {
 
 // Why no column can be called so; empty: one can.
 std::string columnFault(const std::string& header);
@@ -20,4 +20,4 @@ Json takeSetup(const PlanRow& row);
 // Why the row's own values can't be taken, each with the nearest legal ones. The records hold its setup.
 std::vector<std::string> valueFaults(const PlanRow& row);
 
-}  // namespace tool
+}  // namespace torvane::tool

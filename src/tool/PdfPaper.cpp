@@ -5,7 +5,7 @@
 #include "core/NumberText.h"
 #include "platform/Host.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -132,4 +132,4 @@ void PdfPaper::newPage() {
 
 void PdfPaper::endDocument() { host().replaceFile(file_, pdfOf(pages_)); }
 
-}  // namespace tool
+}  // namespace torvane::tool

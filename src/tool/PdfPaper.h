@@ -8,7 +8,7 @@
 
 #include "platform/Printer.h"
 
-namespace tool {
+namespace torvane::tool {
 
 class PdfPaper : public Printer {
  public:
@@ -39,4 +39,4 @@ class PdfPaper : public Printer {
 // The bytes of a document of these pages.
 std::string pdfOf(const std::vector<std::string>& pages);
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -9,7 +9,7 @@
 
 #include "tool/Csv.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -173,4 +173,4 @@ class Reader {
 
 Plan parsePlan(std::string_view text, const PlanChecks& checks) { return Reader(checks).read(text); }
 
-}  // namespace tool
+}  // namespace torvane::tool

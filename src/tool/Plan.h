@@ -11,7 +11,7 @@
 
 #include "tool/LineName.h"
 
-namespace tool {
+namespace torvane::tool {
 
 struct PlanRow {
   int row = 0;   // from 1 below the headers
@@ -44,4 +44,4 @@ struct PlanChecks {
 
 Plan parsePlan(std::string_view text, const PlanChecks& checks);
 
-}  // namespace tool
+}  // namespace torvane::tool

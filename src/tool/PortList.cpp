@@ -8,7 +8,7 @@
 #include "platform/qt/io/QtText.h"
 #include "tool/LineName.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -41,4 +41,4 @@ std::vector<Port> portsHere() {
   return ports;
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

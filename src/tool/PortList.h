@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace tool {
+namespace torvane::tool {
 
 struct Port {
   std::string name;  // "COM 1"; empty for a device that has none
@@ -16,4 +16,4 @@ struct Port {
 // Names first, then the devices that no name leads to, since others were given to them all.
 std::vector<Port> portsHere();
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -7,7 +7,7 @@
 #include "tool/PortList.h"
 #include "tool/Subcommands.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -50,4 +50,4 @@ void declare(CLI::App&, Arguments&) {}
 
 Subcommand portsCommand() { return {"ports", "the serial ports, and who has them open", declare, run}; }
 
-}  // namespace tool
+}  // namespace torvane::tool

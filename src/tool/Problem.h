@@ -8,7 +8,7 @@
 
 #include "tool/ExitCodes.h"
 
-namespace tool {
+namespace torvane::tool {
 
 struct Problem : std::runtime_error {
   Problem(ExitCode exitCode, const std::string& what, std::string whatToDo = {})
@@ -24,4 +24,4 @@ struct WrongUnit : Problem {
       : Problem(ExitCode::noUnit, what, std::move(whatToDo)) {}
 };
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -6,7 +6,7 @@
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -41,4 +41,4 @@ ExitCode run(const Arguments& arguments, const Output& output) {
 
 Subcommand putBackCommand() { return {"put-back", "puts a copy back into a unit", declare, run}; }
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -9,7 +9,7 @@
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -61,4 +61,4 @@ ExitCode run(const Arguments& arguments, const Output& output) {
 
 Subcommand readCommand() { return {"read", "reads a unit into a setup file", declare, run}; }
 
-}  // namespace tool
+}  // namespace torvane::tool

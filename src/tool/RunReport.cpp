@@ -5,7 +5,7 @@
 #include "tool/Connection.h"
 #include "tool/Models.h"
 
-namespace tool {
+namespace torvane::tool {
 
 const char* verdictWord(Verdict verdict) {
   switch (verdict) {
@@ -86,4 +86,4 @@ ExitCode report(const RunOutcome& outcome, const LineArguments& line, Json objec
   return code;
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

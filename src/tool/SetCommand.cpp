@@ -5,7 +5,7 @@
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -77,4 +77,4 @@ Subcommand setCommand() {
   return {"set", "changes settings of a setup file by the rules of entry", declare, run};
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -15,7 +15,7 @@
 #include "tool/Settings.h"
 #include "tool/ToolHost.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -273,4 +273,4 @@ std::vector<RepairedSetting> applyChanges(SetupEditor& editor, const std::vector
   return repaired;
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

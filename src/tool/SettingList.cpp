@@ -10,7 +10,7 @@
 #include "core/NumberText.h"
 #include "knowledge/EncodedSetup.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -242,4 +242,4 @@ std::string printedValue(const Setting& setting) {
   return "";
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

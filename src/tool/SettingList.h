@@ -11,7 +11,7 @@
 #include "knowledge/RegisterMap.h"
 #include "knowledge/ReportSections.h"
 
-namespace tool {
+namespace torvane::tool {
 
 enum class SettingForm {
   text,      // a number, a time or a code in a box
@@ -41,4 +41,4 @@ std::string bare(std::string_view text);
 
 std::string printedValue(const Setting& setting);
 
-}  // namespace tool
+}  // namespace torvane::tool

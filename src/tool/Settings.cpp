@@ -4,7 +4,7 @@
 
 #include "tool/SettingList.h"
 
-namespace tool {
+namespace torvane::tool {
 
 std::vector<NamedSetting> settingsOfRecords() {
   std::vector<NamedSetting> settings;
@@ -12,4 +12,4 @@ std::vector<NamedSetting> settingsOfRecords() {
   return settings;
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

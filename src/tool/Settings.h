@@ -8,7 +8,7 @@
 #include "editor/SetupEditor.h"
 #include "tool/Problem.h"
 
-namespace tool {
+namespace torvane::tool {
 
 // ---- what there is
 
@@ -54,4 +54,4 @@ struct RepairedSetting {
 // changed.
 std::vector<RepairedSetting> applyChanges(SetupEditor& editor, const std::vector<SettingChange>& changes);
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -17,7 +17,7 @@
 #include "platform/Host.h"
 #include "tool/Problem.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -180,4 +180,4 @@ std::string chooseLine(const LineArguments& line) {
          (Memo[rec::cboStop].value == 1 ? '2' : '1');
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

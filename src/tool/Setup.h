@@ -12,7 +12,7 @@
 #include "tool/Arguments.h"
 #include "tool/ToolHost.h"
 
-namespace tool {
+namespace torvane::tool {
 
 // The records as a program begins with them: factory defaults and the stored preferences.
 void beginRecords();
@@ -45,4 +45,4 @@ std::variant<EncodedSetup, UnitImage> loadEither(const std::string& path);
 // Options before what the records hold: the way, its settings, mode and address. Returns "9600,o,7,1".
 std::string chooseLine(const LineArguments& line);
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -7,7 +7,7 @@
 
 #include "platform/qt/io/Terminal.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -45,4 +45,4 @@ void ShellView::clearBar() {
   barIsShown_ = false;
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -8,7 +8,7 @@
 
 #include "runs/RunView.h"
 
-namespace tool {
+namespace torvane::tool {
 
 class ShellView : public RunView {
  public:
@@ -41,4 +41,4 @@ class ShellView : public RunView {
   bool barIsShown_ = false;
 };
 
-}  // namespace tool
+}  // namespace torvane::tool

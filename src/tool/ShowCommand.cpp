@@ -8,7 +8,7 @@
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -68,4 +68,4 @@ Subcommand showCommand() {
   return {"show", "the settings of a setup file in the report's words", declare, run};
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -2,7 +2,7 @@
 // The commands of torvane-unit.
 #include "tool/Subcommands.h"
 
-namespace tool {
+namespace torvane::tool {
 
 const std::vector<Subcommand>& subcommands() {
   static const std::vector<Subcommand> all{
@@ -11,4 +11,4 @@ const std::vector<Subcommand>& subcommands() {
   return all;
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -13,7 +13,7 @@ namespace CLI {
 class App;
 }
 
-namespace tool {
+namespace torvane::tool {
 
 struct Subcommand {
   const char* name;
@@ -36,4 +36,4 @@ Subcommand batchCommand();
 
 const std::vector<Subcommand>& subcommands();  // in the order of the help
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -23,7 +23,7 @@
 #include "platform/qt/io/Terminal.h"
 #include "tool/PdfPaper.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -121,4 +121,4 @@ void ToolHost::fail(const std::string& description) {
 
 ToolHost* toolHost() { return dynamic_cast<ToolHost*>(&host()); }
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -15,7 +15,7 @@
 #include "platform/qt/io/QtPorts.h"
 #include "platform/qt/io/QtSettings.h"
 
-namespace tool {
+namespace torvane::tool {
 
 class ToolHost : public Host {
  public:
@@ -61,7 +61,7 @@ class ToolHost : public Host {
   void replaceFile(const std::string& path, std::string_view bytes) override { replaceWhole(path, bytes); }
   bool fileExists(const std::string& path) override;
   void renameFile(const std::string& from, const std::string& to) override { renameWhole(from, to); }
-  std::string dataFolder() override { return ::dataFolder(); }
+  std::string dataFolder() override { return torvane::dataFolder(); }
   std::string programFolder() override;
   void copyText(std::string_view) override {}
 
@@ -97,4 +97,4 @@ class Desk {
   }
 };
 
-}  // namespace tool
+}  // namespace torvane::tool

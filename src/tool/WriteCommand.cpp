@@ -8,7 +8,7 @@
 #include "tool/Subcommands.h"
 #include "tool/WriteRecord.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -59,4 +59,4 @@ ExitCode run(const Arguments& arguments, const Output& output) {
 
 Subcommand writeCommand() { return {"write", "writes a setup file to a unit and verifies it", declare, run}; }
 
-}  // namespace tool
+}  // namespace torvane::tool

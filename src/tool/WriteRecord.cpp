@@ -8,7 +8,7 @@
 #include "tool/Connection.h"
 #include "tool/Models.h"
 
-namespace tool {
+namespace torvane::tool {
 
 namespace {
 
@@ -56,4 +56,4 @@ void saveRecord(const std::string& path, const RecordHead& head, const RunOutcom
   }
 }
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -7,7 +7,7 @@
 #include "knowledge/UnitImage.h"
 #include "runs/Outcome.h"
 
-namespace tool {
+namespace torvane::tool {
 
 struct RecordHead {
   std::string line;
@@ -21,4 +21,4 @@ UnitImage imageBefore(const RunOutcome& outcome, int kind);
 void saveRecord(const std::string& path, const RecordHead& head, const RunOutcome& outcome,
                 const UnitImage& before);
 
-}  // namespace tool
+}  // namespace torvane::tool

@@ -13,6 +13,8 @@
 #include "tool/CommandLine.h"
 #include "tool/ToolHost.h"
 
+using namespace torvane;
+
 namespace {
 
 int run(const std::vector<std::string>& words) {

@@ -6,6 +6,8 @@
 
 #include "core/Memo.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* serialWelcomeText =
@@ -82,3 +84,5 @@ std::string wizardText(const WizardPage& page) {
   }
   return text + page.ending;
 }
+
+}  // namespace torvane

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string>
 
+namespace torvane {
+
 // 0 to 6 belong to the serial line, 7 to 10 to the network.
 namespace page {
 enum : std::int16_t {
@@ -47,3 +49,5 @@ struct WizardPage {
 const WizardPage* wizardPageAt(std::int16_t number);
 // The text of a page that has one; that of the network's last warning names the target that Memo holds.
 std::string wizardText(const WizardPage& page);
+
+}  // namespace torvane

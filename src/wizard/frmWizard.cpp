@@ -11,6 +11,8 @@
 #include "platform/Host.h"
 #include "protocol/frmSerial.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr int addresses = 200;
@@ -209,10 +211,12 @@ std::int16_t frmWizard::run() {
 
 void frmWizard::endRun() {
   if (unitFound != False) form<frmBigFolder>().applyDeviceClass();
-  ::unload<frmHardware>();
-  ::unload<frmSerial>();
+  torvane::unload<frmHardware>();
+  torvane::unload<frmSerial>();
   showPart(Part::nothing);
   cmdNext.setEnabled(true);
   cmdBack.setEnabled(true);
   if (Global.CancelFlag != False) hide();
 }
+
+}  // namespace torvane

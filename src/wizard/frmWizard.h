@@ -10,6 +10,8 @@
 #include "platform/Form.h"
 #include "wizard/WizardPages.h"
 
+namespace torvane {
+
 inline constexpr const char* finishCaption = "Finish";
 
 class frmWizard : public Form {
@@ -68,3 +70,5 @@ class frmWizard : public Form {
   std::int16_t run();
   void endRun();
 };
+
+}  // namespace torvane

@@ -12,6 +12,8 @@
 #include "core/Model.h"
 #include "tests/support/Bench.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* models[] = {"Rkw77[case]", "IRkw77[case]", "Tv[8,16,32]", "Tv8",   "Tv8C",  "Tv8D[H/V]",
@@ -180,3 +182,5 @@ TEST_F(ConfigChecked, GivesAReaderTheLengthThatBringsItInStep) {
 }
 
 }  // namespace
+
+}  // namespace torvane

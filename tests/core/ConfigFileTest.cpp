@@ -13,6 +13,8 @@
 #include "platform/CodePage.h"
 #include "tests/support/Bench.h"
 
+namespace torvane {
+
 namespace {
 
 using std::string_literals::operator""s;
@@ -359,3 +361,5 @@ TEST_F(ConfigFile, TellsHowFarAReaderLooks) {
 }
 
 }  // namespace
+
+}  // namespace torvane

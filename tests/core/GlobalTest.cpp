@@ -11,6 +11,8 @@
 #include "core/Model.h"
 #include "core/NumberText.h"
 
+namespace torvane {
+
 namespace {
 
 class GlobalTest : public ::testing::Test {
@@ -118,3 +120,5 @@ TEST_F(GlobalTest, MergesUnderAMaskWithoutTouchingTheOtherBits) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -10,6 +10,8 @@
 
 #include "platform/RuntimeError.h"
 
+namespace torvane {
+
 namespace {
 
 enum Field { none, value, flag, text, extra, stored };  // stored: filled from the stored preferences
@@ -228,3 +230,5 @@ TEST_F(MemoTest, RefusesAnIndexOutsideItsBounds) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 
 #include "core/Memo.h"
 
+namespace torvane {
+
 namespace {
 
 class ModelTest : public ::testing::Test {
@@ -136,3 +138,5 @@ TEST_F(ModelTest, HoldsBooleansAsSixteenBits) {
 }
 
 }  // namespace
+
+}  // namespace torvane

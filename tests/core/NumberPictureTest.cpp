@@ -9,6 +9,8 @@
 
 #include "core/NumberText.h"
 
+namespace torvane {
+
 namespace {
 
 struct PictureCase {
@@ -156,3 +158,5 @@ TEST(FormatText, TakesTheNumberAtTheStart) {
 }
 
 }  // namespace
+
+}  // namespace torvane

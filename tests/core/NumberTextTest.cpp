@@ -15,6 +15,8 @@
 
 #include "platform/RuntimeError.h"
 
+namespace torvane {
+
 using namespace std::string_literals;
 
 namespace {
@@ -380,3 +382,5 @@ TEST(GarbageTexts, OfGreatLengthAreQuick) {
 }
 
 }  // namespace
+
+}  // namespace torvane

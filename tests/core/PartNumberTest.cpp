@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <array>
 
+namespace torvane {
+
 namespace {
 
 const std::vector<std::string> listed = {"Rkw77[case]", "IRkw77[case]", "Tv[8,16,32]", "Tv8",        "Tv8C",
@@ -199,3 +201,5 @@ TEST_F(Catalogue, KeepsTheCountWhenARowIsSelected) {
 }
 
 }  // namespace
+
+}  // namespace torvane

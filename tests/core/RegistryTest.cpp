@@ -6,6 +6,8 @@
 
 #include "tests/platform/FakeHost.h"
 
+namespace torvane {
+
 namespace {
 
 class RegistryTest : public ::testing::Test {
@@ -101,3 +103,5 @@ TEST_F(RegistryTest, ReadingChangesNothing) {
 }
 
 }  // namespace
+
+}  // namespace torvane

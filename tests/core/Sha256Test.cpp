@@ -6,6 +6,8 @@
 
 #include "core/Sha256.h"
 
+namespace torvane {
+
 namespace {
 
 TEST(Sha256, OfTheStandardsExamples) {
@@ -31,3 +33,5 @@ TEST(Sha256, OfTextsAroundABlocksEnd) {
 }
 
 }  // namespace
+
+}  // namespace torvane

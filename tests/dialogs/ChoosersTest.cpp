@@ -8,6 +8,8 @@
 #include "dialogs/frmHardware.h"
 #include "tests/support/Bench.h"
 
+namespace torvane {
+
 namespace {
 
 class ReadAndWriteChoosers : public Bench {
@@ -328,3 +330,5 @@ TEST_F(ReadAndWriteChoosers, UseThePortThatIsChosenWhileTheyAreClosed) {
 }
 
 }  // namespace
+
+}  // namespace torvane

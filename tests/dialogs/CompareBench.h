@@ -16,6 +16,8 @@
 #include "tests/support/NetworkBench.h"
 #include "tests/support/RandomMemo.h"
 
+namespace torvane {
+
 class CompareBench : public NetworkBench {
  protected:
   explicit CompareBench(sim::UnitSetup setup = {}) : NetworkBench(std::move(setup)) {
@@ -100,3 +102,5 @@ class CompareBench : public NetworkBench {
 
   std::mt19937 random{7};
 };
+
+}  // namespace torvane

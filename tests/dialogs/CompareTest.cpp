@@ -5,6 +5,8 @@
 #include "knowledge/UnitFile.h"
 #include "tests/dialogs/CompareBench.h"
 
+namespace torvane {
+
 namespace {
 
 using Comparing = CompareBench;
@@ -298,3 +300,5 @@ TEST_F(ComparingFiles, RefusesWhatIsNeitherAndKeepsWhatWasChosen) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 #include "dialogs/frmHardware.h"
 #include "tests/editor/EditorTest.h"
 
+namespace torvane {
+
 class HardwareBench : public EditorTest {
  protected:
   // The dialog in front of the user; a test that ends it opens a new one.
@@ -36,3 +38,5 @@ class HardwareBench : public EditorTest {
     return -1;
   }
 };
+
+}  // namespace torvane

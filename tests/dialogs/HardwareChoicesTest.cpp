@@ -3,6 +3,8 @@
 #include "platform/RuntimeError.h"
 #include "tests/dialogs/HardwareBench.h"
 
+namespace torvane {
+
 namespace {
 
 using Lines = std::vector<std::string>;
@@ -291,3 +293,5 @@ TEST_F(Address, IsRepairedByEnterAndByLeavingTheBox) {
 }
 
 }  // namespace
+
+}  // namespace torvane

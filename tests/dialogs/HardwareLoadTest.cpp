@@ -2,6 +2,8 @@
 // The hardware dialog as it comes up: what it shows of the model record.
 #include "tests/dialogs/HardwareBench.h"
 
+namespace torvane {
+
 namespace {
 
 using Lines = std::vector<std::string>;
@@ -243,3 +245,5 @@ TEST_F(HardwareLoad, LeavesTheMainWindowAloneBehindAProbe) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -2,6 +2,8 @@
 // What choices in the hardware dialog do to the main window.
 #include "tests/dialogs/HardwareBench.h"
 
+namespace torvane {
+
 namespace {
 
 using Lines = std::vector<std::string>;
@@ -144,3 +146,5 @@ TEST_F(MainWindow, KeepsTheTabsOfARkw77UnitThatOnlyMonitors) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 
 #include "tests/support/RunBench.h"
 
+namespace torvane {
+
 namespace {
 
 class Ok : public HardwareBench {
@@ -507,3 +509,5 @@ TEST_F(HardwareTruth, ADroppedListChoosesNothing) {
 }
 
 }  // namespace
+
+}  // namespace torvane

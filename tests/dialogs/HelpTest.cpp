@@ -4,6 +4,8 @@
 
 #include "tests/support/Bench.h"
 
+namespace torvane {
+
 namespace {
 
 using Help = Bench;
@@ -31,3 +33,5 @@ TEST_F(Help, TheButtonAsksForTheGuideOfTheProgram) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include "dialogs/frmTimedMessage.h"
 #include "tests/support/Bench.h"
 
+namespace torvane {
+
 namespace {
 
 class Preferences : public Bench {};
@@ -106,3 +108,5 @@ TEST_F(Notice, CountsAnewAtItsNextShowing) {
 }
 
 }  // namespace
+
+}  // namespace torvane

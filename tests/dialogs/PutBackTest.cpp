@@ -8,6 +8,8 @@
 #include "knowledge/UnitFile.h"
 #include "tests/dialogs/CompareBench.h"
 
+namespace torvane {
+
 namespace {
 
 using KeepAndPutBack = CompareBench;
@@ -281,3 +283,5 @@ TEST_F(KeepsFirst, AUnitThatDoesNotAnswerGetsNoWrite) {
 }
 
 }  // namespace
+
+}  // namespace torvane

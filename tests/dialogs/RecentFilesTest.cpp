@@ -9,6 +9,8 @@
 #include "dialogs/frmRead.h"
 #include "tests/support/Bench.h"
 
+namespace torvane {
+
 namespace {
 
 class FilesAsElsewhere : public Bench {
@@ -158,3 +160,5 @@ TEST_F(FilesAsElsewhere, AFileThatIsNotThereIsToldAndNothingChanges) {
 }
 
 }  // namespace
+
+}  // namespace torvane

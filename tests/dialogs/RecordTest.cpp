@@ -3,6 +3,8 @@
 #include "knowledge/AsLeft.h"
 #include "tests/dialogs/CompareBench.h"
 
+namespace torvane {
+
 namespace {
 
 class Recording : public CompareBench {
@@ -147,3 +149,5 @@ TEST_F(Recording, SaysThatItCouldNotBeSaved) {
 }
 
 }  // namespace
+
+}  // namespace torvane

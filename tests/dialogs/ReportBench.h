@@ -8,6 +8,8 @@
 #include "dialogs/Report.h"
 #include "tests/editor/EditorTest.h"
 
+namespace torvane {
+
 class ReportBench : public EditorTest {
  protected:
   ReportBench() { host.paper = paper; }
@@ -27,3 +29,5 @@ struct Sheet {
   std::shared_ptr<Paper> paper = std::make_shared<Paper>();
   VirtualPrinter printer{paper};
 };
+
+}  // namespace torvane

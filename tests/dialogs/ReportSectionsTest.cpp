@@ -6,6 +6,8 @@
 #include "knowledge/ReportSections.h"
 #include "tests/dialogs/ReportBench.h"
 
+namespace torvane {
+
 namespace {
 
 class ReportSections : public ReportBench {
@@ -224,3 +226,5 @@ TEST_F(ReportSections, OfOutputsRampAndSoakAreForFullControllersAlone) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -4,6 +4,8 @@
 
 #include "tests/dialogs/ReportBench.h"
 
+namespace torvane {
+
 namespace {
 
 class Report : public ReportBench {};
@@ -288,3 +290,5 @@ TEST_F(Report, SaysSoIfItsLoopWentBeyondTheLastSectionAndGoesOn) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -4,6 +4,8 @@
 
 #include "tests/dialogs/ReportBench.h"
 
+namespace torvane {
+
 namespace {
 
 class ReportText : public ::testing::Test {
@@ -184,3 +186,5 @@ TEST_F(ReportText, OfAFooterNumbersItsPage) {
 }
 
 }  // namespace
+
+}  // namespace torvane

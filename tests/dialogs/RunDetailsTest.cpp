@@ -5,6 +5,8 @@
 #include "tests/support/Bench.h"
 #include "tests/support/Outcomes.h"
 
+namespace torvane {
+
 namespace {
 
 class RunDetails : public Bench {
@@ -83,3 +85,5 @@ TEST_F(RunDetails, CloseByTheirButton) {
 }
 
 }  // namespace
+
+}  // namespace torvane

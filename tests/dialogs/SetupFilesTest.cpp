@@ -11,6 +11,8 @@
 #include "tests/support/Bench.h"
 #include "tests/support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* path = "/home/setup.cfg";
@@ -213,3 +215,5 @@ TEST_F(Rescue, OffersNothingAfterAnOrderlyEnd) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 #include "core/Model.h"
 #include "tests/support/Bench.h"
 
+namespace torvane {
+
 namespace {
 
 class Warning : public Bench {
@@ -68,3 +70,5 @@ TEST_F(Warning, MayBeClosedByItsFrame) {
 }
 
 }  // namespace
+
+}  // namespace torvane

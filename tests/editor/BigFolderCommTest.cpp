@@ -2,6 +2,8 @@
 // The communication tab: port state, line settings, serial or network, bus mode.
 #include "tests/editor/EditorTest.h"
 
+namespace torvane {
+
 namespace {
 
 using PortState = EditorTest;
@@ -213,3 +215,5 @@ TEST_F(BusMode, IsLeftAsFoundUntilTheUserChooses) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -2,6 +2,8 @@
 // Lists, ranges and texts of the main window, letter by letter.
 #include "tests/editor/EditorTest.h"
 
+namespace torvane {
+
 namespace {
 
 using Lists = EditorTest;
@@ -200,3 +202,5 @@ TEST_F(Texts, StandOnTheTabTheyBelongTo) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 #include "core/ConfigFile.h"
 #include "tests/editor/EditorTest.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* path = "/home/setup.cfg";
@@ -346,3 +348,5 @@ TEST_F(Files, AnyBytesOpenWithoutHarm) {
 }
 
 }  // namespace
+
+}  // namespace torvane

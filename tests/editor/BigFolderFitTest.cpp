@@ -2,6 +2,8 @@
 // Fitting the form to the model.
 #include "tests/editor/EditorTest.h"
 
+namespace torvane {
+
 namespace {
 
 struct Unit {
@@ -289,3 +291,5 @@ TEST_F(SimpleMenu, CommitsTheDeadBandsOfTheAlarmTabs) {
 }
 
 }  // namespace
+
+}  // namespace torvane

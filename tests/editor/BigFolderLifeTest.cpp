@@ -8,6 +8,8 @@
 #include "dialogs/frmSplash.h"
 #include "tests/editor/EditorTest.h"
 
+namespace torvane {
+
 namespace {
 
 const std::string persist = "Torvane Configuration/Persist/";
@@ -258,3 +260,5 @@ TEST_F(Exit, EndsTheOtherFormsInOrderAndForgetsAReadThatWasDue) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -3,6 +3,8 @@
 // copies of the model.
 #include "tests/editor/EditorTest.h"
 
+namespace torvane {
+
 namespace {
 
 using Showing = EditorTest;
@@ -264,3 +266,5 @@ TEST_F(ModelCopies, DoNotBringTheSpareNumberRound) {
 }
 
 }  // namespace
+
+}  // namespace torvane

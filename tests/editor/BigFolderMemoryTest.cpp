@@ -2,6 +2,8 @@
 // Every record and its control, copied into each other, tab by tab.
 #include "tests/editor/EditorTest.h"
 
+namespace torvane {
+
 namespace {
 
 enum Field { text, value, flag, extra };
@@ -251,3 +253,5 @@ TEST_F(Reserved, TabNumbersDoNothing) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -2,6 +2,8 @@
 // The rules between the controls of the two outputs, and nothing else.
 #include "tests/editor/EditorTest.h"
 
+namespace torvane {
+
 namespace {
 
 using Editor = frmBigFolder;
@@ -243,3 +245,5 @@ TEST_F(OutputTexts, KeepAnAnalogOutputInPid) {
 }
 
 }  // namespace
+
+}  // namespace torvane

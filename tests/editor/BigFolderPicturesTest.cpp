@@ -2,6 +2,8 @@
 // Which picture explains the wiring of the chosen input.
 #include "tests/editor/EditorTest.h"
 
+namespace torvane {
+
 namespace {
 
 struct Wiring {
@@ -109,3 +111,5 @@ TEST_F(InputPictures, FollowTheImageWhenItsTabIsShown) {
 }
 
 }  // namespace
+
+}  // namespace torvane

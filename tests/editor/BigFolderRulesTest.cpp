@@ -2,6 +2,8 @@
 // A choice on one control changes what the others offer, and nothing else.
 #include "tests/editor/EditorTest.h"
 
+namespace torvane {
+
 namespace {
 
 using Editor = frmBigFolder;
@@ -322,3 +324,5 @@ TEST_F(ReadingScale, IsRepairedWhenASetupWithAnotherInputIsShown) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -2,6 +2,8 @@
 // Stored preferences as the start takes them: none, every kind, nonsense.
 #include "tests/editor/EditorTest.h"
 
+namespace torvane {
+
 namespace {
 
 class StoredSettings : public Bench {
@@ -138,3 +140,5 @@ TEST_F(StoredSettings, LeaveTheWizardsTextInItsSerialFormAtFirst) {
 }
 
 }  // namespace
+
+}  // namespace torvane

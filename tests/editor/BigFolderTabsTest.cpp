@@ -2,6 +2,8 @@
 // Moving between the tabs, and the row of commands.
 #include "tests/editor/EditorTest.h"
 
+namespace torvane {
+
 namespace {
 
 using TabChange = EditorTest;
@@ -268,3 +270,5 @@ TEST_F(Choosers, SwitchTheWarningsOffWhileASetupComesIn) {
 }
 
 }  // namespace
+
+}  // namespace torvane

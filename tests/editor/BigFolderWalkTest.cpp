@@ -8,6 +8,8 @@
 #include "tests/editor/EditorTest.h"
 #include "tests/support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 class Walk : public EditorTest {
@@ -184,3 +186,5 @@ TEST_F(Walk, CommitsTheSameImageTwice) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -8,6 +8,8 @@
 #include "tests/support/RandomMemo.h"
 #include "tests/support/RunBench.h"
 
+namespace torvane {
+
 namespace {
 
 struct ReadingBox {
@@ -172,3 +174,5 @@ TEST_F(WholeRuns, ASecondUnitInAnotherFormatKeepsItsSetPoint) {
 }
 
 }  // namespace
+
+}  // namespace torvane

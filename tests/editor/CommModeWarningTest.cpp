@@ -6,6 +6,8 @@
 
 #include "tests/editor/EditorTest.h"
 
+namespace torvane {
+
 namespace {
 
 // Piece by piece, with nothing between them.
@@ -154,3 +156,5 @@ TEST_F(CommModeWarning, EndsWithTheProgram) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include <sstream>
 #include <stdexcept>
 
+namespace torvane {
+
 namespace {
 
 std::string contentOf(const Control& control) {
@@ -109,3 +111,5 @@ void expectRule(frmBigFolder& editor, const Rule& rule) {
   const Looks use = useOf(editor);
   for (const auto& [name, state] : expected) EXPECT_EQ(use.at(name), state) << name;
 }
+
+}  // namespace torvane

@@ -16,6 +16,8 @@
 #include "dialogs/frmHardware.h"
 #include "tests/support/Bench.h"
 
+namespace torvane {
+
 class EditorTest : public Bench {
  protected:
   frmBigFolder& editor = firstStart();
@@ -60,3 +62,5 @@ struct Rule {
   std::vector<int> tabsOutOfUse = {};
 };
 void expectRule(frmBigFolder& editor, const Rule& rule);
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include "tests/editor/EditorTest.h"
 #include "tests/support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* setPoint1Changed =
@@ -328,3 +330,5 @@ TEST_F(Entries, WhateverIsTypedTheEncodersTakeOrAnswer) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -13,6 +13,8 @@
 #include "core/NumberText.h"
 #include "tests/support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* pictures[] = {"0000.", "000.0", "00.00", "0.000"};  // by decimals
@@ -362,3 +364,5 @@ TEST_F(EntryRules, WhateverIsTypedKeepsToItsLimits) {
 }
 
 }  // namespace
+
+}  // namespace torvane

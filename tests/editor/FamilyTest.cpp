@@ -2,6 +2,8 @@
 // Fitting dialog and main window to the family of the unit.
 #include "tests/editor/EditorTest.h"
 
+namespace torvane {
+
 namespace {
 
 using Lines = std::vector<std::string>;
@@ -273,3 +275,5 @@ TEST_F(HardwareButton, BehindFactoryDefaultsShowsTheirFitAndNoTabHasChanged) {
 }
 
 }  // namespace
+
+}  // namespace torvane

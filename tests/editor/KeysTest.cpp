@@ -6,6 +6,8 @@
 #include "tests/editor/EditorTest.h"
 #include "tests/support/VirtualPrinter.h"
 
+namespace torvane {
+
 namespace {
 
 class Keys : public EditorTest {
@@ -80,3 +82,5 @@ TEST_F(Keys, OfOtherNamesAreNone) {
 }
 
 }  // namespace
+
+}  // namespace torvane

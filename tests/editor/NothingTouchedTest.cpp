@@ -5,6 +5,8 @@
 #include "tests/editor/PlausibleUnit.h"
 #include "tests/support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 // What the unit was when it was read.
@@ -142,3 +144,5 @@ TEST_F(NothingTouched, AReadOfAUnitWithoutAFormatKeepsItsDigits) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -11,6 +11,8 @@
 #include "tests/editor/EditorTest.h"
 #include "tests/support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr int lastOfTheUnit = rec::optNoChange;
@@ -299,3 +301,5 @@ TEST_F(Choices, AChangeOfTheMenuKeepsTheDeadBandsBothWays) {
 }
 
 }  // namespace
+
+}  // namespace torvane

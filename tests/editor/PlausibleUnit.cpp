@@ -11,6 +11,8 @@
 #include "tests/support/RandomMemo.h"
 #include "tests/support/RunPlan.h"
 
+namespace torvane {
+
 namespace {
 
 std::string hex(int number, std::size_t width) { return padLeft(hexText(std::int32_t{number}), width); }
@@ -109,3 +111,5 @@ Registers afterWrite(const Registers& before) {
   }
   return after;
 }
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 #include <random>
 #include <string>
 
+namespace torvane {
+
 class frmBigFolder;
 
 // By index, in upper-case digits.
@@ -20,3 +22,5 @@ void decodeAll(const Registers& registers);
 // What a write would send, by register: the payload merged into what the unit holds, under the register's
 // mask.
 Registers afterWrite(const Registers& before);
+
+}  // namespace torvane

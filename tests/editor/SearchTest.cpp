@@ -6,6 +6,8 @@
 #include "editor/SetupSearch.h"
 #include "tests/editor/EditorTest.h"
 
+namespace torvane {
+
 namespace {
 
 class Search : public EditorTest {
@@ -57,3 +59,5 @@ TEST_F(Search, WithoutAHitStaysWhereItIs) {
 }
 
 }  // namespace
+
+}  // namespace torvane

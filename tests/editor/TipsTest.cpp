@@ -6,6 +6,8 @@
 #include "editor/EntryRules.h"
 #include "tests/editor/EditorTest.h"
 
+namespace torvane {
+
 namespace {
 
 using Tips = EditorTest;
@@ -62,3 +64,5 @@ TEST_F(Tips, AnAlarmThatIsOffGreysItsSetPoints) {
 }
 
 }  // namespace
+
+}  // namespace torvane

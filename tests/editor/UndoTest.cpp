@@ -6,6 +6,8 @@
 #include "tests/support/RandomMemo.h"
 #include "tests/support/WizardBench.h"
 
+namespace torvane {
+
 namespace {
 
 class Undo : public EditorTest {
@@ -183,3 +185,5 @@ TEST_F(UndoOfTheWizard, BringsBackPortModelAndFit) {
 }
 
 }  // namespace
+
+}  // namespace torvane

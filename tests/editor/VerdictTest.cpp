@@ -4,6 +4,8 @@
 #include "tests/editor/EditorTest.h"
 #include "tests/support/Outcomes.h"
 
+namespace torvane {
+
 namespace {
 
 class VerdictLine : public EditorTest {
@@ -111,3 +113,5 @@ TEST_F(VerdictLine, ShowsTheHistoryAgain) {
 }
 
 }  // namespace
+
+}  // namespace torvane

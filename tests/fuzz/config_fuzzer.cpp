@@ -10,6 +10,8 @@
 #include "core/Model.h"
 #include "tests/platform/FakeHost.h"
 
+namespace torvane {
+
 namespace {
 
 void require(bool holds) {
@@ -50,3 +52,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   require(written(frame) == first);
   return 0;
 }
+
+}  // namespace torvane

@@ -12,6 +12,8 @@
 #include "protocol/Steps.h"
 #include "tests/platform/FakeHost.h"
 
+namespace torvane {
+
 namespace {
 
 void require(bool holds) {
@@ -56,3 +58,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   return 0;
 }
+
+}  // namespace torvane

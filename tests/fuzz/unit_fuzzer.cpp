@@ -7,6 +7,8 @@
 #include "core/Sha256.h"
 #include "knowledge/UnitFile.h"
 
+namespace torvane {
+
 namespace {
 
 void require(bool holds) {
@@ -33,3 +35,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         "\nsha256: " + sha256("torvane unit copy 1\nkind: 0\n" + body + "\n") + "\n");
   return 0;
 }
+
+}  // namespace torvane

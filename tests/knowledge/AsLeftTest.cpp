@@ -10,6 +10,8 @@
 #include "runs/AsLeftRun.h"
 #include "tests/support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 class AsLeftOf : public testing::Test {
@@ -140,3 +142,5 @@ TEST(JsonText, HasBracketsThatAreEmptyOnOneLine) {
 }
 
 }  // namespace
+
+}  // namespace torvane

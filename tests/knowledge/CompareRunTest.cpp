@@ -12,6 +12,8 @@
 #include "tests/support/NetworkBench.h"
 #include "tests/support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr int kinds = 5;
@@ -128,3 +130,5 @@ TEST_P(PredictedWrite, ChangesWhatWasSaidOverTheBridge) {
 INSTANTIATE_TEST_SUITE_P(AllKinds, PredictedWrite, testing::Range(0, kinds));
 
 }  // namespace
+
+}  // namespace torvane

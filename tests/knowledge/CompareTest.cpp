@@ -11,6 +11,8 @@
 #include "knowledge/Lines.h"
 #include "tests/support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 class Compare : public testing::Test {
@@ -192,3 +194,5 @@ TEST(SameLines, AreThoseThatAgreeEverywhereOrAtTheirPoints) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -11,6 +11,8 @@
 #include "platform/RuntimeError.h"
 #include "tests/support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr int kinds = 5;
@@ -127,3 +129,5 @@ TEST(KnownLosses, StandAtBitsThatThereAreAndHaveWords) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -18,6 +18,8 @@
 #include "protocol/Steps.h"
 #include "tests/support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr int kinds = 5;
@@ -357,3 +359,5 @@ TEST(RegisterWordsAlone, OfAWholeRegisterStandOnOneLine) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -10,6 +10,8 @@
 #include "core/Sha256.h"
 #include "tests/support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 std::string sealed(const std::string& body) { return body + "sha256: " + sha256(body) + "\n"; }
@@ -210,3 +212,5 @@ TEST(UnitImageCounts, WhatTheUnitHasAndDidNotTell) {
 }
 
 }  // namespace
+
+}  // namespace torvane

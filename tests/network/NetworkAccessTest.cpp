@@ -11,6 +11,8 @@
 #include "tests/support/NetworkBench.h"
 #include "tests/support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* noBridgeMessage = "Failed to connnect to Relayon";
@@ -316,7 +318,7 @@ TEST_F(NetworkAccess, UnloadsTheWindowAtASecondActivationBehindARead) {
 TEST_F(NetworkAccess, ClosesTheConnectionWithTheWindow) {
   runWrite();
   const auto keeps = window().shared_from_this();
-  ::unload<frmSerial>();
+  torvane::unload<frmSerial>();
   EXPECT_EQ(static_cast<frmSerial&>(*keeps).winSock1->state(), SocketState::closed);
 }
 
@@ -380,3 +382,5 @@ TEST_F(NetworkAccess, AsksForAModelFirst) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -12,6 +12,8 @@
 #include "tests/support/Bench.h"
 #include "tests/support/ScriptedSocket.h"
 
+namespace torvane {
+
 namespace {
 
 using Lines = std::vector<std::string>;
@@ -269,3 +271,5 @@ TEST_F(ThroughTheBridge, FillsNoMemoryWithAReplyOfManyBytes) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include "core/Model.h"
 #include "tests/support/NetworkBench.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr int commandsOfAWrite = 8 + 33 + 33 + 31;  // detection, reads, writes, reads behind the writes
@@ -277,3 +279,5 @@ TEST_F(FaultyNetwork, EndsAReadWithAnyByteInsideEveryReply) {
 }
 
 }  // namespace
+
+}  // namespace torvane

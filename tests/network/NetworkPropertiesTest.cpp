@@ -7,6 +7,8 @@
 #include "tests/support/NetworkBench.h"
 #include "tests/support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr int rounds = 60;     // straight from the records
@@ -155,3 +157,5 @@ INSTANTIATE_TEST_SUITE_P(AllKinds, TwinUnits,
                          meterName);
 
 }  // namespace
+
+}  // namespace torvane

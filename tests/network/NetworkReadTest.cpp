@@ -9,6 +9,8 @@
 #include "tests/support/NetworkBench.h"
 #include "tests/support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* failedMessage = "TCP Communication with the device has failed.";
@@ -278,3 +280,5 @@ TEST_F(NetworkRead, ForgivesFourRefusalsOfOneRegister) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -11,6 +11,8 @@
 #include "tests/support/Bench.h"
 #include "tests/support/ScriptedSocket.h"
 
+namespace torvane {
+
 namespace {
 
 using Lines = std::vector<std::string>;
@@ -198,3 +200,5 @@ TEST_F(NetworkRegisters, LeaveEveryReadBackOfAWriteInTheLog) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -8,6 +8,8 @@
 #include "network/NetworkChannel.h"
 #include "tests/support/WizardBench.h"
 
+namespace torvane {
+
 inline const std::string connected = "The connection with the web server was done";
 inline const std::string noDevice = "\r\rFound no device connected to the web server\r\r";
 inline const std::string foundDevice = connected + "\rFound device connected to the web server";
@@ -49,3 +51,5 @@ class NetworkTest : public WizardBench {
   frmSerial& status = form<frmSerial>();
   double seconds = 0;
 };
+
+}  // namespace torvane

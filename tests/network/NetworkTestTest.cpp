@@ -2,6 +2,8 @@
 // The wizard's test of the bridge and of the unit behind it: the good way, and what the first question meets.
 #include "tests/network/NetworkTestBench.h"
 
+namespace torvane {
+
 namespace {
 // The good way.
 
@@ -272,3 +274,5 @@ TEST_F(NetworkTest, JudgesTheAnswerOfAnAddressedUnitWithItsAddress) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -2,6 +2,8 @@
 // When the wizard's test of a bridge says what, by the bridge's own clock.
 #include "tests/network/NetworkTestBench.h"
 
+namespace torvane {
+
 namespace {
 
 // When a line or a connection ('+') reached the bridge, in seconds from the test's start.
@@ -53,3 +55,5 @@ TEST_F(NetworkTestTimes, RestsASecondBeforeEachQuestionForTheVersion) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -5,6 +5,8 @@
 
 #include "tests/network/NetworkTestBench.h"
 
+namespace torvane {
+
 namespace {
 // Terminal Server mode.
 
@@ -174,3 +176,5 @@ TEST_F(NetworkTest, AnAddressThatLeadsNowhereIsNoServer) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -8,6 +8,8 @@
 #include "tests/support/NetworkBench.h"
 #include "tests/support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 struct Meter {
@@ -153,7 +155,7 @@ TEST_F(NetworkWrite, KeepsTheWindowLoadedAndTheConnectionOpen) {
   EXPECT_TRUE(isLoaded<frmSerial>());
   EXPECT_FALSE(window().visible());
   EXPECT_EQ(window().winSock1->state(), SocketState::connected);
-  ::unload<frmSerial>();
+  torvane::unload<frmSerial>();
   EXPECT_FALSE(isLoaded<frmSerial>());
 }
 
@@ -255,3 +257,5 @@ TEST_F(NetworkWrite, StillResetsTheUnitBehindACancel) {
 }
 
 }  // namespace
+
+}  // namespace torvane

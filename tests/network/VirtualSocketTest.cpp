@@ -9,6 +9,8 @@
 
 #include "tests/support/VirtualHost.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* address = "192.0.2.254";
@@ -258,3 +260,5 @@ TEST_F(VirtualSockets, WaitWithoutEndIsNoticed) {
 }
 
 }  // namespace
+
+}  // namespace torvane

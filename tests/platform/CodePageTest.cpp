@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace torvane {
+
 namespace {
 
 std::string allBytes() {
@@ -46,3 +48,5 @@ TEST(CodePage, TakesWhatIsNoTextByteByByte) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -2,6 +2,8 @@
 // What a control holds can be put back, in every kind of control and without a word to a handler.
 #include "tests/platform/PanelTest.h"
 
+namespace torvane {
+
 namespace {
 
 TEST(ControlState, OfEveryKindComesBackWithoutAHandler) {
@@ -60,3 +62,5 @@ TEST(ControlState, OfEveryKindComesBackWithoutAHandler) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -10,6 +10,8 @@
 
 #include "tests/platform/PanelTest.h"
 
+namespace torvane {
+
 using ::testing::ElementsAre;
 
 namespace {
@@ -305,3 +307,5 @@ TEST_F(ControlsTest, AreListedByTheirFormUnderTheirNames) {
 }
 
 }  // namespace
+
+}  // namespace torvane

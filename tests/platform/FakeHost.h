@@ -16,6 +16,8 @@
 #include "platform/Form.h"
 #include "platform/Host.h"
 
+namespace torvane {
+
 class FakeHost : public Host {
  public:
   FakeHost() { setHost(this); }
@@ -82,3 +84,5 @@ class FakeHost : public Host {
   std::vector<std::string> notes;
   std::vector<std::string> failures;
 };
+
+}  // namespace torvane

@@ -11,6 +11,8 @@
 
 #include "tests/platform/FakeHost.h"
 
+namespace torvane {
+
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -78,7 +80,7 @@ TEST_F(FormTest, IsCreatedAndLoadedOnFirstUseAndOnce) {
 TEST_F(FormTest, FindsItselfByNameWhileItLoads) {
   struct Seeker : Form {
     Seeker() : Form("Seeker", "") {}
-    void Form_Load() override { self = &::form<Seeker>(); }
+    void Form_Load() override { self = &torvane::form<Seeker>(); }
     Seeker* self = nullptr;
   };
   EXPECT_EQ(form<Seeker>().self, &form<Seeker>());
@@ -380,3 +382,5 @@ TEST_F(FormTest, EndsAllFormsForATestWithoutRaisingAnything) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -8,6 +8,8 @@
 #include "platform/Form.h"
 #include "tests/platform/FakeHost.h"
 
+namespace torvane {
+
 struct PanelForm : Form {
   PanelForm() : Form("frmPanel", "Panel") {}
 
@@ -52,3 +54,5 @@ class PanelTest : public ::testing::Test {
   PanelForm& panel = form<PanelForm>();
   int runs = 0;
 };
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 
 #include "tests/platform/PanelTest.h"
 
+namespace torvane {
+
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -155,3 +157,5 @@ TEST_F(ReachTest, HandsAnErrorToTheCodeThatSetTheValue) {
 }
 
 }  // namespace
+
+}  // namespace torvane

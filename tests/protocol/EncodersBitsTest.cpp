@@ -10,6 +10,8 @@
 #include "protocol/Encoders.h"
 #include "support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 class EncodersBits : public testing::Test {
@@ -334,3 +336,5 @@ TEST_F(EncodersBits, AnalogOutputEnableHearsOnlyMinusOne) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -9,6 +9,8 @@
 #include "core/Memo.h"
 #include "support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 // By meterKind: full controller, alarms only, simple menu, monitor only, Rkw77 line.
@@ -90,3 +92,5 @@ TEST_P(RegisterMasks, StandBesideARefusalToo) {
 INSTANTIATE_TEST_SUITE_P(FiveKinds, RegisterMasks, testing::Range(0, 5));
 
 }  // namespace
+
+}  // namespace torvane

@@ -11,6 +11,8 @@
 #include "platform/RuntimeError.h"
 #include "support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr int rounds = 1000;  // for each kind of unit
@@ -84,3 +86,5 @@ TEST_P(EncodersProperties, WildSetupsMakeAPayloadOrAnOverflow) {
 INSTANTIATE_TEST_SUITE_P(FiveKinds, EncodersProperties, testing::Range(0, 5));
 
 }  // namespace
+
+}  // namespace torvane

@@ -11,6 +11,8 @@
 #include "platform/RuntimeError.h"
 #include "support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 class Encoders : public testing::Test {
@@ -362,3 +364,5 @@ TEST_F(Encoders, FactorySetupEncodesAsTheManualHasIt) {
 }
 
 }  // namespace
+
+}  // namespace torvane

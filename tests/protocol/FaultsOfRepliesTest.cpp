@@ -5,6 +5,8 @@
 #include "core/Model.h"
 #include "tests/support/RunBench.h"
 
+namespace torvane {
+
 namespace {
 
 class WriteWithFaultyReplies : public RunBench {
@@ -198,3 +200,5 @@ TEST_F(WriteWithFaultyReplies, EndsWithAllBytesInEveryReplyAndVerifiesNothing) {
 }
 
 }  // namespace
+
+}  // namespace torvane

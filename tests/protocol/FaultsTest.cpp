@@ -9,6 +9,8 @@
 #include "tests/support/RandomMemo.h"
 #include "tests/support/RunBench.h"
 
+namespace torvane {
+
 namespace {
 
 class FaultyWrite : public RunBench {
@@ -313,3 +315,5 @@ INSTANTIATE_TEST_SUITE_P(InEachRegister, StuckRegister, testing::ValuesIn(writte
                          [](const auto& test) { return "Register" + test.param; });
 
 }  // namespace
+
+}  // namespace torvane

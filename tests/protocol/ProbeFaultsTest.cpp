@@ -9,6 +9,8 @@
 #include "tests/support/ProbeBench.h"
 #include "tests/support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 using Lines = std::vector<std::string>;
@@ -225,3 +227,5 @@ INSTANTIATE_TEST_SUITE_P(Models, ProbedUnit,
                                            UnitCase{sim::Model::other, 6}));
 
 }  // namespace
+
+}  // namespace torvane

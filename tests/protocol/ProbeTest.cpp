@@ -7,6 +7,8 @@
 #include "tests/support/Bench.h"
 #include "tests/support/ProbeBench.h"
 
+namespace torvane {
+
 namespace {
 
 using Lines = std::vector<std::string>;
@@ -379,3 +381,5 @@ TEST_F(Probe, OfAUnitThatCannotBeConfiguredIsNotOkAndLeavesTheModelAlone) {
 }
 
 }  // namespace
+
+}  // namespace torvane

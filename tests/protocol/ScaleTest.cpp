@@ -11,6 +11,8 @@
 #include "platform/RuntimeError.h"
 #include "support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 class Scale : public testing::Test {
@@ -402,3 +404,5 @@ TEST(Slopes, AreHandedOnWithoutLosingADigit) {
 }
 
 }  // namespace
+
+}  // namespace torvane

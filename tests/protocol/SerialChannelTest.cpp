@@ -12,6 +12,8 @@
 #include "tests/support/Bench.h"
 #include "tests/support/ScriptedPort.h"
 
+namespace torvane {
+
 namespace {
 
 using Lines = std::vector<std::string>;
@@ -345,3 +347,5 @@ TEST_F(Channel, ReadsWhatWaitsHoweverLateItLooks) {
 }
 
 }  // namespace
+
+}  // namespace torvane

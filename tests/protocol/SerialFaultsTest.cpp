@@ -14,6 +14,8 @@
 #include "tests/support/RandomMemo.h"
 #include "tests/support/ScriptedPort.h"
 
+namespace torvane {
+
 namespace {
 
 using Lines = std::vector<std::string>;
@@ -320,3 +322,5 @@ TEST_F(AnyBytes, FromAPortThatFailsAnywhereNeitherCrashNorWriteAnotherRegister) 
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -11,6 +11,8 @@
 #include "tests/support/ProbeBench.h"
 #include "tests/support/ScriptedPort.h"
 
+namespace torvane {
+
 namespace {
 
 using Lines = std::vector<std::string>;
@@ -342,3 +344,5 @@ TEST_F(RunRegisters, AreReadWithoutAWord) {
 }
 
 }  // namespace
+
+}  // namespace torvane

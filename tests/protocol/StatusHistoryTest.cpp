@@ -8,6 +8,8 @@
 #include "tests/support/Outcomes.h"
 #include "tests/support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 class History : public Bench {
@@ -116,3 +118,5 @@ TEST_F(History, MarksTheFailedLinesAndNoOthers) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -8,6 +8,8 @@
 #include "tests/support/RandomMemo.h"
 #include "tests/support/RunBench.h"
 
+namespace torvane {
+
 namespace {
 
 class StatusWindow : public RunBench {
@@ -82,7 +84,7 @@ TEST_F(StatusWindow, ShowsThePercentAsBarAndNumber) {
 // ---- loading
 
 TEST_F(StatusWindow, TakesPortAndLineSettingsFromTheMainWindowAsItLoads) {
-  ::unload<frmSerial>();
+  torvane::unload<frmSerial>();
   form<frmBigFolder>().MSComm1->commPort = 7;
   form<frmBigFolder>().MSComm1->settings = "19200,e,8,2";
   auto& loaded = form<frmSerial>();
@@ -94,7 +96,7 @@ TEST_F(StatusWindow, TakesPortAndLineSettingsFromTheMainWindowAsItLoads) {
 }
 
 TEST_F(StatusWindow, LoadsWithoutAPortWhenItsFirstAnimationIsMissing) {
-  ::unload<frmSerial>();
+  torvane::unload<frmSerial>();
   host.missingFiles.insert("/program/search.avi");
   EXPECT_EQ(form<frmSerial>().MSComm1->commPort, 0);
 }
@@ -366,3 +368,5 @@ TEST_F(StatusWindow, UnloadsBehindATestThatIsDone) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -9,6 +9,8 @@
 #include "reading/Decoders.h"
 #include "tests/support/RunPlan.h"
 
+namespace torvane {
+
 namespace {
 
 struct Codec {
@@ -128,3 +130,5 @@ TEST(Steps, SpellTheFirstSetPointInTheNetworksOwnWay) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -9,6 +9,8 @@
 
 #include "tests/support/ScriptedPort.h"
 
+namespace torvane {
+
 namespace {
 
 // A pass takes a quarter of a second, so that every time here is exact in binary.
@@ -160,3 +162,5 @@ TEST_F(Waits, SleepRatherThanSpin) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -4,6 +4,8 @@
 #include "core/Model.h"
 #include "tests/support/RunBench.h"
 
+namespace torvane {
+
 namespace {
 
 class WriteThatIsCancelled : public RunBench {
@@ -108,3 +110,5 @@ TEST_F(WriteThatIsCancelled, ForgetsTheCancelOfAnEarlierRun) {
 }
 
 }  // namespace
+
+}  // namespace torvane

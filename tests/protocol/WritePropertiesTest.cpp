@@ -9,6 +9,8 @@
 #include "tests/support/RandomMemo.h"
 #include "tests/support/RunBench.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr int sequences = 1000;  // per kind of unit, straight from the records
@@ -187,3 +189,5 @@ INSTANTIATE_TEST_SUITE_P(WithAllRegisters, RandomSetupsOfFullUnits,
                          kindName);
 
 }  // namespace
+
+}  // namespace torvane

@@ -8,6 +8,8 @@
 #include "tests/support/RandomMemo.h"
 #include "tests/support/RunBench.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* setUpError =
@@ -387,3 +389,5 @@ TEST_F(WriteRun, ReachesTheUnitAtItsNewAddressInTheNextRun) {
 }
 
 }  // namespace
+
+}  // namespace torvane

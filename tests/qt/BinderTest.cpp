@@ -3,6 +3,8 @@
 #include "platform/qt/Bindings.h"
 #include "qt/TestForm.h"
 
+namespace torvane {
+
 namespace {
 
 class BinderTest : public QtTest {
@@ -264,3 +266,5 @@ TEST_F(BinderTest, RefreshPaintsInTheNextWait) {
 }
 
 }  // namespace
+
+}  // namespace torvane

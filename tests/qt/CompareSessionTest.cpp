@@ -30,6 +30,8 @@
 #include "sim/PseudoTerminal.h"
 #include "sim/TcpServer.h"
 
+namespace torvane {
+
 namespace {
 
 frmBigFolder& editor() { return form<frmBigFolder>(); }
@@ -153,7 +155,7 @@ class SerialUnitSession : public UnitSession {
     clickTab(*user, editor(), "tabBig", 11);
     click(*user, editor(), "optCommunicationMode_0");
     editor().cboCommPort.setListIndex(-1);
-    ::choose(*user, editor(), "cboCommPort", 0);
+    torvane::choose(*user, editor(), "cboCommPort", 0);
   }
   ~SerialUnitSession() override { server.stop(); }
 
@@ -274,3 +276,5 @@ TEST_F(ManyRows, AreOnShowAndScrollWithoutAStall) {
 }
 
 }  // namespace
+
+}  // namespace torvane

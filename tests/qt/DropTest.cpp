@@ -9,6 +9,8 @@
 #include "editor/frmBigFolder.h"
 #include "qt/TestForm.h"
 
+namespace torvane {
+
 namespace {
 
 struct Taker : TestForm {
@@ -64,3 +66,5 @@ TEST_F(Drops, ABoxTakesNoFileAsAText) {
 }
 
 }  // namespace
+
+}  // namespace torvane

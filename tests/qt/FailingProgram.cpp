@@ -9,6 +9,8 @@
 #include "platform/RuntimeError.h"
 #include "qt/QuickHost.h"
 
+using namespace torvane;
+
 namespace {
 
 class Failing : public QuickHost {

@@ -6,6 +6,8 @@
 #include "platform/qt/Layouts.h"
 #include "qt/TestForm.h"
 
+namespace torvane {
+
 namespace {
 
 using testing::AllOf;
@@ -124,3 +126,5 @@ TEST_F(FaultsTest, AllAreToldAtOnce) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -11,6 +11,8 @@
 #include "platform/RuntimeError.h"
 #include "platform/qt/QtFiles.h"
 
+using namespace torvane;
+
 int main(int argc, char** argv) {
   if (argc > 2) {
     std::signal(SIGXFSZ, SIG_IGN);

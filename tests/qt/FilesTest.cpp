@@ -16,6 +16,8 @@
 #include "core/ConfigFile.h"
 #include "qt/TestForm.h"
 
+namespace torvane {
+
 namespace {
 
 class FilesTest : public QtTest {
@@ -254,3 +256,5 @@ TEST_F(FilesTest, AsksBeforeItSavesOverAFile) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -12,6 +12,8 @@
 #include "platform/qt/PictureView.h"
 #include "qt/TestForm.h"
 
+namespace torvane {
+
 namespace {
 
 const QDir assets(ASSETS);
@@ -174,3 +176,5 @@ TEST(PictureViewTest, AMissingDrawingShowsNothing) {
 }
 
 }  // namespace
+
+}  // namespace torvane

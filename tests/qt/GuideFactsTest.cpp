@@ -11,6 +11,8 @@
 #include "qt/TestForm.h"
 #include "runs/NoWay.h"
 
+namespace torvane {
+
 namespace {
 
 // The cells of a page's table, row by row; the first row is its head.
@@ -59,3 +61,5 @@ TEST_F(GuideKeys, EveryKeyOfTheMainWindowIsListed) {
 }
 
 }  // namespace
+
+}  // namespace torvane

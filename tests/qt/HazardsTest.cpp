@@ -9,6 +9,8 @@
 #include "core/Model.h"
 #include "qt/SessionBench.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr int rkw77Row = 0;
@@ -193,3 +195,5 @@ TEST_F(Hazards, AUnitThatIsSlowAtItsWritesAloneLosesNothing) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -25,6 +25,8 @@
 #include "protocol/frmSerial.h"
 #include "qt/TestForm.h"
 
+namespace torvane {
+
 namespace {
 
 QString htmlOf(const QString& file) {
@@ -300,3 +302,5 @@ TEST(HelpPagesTest, EveryMessageOfThisListIsExplained) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -9,6 +9,8 @@
 #include "platform/qt/Layouts.h"
 #include "qt/TestForm.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* guidePath = "\\TorvaneConfiguration.chm>";
@@ -282,3 +284,5 @@ TEST_F(HelpWindowTest, F1AsksForHelpOnTheMainWindow) {
 }
 
 }  // namespace
+
+}  // namespace torvane

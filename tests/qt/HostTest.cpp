@@ -15,6 +15,8 @@
 #include "qt/Pseudo.h"
 #include "qt/TestForm.h"
 
+namespace torvane {
+
 namespace {
 
 using testing::AllOf;
@@ -273,3 +275,5 @@ TEST_F(HostTest, AnErrorEndsTheProgramInOrder) {
 }
 
 }  // namespace
+
+}  // namespace torvane

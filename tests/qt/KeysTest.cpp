@@ -10,6 +10,8 @@
 #include "editor/frmBigFolder.h"
 #include "qt/TestForm.h"
 
+namespace torvane {
+
 namespace {
 
 class KeysInWindows : public QtTest {
@@ -100,3 +102,5 @@ TEST_F(KeysInWindows, PressNoButtonOfTheWriteChooserByEnterBeforeOneIsChosen) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -37,6 +37,8 @@
 #include "qt/TestForm.h"
 #include "wizard/frmWizard.h"
 
+namespace torvane {
+
 namespace {
 
 // A form that is bound but not loaded, so that nothing of its life runs.
@@ -210,3 +212,5 @@ TYPED_TEST(LayoutsTest, NoMnemonicStandsTwiceOnAPageWithTheCommands) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -28,6 +28,8 @@
 #include "qt/TestForm.h"
 #include "wizard/frmWizard.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr int length = 10'000;
@@ -221,3 +223,5 @@ TEST_F(LongTextsInBoxes, LeaveTheBoxOnTheScreen) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -10,6 +10,8 @@
 #include "qt/TestForm.h"
 #include "session/Look.h"
 
+namespace torvane {
+
 namespace {
 
 double part(int level) {
@@ -80,3 +82,5 @@ TEST_F(Marks, OfTheLineInViewKeepItAtTheTopOfALongList) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -19,6 +19,8 @@
 #include "sim/TcpServer.h"
 #include "wizard/frmWizard.h"
 
+namespace torvane {
+
 namespace {
 
 frmBigFolder& editor() { return form<frmBigFolder>(); }
@@ -141,3 +143,5 @@ TEST_F(NetworkSession, ABridgeThatDiesDuringAReadEndsTheReadAndNotTheProgram) {
 }
 
 }  // namespace
+
+}  // namespace torvane

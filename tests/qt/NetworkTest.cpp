@@ -21,6 +21,8 @@
 #include "platform/qt/QtHost.h"
 #include "platform/qt/io/QtSocket.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr double patience = 10.0;  // seconds
@@ -371,3 +373,5 @@ TEST_F(RealChannel, TakesAPeerThatNeverStopsForOneReplyAtATime) {
 }
 
 }  // namespace
+
+}  // namespace torvane

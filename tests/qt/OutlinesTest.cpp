@@ -11,6 +11,8 @@
 
 #include "qt/TestForm.h"
 
+namespace torvane {
+
 namespace {
 
 class OutlinesTest : public QtTest {
@@ -63,3 +65,5 @@ TEST_F(OutlinesTest, LeaveALightGroundAndOtherStylesAlone) {
 }
 
 }  // namespace
+
+}  // namespace torvane

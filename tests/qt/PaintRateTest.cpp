@@ -11,6 +11,8 @@
 #include "platform/qt/Layouts.h"
 #include "qt/TestForm.h"
 
+namespace torvane {
+
 namespace {
 
 class Paints : public QObject {
@@ -94,3 +96,5 @@ TEST_F(PaintRateTest, ATextThatChangesAsTheWindowGoesIsThereWhenItComesBack) {
 }
 
 }  // namespace
+
+}  // namespace torvane

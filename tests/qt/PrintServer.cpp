@@ -9,6 +9,8 @@
 #include <QTcpSocket>
 #include <QTest>
 
+namespace torvane {
+
 namespace {
 
 constexpr int patience = 10000;  // milliseconds
@@ -115,3 +117,5 @@ void PrintServer::writeQueue() const {
   QFile::link("/usr/lib/cups/daemon", folder_.filePath("lib/daemon"));
   QFile::link("/usr/share/cups/mime/mime.types", folder_.filePath("share/mime/mime.types"));
 }
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 #include <QString>
 #include <QTemporaryDir>
 
+namespace torvane {
+
 class PrintServer {
  public:
   static constexpr const char* queue = "report";
@@ -33,3 +35,5 @@ class PrintServer {
   QTemporaryDir folder_;
   QProcess process_;
 };
+
+}  // namespace torvane

@@ -24,6 +24,8 @@
 #include "qt/PrintServer.h"
 #include "session/ScriptedHost.h"
 
+namespace torvane {
+
 namespace {
 
 // A user whom the splash does not keep waiting.
@@ -308,3 +310,5 @@ TEST_F(PrintQueue, GetsNothingWhenTheChooserIsCancelled) {
 }
 
 }  // namespace
+
+}  // namespace torvane

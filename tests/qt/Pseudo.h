@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 
+namespace torvane {
+
 class Pseudo {
  public:
   Pseudo() : master_(posix_openpt(O_RDWR | O_NOCTTY)) {
@@ -48,3 +50,5 @@ class Pseudo {
   int master_;
   std::string path_;
 };
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 
 #include "session/ScriptedHost.h"
 
+namespace torvane {
+
 class QuickHost : public ScriptedHost {
  public:
   double speed = 10;  // 1: true
@@ -33,3 +35,5 @@ class TrueSpeed {
   QuickHost& host_;
   double before_;
 };
+
+}  // namespace torvane

@@ -12,6 +12,8 @@
 #include "editor/frmBigFolder.h"
 #include "qt/TestForm.h"
 
+namespace torvane {
+
 namespace {
 
 class Readers : public QtTest {
@@ -92,3 +94,5 @@ TEST_F(Readers, HearSlidersAsSlidersWithTheirNames) {
 }
 
 }  // namespace
+
+}  // namespace torvane

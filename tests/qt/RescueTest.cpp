@@ -10,6 +10,8 @@
 #include "editor/frmBigFolder.h"
 #include "qt/QuickHost.h"
 
+namespace torvane {
+
 namespace {
 
 class Rescue : public testing::Test {
@@ -48,3 +50,5 @@ TEST_F(Rescue, BringsTheEditOfTheFailedProgramToTheNextStart) {
 }
 
 }  // namespace
+
+}  // namespace torvane

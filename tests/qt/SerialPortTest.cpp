@@ -18,6 +18,8 @@
 #include "platform/qt/io/DeviceFile.h"
 #include "qt/Pseudo.h"
 
+namespace torvane {
+
 namespace {
 
 using testing::HasSubstr;
@@ -299,3 +301,5 @@ TEST_F(SerialPortTest, EndOfTheProgramClosesAll) {
 }
 
 }  // namespace
+
+}  // namespace torvane

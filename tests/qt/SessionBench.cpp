@@ -6,6 +6,8 @@
 #include "dialogs/frmRead.h"
 #include "dialogs/frmWrite.h"
 
+namespace torvane {
+
 namespace {
 QuickHost* theUser = nullptr;
 }
@@ -89,3 +91,5 @@ void SessionBench::setSimpleMenu(bool simple) {
 std::string SessionBench::shown(const char* box) {
   return widget<QLineEdit>(user(), editor(), box).text().toStdString();
 }
+
+}  // namespace torvane

@@ -13,6 +13,8 @@
 #include "qt/QuickHost.h"
 #include "sim/PseudoTerminal.h"
 
+namespace torvane {
+
 // The program is started once for all tests of a suite, since the splash stands for six seconds; each test
 // has a unit of its own, on port 1, and begins with what the one before has left on the window.
 class SessionBench : public ::testing::Test {
@@ -55,3 +57,5 @@ class SessionBench : public ::testing::Test {
   sim::Unit unit;
   sim::Server server;
 };
+
+}  // namespace torvane

@@ -19,6 +19,8 @@
 #include "protocol/frmSerial.h"
 #include "qt/SessionBench.h"
 
+namespace torvane {
+
 namespace {
 
 class Session : public SessionBench {};
@@ -199,3 +201,5 @@ TEST_F(Session, AnAddressIsRepairedBeforeOkTakesIt) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -5,6 +5,8 @@
 #include "platform/qt/Layouts.h"
 #include "ui_frmTest.h"
 
+namespace torvane {
+
 namespace {
 
 void build(QWidget& window) { Ui::frmTest().setupUi(&window); }
@@ -31,3 +33,5 @@ TestForm& QtTest::show(int page) {
   EXPECT_TRUE(QTest::qWaitForWindowActive(&host_.window(shown)));
   return shown;
 }
+
+}  // namespace torvane

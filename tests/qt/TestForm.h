@@ -12,6 +12,8 @@
 #include "platform/Form.h"
 #include "platform/qt/QtHost.h"
 
+namespace torvane {
+
 struct TestForm : Form {
   TestForm() : TestForm("frmTest") {}
   explicit TestForm(const std::string& name) : Form(name, "Test") {}
@@ -70,3 +72,5 @@ class QtTest : public testing::Test {
 
   TestHost host_;
 };
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 #include "platform/qt/Bindings.h"
 #include "qt/TestForm.h"
 
+namespace torvane {
+
 namespace {
 
 using testing::ElementsAre;
@@ -353,3 +355,5 @@ TEST_F(UserTest, AnErrorOfAHandlerReachesTheHost) {
 }
 
 }  // namespace
+
+}  // namespace torvane

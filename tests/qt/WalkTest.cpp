@@ -21,6 +21,8 @@
 #include "qt/QuickHost.h"
 #include "wizard/frmWizard.h"
 
+namespace torvane {
+
 namespace {
 
 // WALK_MOVES in the environment makes the walk longer or shorter.
@@ -134,3 +136,5 @@ TEST(Walk, OverRealWindowsFailsNowhere) {
 }
 
 }  // namespace
+
+}  // namespace torvane

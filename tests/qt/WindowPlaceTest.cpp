@@ -8,6 +8,8 @@
 #include "platform/qt/Layouts.h"
 #include "qt/TestForm.h"
 
+namespace torvane {
+
 namespace {
 
 const QRect laptop(0, 28, 1280, 772);  // beneath a panel
@@ -178,3 +180,5 @@ TEST(PlaceNextTo, HidesNoBoxWhereThereIsNoStrip) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -11,6 +11,8 @@
 #include "platform/qt/Layouts.h"
 #include "qt/TestForm.h"
 
+namespace torvane {
+
 namespace {
 
 void buildOther(QWidget& window) {
@@ -240,3 +242,5 @@ TEST_F(WindowTest, PaintsAWholeFormAtOnce) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -21,6 +21,8 @@
 #include "qt/TestForm.h"
 #include "sim/PseudoTerminal.h"
 
+namespace torvane {
+
 namespace {
 
 // The longest that the tests over the serial ports and the bridge have to say.
@@ -246,3 +248,5 @@ TEST_F(WizardSession, StaysAliveDuringTheSearchAndAsksBeforeItEnds) {
 }
 
 }  // namespace
+
+}  // namespace torvane

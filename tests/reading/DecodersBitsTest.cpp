@@ -10,6 +10,8 @@
 #include "reading/Decoders.h"
 #include "support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 using Parse = std::string (*)(const std::string&);
@@ -313,3 +315,5 @@ TEST_F(DecodersBits, BusFormatReadsBit3AndLeavesTheOtherBus) {
 }
 
 }  // namespace
+
+}  // namespace torvane

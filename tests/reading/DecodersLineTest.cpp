@@ -9,6 +9,8 @@
 #include "reading/Decoders.h"
 #include "support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 class DecodersLine : public testing::Test {
@@ -307,3 +309,5 @@ TEST_F(DecodersLine, AnOverflowIsToldByNameAndNumber) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -14,6 +14,8 @@
 #include "reading/Decoders.h"
 #include "support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr int rounds = 1000;  // for each kind of unit
@@ -265,3 +267,5 @@ TEST_P(DecodersProperties, WhatWasReadCanBeWrittenAgain) {
 INSTANTIATE_TEST_SUITE_P(FiveKinds, DecodersProperties, testing::Range(0, 5));
 
 }  // namespace
+
+}  // namespace torvane

@@ -10,6 +10,8 @@
 #include "platform/RuntimeError.h"
 #include "support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 using Parse = std::string (*)(const std::string&);
@@ -256,3 +258,5 @@ TEST_F(Decoders, TimesCutTowardZero) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace torvane {
+
 namespace {
 
 using Lines = std::vector<std::string>;
@@ -337,3 +339,5 @@ TEST_F(Detection, ComesToAnEndWithAnyBytesAsReplies) {
 }
 
 }  // namespace
+
+}  // namespace torvane

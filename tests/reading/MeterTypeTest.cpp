@@ -7,6 +7,8 @@
 #include "tests/support/ProbeBench.h"
 #include "tests/support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 using Lines = std::vector<std::string>;
@@ -224,3 +226,5 @@ TEST_F(MeterType, OfAnyBytesIsOneOfTheEightAndComesInTime) {
 }
 
 }  // namespace
+
+}  // namespace torvane

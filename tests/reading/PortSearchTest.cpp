@@ -5,6 +5,8 @@
 #include "core/Model.h"
 #include "tests/support/WizardBench.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* nothingFound =
@@ -340,3 +342,5 @@ TEST_F(PortSearch, AdvisesAboutTheWiringWhereALineEchoes) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include "core/Model.h"
 #include "tests/support/RunBench.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr std::size_t registersInAll = 33;
@@ -210,3 +212,5 @@ TEST_F(FaultyRead, GivesUpAHundredThousandBytesWithoutAnEnd) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -8,6 +8,8 @@
 #include "tests/support/RandomMemo.h"
 #include "tests/support/RunBench.h"
 
+namespace torvane {
+
 namespace {
 
 // What the unit of these tests holds, and what the status window says of each register.
@@ -322,3 +324,5 @@ TEST_F(ReadRun, EndsAtANumberThatNoRecordHolds) {
 }
 
 }  // namespace
+
+}  // namespace torvane

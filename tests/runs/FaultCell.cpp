@@ -9,6 +9,8 @@
 #include "tests/support/NetworkBench.h"
 #include "tests/support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 // All registers with all their tries: a serial try is over in two and a half seconds, one over the network in
@@ -245,3 +247,5 @@ std::string brokenRule(const CellOutcome& outcome, const CellOutcome& sound, con
   if (stopped(outcome, sound) && outcome.boxes.empty()) return "the run stopped without a word";
   return thirdValue(outcome, sound);
 }
+
+}  // namespace torvane

@@ -10,6 +10,8 @@
 #include "tests/runs/FaultList.h"
 #include "tests/support/RunPlan.h"
 
+namespace torvane {
+
 enum class Body { serial, network };
 enum class Direction { write, read };
 
@@ -48,3 +50,5 @@ std::string brokenRule(const CellOutcome& outcome, const CellOutcome& sound, con
 
 // Whether the list says that this fault may lead to what neither side had in such a run.
 bool mayForge(const ListedFault& fault, const CellOutcome& outcome);
+
+}  // namespace torvane

@@ -2,6 +2,8 @@
 // The faults of the matrix.
 #include "tests/runs/FaultList.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr bool passing = true;
@@ -103,3 +105,5 @@ void lift(FaultScene& scene) {
   scene.host.lines[1].openFault.clear();
   if (scene.unit.unplugged()) scene.unit.powerOn();
 }
+
+}  // namespace torvane

@@ -9,6 +9,8 @@
 #include "sim/Unit.h"
 #include "tests/support/VirtualHost.h"
 
+namespace torvane {
+
 // What a fault can take hold of.
 struct FaultScene {
   VirtualHost& host;
@@ -37,3 +39,5 @@ std::span<const ListedFault> listedFaults();
 
 // All that any of them has done.
 void lift(FaultScene& scene);
+
+}  // namespace torvane

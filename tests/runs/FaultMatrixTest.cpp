@@ -10,6 +10,8 @@
 
 #include "tests/runs/FaultCell.h"
 
+namespace torvane {
+
 namespace {
 
 struct MatrixPart {
@@ -91,3 +93,5 @@ INSTANTIATE_TEST_SUITE_P(Of, FaultMatrix, testing::ValuesIn(parts),
                          [](const auto& test) { return std::string(test.param.name); });
 
 }  // namespace
+
+}  // namespace torvane

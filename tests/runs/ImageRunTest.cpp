@@ -12,6 +12,8 @@
 #include "tests/support/RandomMemo.h"
 #include "tests/support/RunBench.h"
 
+namespace torvane {
+
 namespace {
 
 class ImageRun : public RunBench {
@@ -116,3 +118,5 @@ TEST_F(ImageRun, EndsBehindTheRegisterInHandWhenTheUserCancels) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -4,6 +4,8 @@
 #include "core/Memo.h"
 #include "tests/support/RunBench.h"
 
+namespace torvane {
+
 namespace {
 
 class KeptVerdict : public RunBench {
@@ -67,3 +69,5 @@ TEST_F(KeptVerdict, GoesWhenTheNextRunBegins) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -10,6 +10,8 @@
 #include "tests/support/RandomMemo.h"
 #include "tests/support/RunBench.h"
 
+namespace torvane {
+
 namespace {
 
 struct Hazard {
@@ -127,3 +129,5 @@ TEST_F(RunBench, ServesTheWindowsBetweenTheVersionQueriesOfASilentUnit) {
 }
 
 }  // namespace
+
+}  // namespace torvane

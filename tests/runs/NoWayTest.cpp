@@ -5,6 +5,8 @@
 #include "core/Memo.h"
 #include "tests/support/RunBench.h"
 
+namespace torvane {
+
 namespace {
 
 class NoWayToTheUnit : public RunBench {
@@ -76,3 +78,5 @@ TEST(NoWay, OfARunThatLostItsPortSaysHowToGoOn) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 #include "tests/support/NetworkBench.h"
 #include "tests/support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr int cycles = 1000;
@@ -113,3 +115,5 @@ INSTANTIATE_TEST_SUITE_P(OfEachKind, Soak,
                          soakName);
 
 }  // namespace
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 
 #include "sim/Options.h"
 
+namespace torvane {
+
 namespace {
 
 using sim::BridgeFaults;
@@ -103,3 +105,5 @@ TEST(BridgeOptions, HelpTellsThem) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace torvane {
+
 namespace {
 
 using sim::Bridge;
@@ -231,3 +233,5 @@ TEST_F(BridgeTest, LogIsTakenOnce) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include "TestPort.h"
 #include "sim/Bridge.h"
 
+namespace torvane {
+
 namespace {
 
 class Bus : public testing::Test {
@@ -69,3 +71,5 @@ TEST_F(Bus, StandsBehindABridge) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 
 #include "TestPort.h"
 
+namespace torvane {
+
 namespace {
 
 using sim::Unit;
@@ -243,3 +245,5 @@ TEST_F(Faults, HangupAtACommand) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 
 #include "TestPort.h"
 
+namespace torvane {
+
 namespace {
 
 using sim::LineSettings;
@@ -69,3 +71,5 @@ TEST(LineTiming, FrameOfTheUnitSetsThePace) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include "TestPort.h"
 #include "sim/Unit.h"
 
+namespace torvane {
+
 namespace {
 
 using sim::Model;
@@ -68,3 +70,5 @@ TEST(OlderUnits, OneKindSaysTwoDigitsBeforeItsEcho) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace torvane {
+
 namespace {
 
 using sim::Options;
@@ -136,3 +138,5 @@ TEST(Options, HelpTellsModelsAndFaults) {
 }
 
 }  // namespace
+
+}  // namespace torvane

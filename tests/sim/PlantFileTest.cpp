@@ -7,6 +7,8 @@
 
 #include "sim/Csv.h"
 
+namespace torvane {
+
 namespace {
 
 using testing::ElementsAre;
@@ -86,3 +88,5 @@ TEST(PlantFile, HeadersAndUnitsMustBeThere) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -10,6 +10,8 @@
 #include "TestPort.h"
 #include "TestSocket.h"
 
+namespace torvane {
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -138,3 +140,5 @@ TEST_F(PlantProgram, FiveHundredUnitsInOneProcess) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -12,6 +12,8 @@
 
 extern char** environ;
 
+namespace torvane {
+
 Program::Program(std::vector<std::string> arguments) {
   std::array<int, 2> ends{};
   if (pipe2(ends.data(), O_CLOEXEC) != 0) return;
@@ -61,3 +63,5 @@ int Program::end(int signal) {
   process_ = -1;
   return status_ = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
+
+}  // namespace torvane

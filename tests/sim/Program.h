@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace torvane {
+
 class Program {
  public:
   explicit Program(std::vector<std::string> arguments);
@@ -29,3 +31,5 @@ class Program {
   int output_ = -1;
   int status_ = -1;
 };
+
+}  // namespace torvane

@@ -10,6 +10,8 @@
 
 #include "TestPort.h"
 
+namespace torvane {
+
 namespace {
 
 using sim::Server;
@@ -204,3 +206,5 @@ TEST_F(PseudoTerminal, StartsAgainAfterStop) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <fstream>
 
+namespace torvane {
+
 namespace {
 
 using sim::Unit;
@@ -73,3 +75,5 @@ TEST(RegisterFile, FolderInPlaceOfAFileIsAnError) {
 }
 
 }  // namespace
+
+}  // namespace torvane

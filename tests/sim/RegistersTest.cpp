@@ -6,6 +6,8 @@
 
 #include "sim/Numbers.h"
 
+namespace torvane {
+
 namespace {
 
 using sim::Model;
@@ -57,3 +59,5 @@ TEST(Registers, TakesOnlyItsWidthInUpperCaseHexadecimal) {
 }
 
 }  // namespace
+
+}  // namespace torvane

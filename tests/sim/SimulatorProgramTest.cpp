@@ -11,6 +11,8 @@
 #include "TestPort.h"
 #include "TestSocket.h"
 
+namespace torvane {
+
 namespace {
 
 std::string testPath(const char* name) { return testing::TempDir() + "simulator-program-" + name; }
@@ -146,3 +148,5 @@ TEST(SimulatorProgram, HelpAndBadOptions) {
 }
 
 }  // namespace
+
+}  // namespace torvane

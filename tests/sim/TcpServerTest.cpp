@@ -12,6 +12,8 @@
 #include "TestSocket.h"
 #include "sim/Loopback.h"
 
+namespace torvane {
+
 namespace {
 
 using sim::Bridge;
@@ -206,3 +208,5 @@ TEST(TcpServer, TellsItsTrafficAndWhatTheUnitHeard) {
 }
 
 }  // namespace
+
+}  // namespace torvane

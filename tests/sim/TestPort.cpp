@@ -10,6 +10,8 @@
 
 #include <stdexcept>
 
+namespace torvane {
+
 namespace {
 
 constexpr int longest = 10'000;
@@ -89,3 +91,5 @@ bool TestPort::isClaimed() const {
 bool TestPort::hasBytes() const { return eventsOf(file_, 0) != 0; }
 
 bool TestPort::isHungUp() const { return (eventsOf(file_, longest) & POLLHUP) != 0; }
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include "sim/LineTiming.h"
 #include "sim/Unit.h"
 
+namespace torvane {
+
 // All bytes of the chunks, one after another.
 std::string joined(const std::vector<sim::Chunk>& chunks);
 
@@ -38,3 +40,5 @@ class TestPort {
  private:
   int file_ = -1;
 };
+
+}  // namespace torvane

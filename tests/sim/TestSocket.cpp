@@ -10,6 +10,8 @@
 #include <array>
 #include <cerrno>
 
+namespace torvane {
+
 namespace {
 
 constexpr int patienceToRead =
@@ -78,3 +80,5 @@ bool TestSocket::isEnded() { return waitFor(POLLIN, patienceToRead) && readPorti
 bool TestSocket::isReset() {
   return waitFor(POLLIN, patienceToRead) && readPortion().empty() && fault_ == ECONNRESET;
 }
+
+}  // namespace torvane

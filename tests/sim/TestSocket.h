@@ -4,6 +4,8 @@
 
 #include <string>
 
+namespace torvane {
+
 class TestSocket {
  public:
   // By a host in figures, such as 127.0.0.1 or ::1; waits at most so many milliseconds for the connection.
@@ -31,3 +33,5 @@ class TestSocket {
   int file_ = -1;
   int fault_ = 0;
 };
+
+}  // namespace torvane

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace torvane {
+
 namespace {
 
 TEST(TrafficText, ShowsTimeDirectionAndControlCharacters) {
@@ -21,3 +23,5 @@ TEST(TrafficText, CutsWhatIsEndless) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -8,6 +8,8 @@
 
 #include "TestPort.h"
 
+namespace torvane {
+
 namespace {
 
 using sim::LineSettings;
@@ -282,3 +284,5 @@ TEST(Unit, NamesItsRegisters) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -24,6 +24,8 @@
 #include "sim/PseudoTerminal.h"
 #include "sim/TcpServer.h"
 
+using namespace torvane;
+
 namespace {
 
 constexpr int setpointsTab = 1;

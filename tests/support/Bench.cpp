@@ -7,6 +7,8 @@
 #include "core/Model.h"
 #include "core/PartNumber.h"
 
+namespace torvane {
+
 void resetSharedState() {
   Memo.reset();
   Global.reset();
@@ -50,3 +52,5 @@ frmSerial& Bench::channelWindow() {
   window.MSComm1->settings = "9600,o,7,1";
   return window;
 }
+
+}  // namespace torvane

@@ -16,6 +16,8 @@
 #include "sim/Unit.h"
 #include "tests/support/VirtualHost.h"
 
+namespace torvane {
+
 class Bench : public ::testing::Test {
  protected:
   explicit Bench(sim::UnitSetup setup = {});
@@ -38,3 +40,5 @@ class Bench : public ::testing::Test {
 
 // Forgets what the modules share, as a new process would.
 void resetSharedState();
+
+}  // namespace torvane

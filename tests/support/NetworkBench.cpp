@@ -5,6 +5,8 @@
 #include "core/Memo.h"
 #include "core/Model.h"
 
+namespace torvane {
+
 Lines detectionTraffic(bool rkw77, const std::string& address) {
   const std::string star = "*" + address;
   const Lines once = {star + "X01", star + "R01", star + "R24", star + (rkw77 ? "R04" : "R25")};
@@ -27,3 +29,5 @@ Lines NetworkBench::commandsBehindDetection() const {
   const auto length = detectionTraffic(false).size();
   return all.size() < length ? Lines{} : Lines(all.begin() + static_cast<std::ptrdiff_t>(length), all.end());
 }
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include "sim/Bridge.h"
 #include "tests/support/RunBench.h"
 
+namespace torvane {
+
 inline constexpr const char* bridgeHost = "192.0.2.254";
 inline constexpr int bridgePort = 1000;
 
@@ -26,3 +28,5 @@ class NetworkBench : public RunBench {
   sim::Unit remote;  // another one than `unit`, which stands on COM 1
   sim::Bridge bridge{remote};
 };
+
+}  // namespace torvane

@@ -4,6 +4,8 @@
 
 #include "runs/Outcome.h"
 
+namespace torvane {
+
 // A run over COM 1 to address 17; each register as told, the rest of the fields left alone.
 inline RunOutcome outcomeOf(bool reading, std::vector<RegisterOutcome> registers,
                             RunEnd end = RunEnd::finished) {
@@ -30,3 +32,5 @@ inline RegisterOutcome failed(const char* reg, const char* name, const char* rea
   outcome.reason = reason;
   return outcome;
 }
+
+}  // namespace torvane

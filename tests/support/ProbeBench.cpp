@@ -7,6 +7,8 @@
 #include "core/Model.h"
 #include "tests/support/Bench.h"
 
+namespace torvane {
+
 namespace {
 frmSerial& freshWindow() {
   resetSharedState();
@@ -64,3 +66,5 @@ void ProbeBench::expectBoxes(const std::vector<std::string>& texts) const {
   for (const Box& box : host.boxes) shown.push_back(box.text);
   EXPECT_EQ(shown, texts);
 }
+
+}  // namespace torvane

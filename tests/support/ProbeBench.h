@@ -11,6 +11,8 @@
 #include "protocol/frmSerial.h"
 #include "tests/support/ScriptedPort.h"
 
+namespace torvane {
+
 class ProbeBench : public ::testing::Test {
  protected:
   ProbeBench();
@@ -41,3 +43,5 @@ class ProbeBench : public ::testing::Test {
   frmSerial& window;
   std::vector<std::string> narrative;  // the status text after every change
 };
+
+}  // namespace torvane

@@ -12,6 +12,8 @@
 #include "protocol/Scale.h"
 #include "reading/Decoders.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr RegisterUnderTest registers[] = {
@@ -251,3 +253,5 @@ std::string registerWithoutAnswer() {
   }
   return "";
 }
+
+}  // namespace torvane

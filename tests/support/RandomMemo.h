@@ -8,6 +8,8 @@
 
 #include "protocol/Encoders.h"
 
+namespace torvane {
+
 // The records, the model and the shared state as after a first start.
 void freshSetup();
 // Makes meterKind() give `kind`.
@@ -40,3 +42,5 @@ struct RegisterUnderTest {
 std::span<const RegisterUnderTest> allRegisters();
 // The index of the first register that gives neither digits nor a refusal for the setup; empty if all do.
 std::string registerWithoutAnswer();
+
+}  // namespace torvane

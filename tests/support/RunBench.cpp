@@ -9,6 +9,8 @@
 #include "core/Model.h"
 #include "tests/support/RandomMemo.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr std::size_t probeLength = 6;  // commands
@@ -139,3 +141,5 @@ Lines RunBench::commandsOfRun() const {
   const Lines all = unit.commands();
   return Lines(all.begin() + static_cast<std::ptrdiff_t>(std::min(all.size(), probeLength)), all.end());
 }
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 #include "tests/support/Bench.h"
 #include "tests/support/RunPlan.h"
 
+namespace torvane {
+
 inline constexpr const char* cancelQuestion =
     "This action will abort\rcurrent communication activities\rAre you sure?";
 inline constexpr const char* wiringMessage = "A communications connection/wiring problem seems to exist";
@@ -48,3 +50,5 @@ class RunBench : public Bench {
 // What chooseSetup gives, register by register, on a unit of each kind. On an addressed line the bus format
 // of an Rkw77 unit is another.
 Payloads payloadsOfSetup(int kind, bool addressed = false);
+
+}  // namespace torvane

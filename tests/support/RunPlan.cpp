@@ -6,6 +6,8 @@
 
 #include "core/NumberText.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr std::uint32_t w = 0xFFFFFF;  // a whole value register
@@ -169,3 +171,5 @@ Lines operator+(Lines first, const Lines& second) {
   first.insert(first.end(), second.begin(), second.end());
   return first;
 }
+
+}  // namespace torvane

@@ -13,6 +13,8 @@
 #include "protocol/frmSerial.h"
 #include "sim/Unit.h"
 
+namespace torvane {
+
 struct PlanRow {
   int step;
   const char* reg;
@@ -55,3 +57,5 @@ class Narrative {
 };
 
 Lines operator+(Lines first, const Lines& second);
+
+}  // namespace torvane

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <memory>
 
+namespace torvane {
+
 PortScript inTurn(std::vector<std::string> replies) {
   return [replies = std::move(replies), next = std::size_t{0}](const std::string&) mutable {
     std::vector<Said> said;
@@ -104,3 +106,5 @@ void ScriptedHost::idle(double seconds) {
   ++idles;
   VirtualHost::idle(seconds);
 }
+
+}  // namespace torvane

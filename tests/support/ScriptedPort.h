@@ -10,6 +10,8 @@
 #include "platform/SerialPort.h"
 #include "tests/support/VirtualHost.h"
 
+namespace torvane {
+
 struct Said {
   std::string bytes;
   double after = 0.01;  // seconds after the command
@@ -68,3 +70,5 @@ class ScriptedHost : public VirtualHost {
   void idle(double seconds) override;
   std::unique_ptr<SerialPort> makeSerialPort() override { return std::make_unique<ScriptedPort>(*this); }
 };
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 #include <limits>
 #include <utility>
 
+namespace torvane {
+
 std::vector<std::string> ScriptedSocket::commands() const {
   std::vector<std::string> all;
   for (const std::string& line : sent) all.push_back(line.substr(0, line.find('\r')));
@@ -74,3 +76,5 @@ void SocketHost::idle(double seconds) {
   VirtualHost::idle(std::clamp(socket.nextAt() - clock, 0.0, seconds));
   socket.raiseDue();
 }
+
+}  // namespace torvane

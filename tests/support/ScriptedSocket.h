@@ -10,6 +10,8 @@
 #include "platform/Socket.h"
 #include "tests/support/ScriptedPort.h"
 
+namespace torvane {
+
 class ScriptedSocket : public Socket {
  public:
   explicit ScriptedSocket(VirtualHost& host) : host_(host) {}
@@ -58,3 +60,5 @@ class SocketHost : public VirtualHost {
   void yield() override;
   void idle(double seconds) override;
 };
+
+}  // namespace torvane

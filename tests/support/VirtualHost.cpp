@@ -12,6 +12,8 @@
 #include "tests/support/VirtualPort.h"
 #include "tests/support/VirtualSocket.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr int hopeless = 20000;  // waits in a row in which nothing happens
@@ -195,3 +197,5 @@ void VirtualHost::fail(const std::string& description) {
 }
 
 std::string VirtualHost::serialPortHint(int commPort) { return "COM " + std::to_string(commPort) + " here"; }
+
+}  // namespace torvane

@@ -17,6 +17,8 @@
 #include "sim/Unit.h"
 #include "tests/support/VirtualPrinter.h"
 
+namespace torvane {
+
 class VirtualSocket;
 
 // What lies on one serial line; several port objects may name the same line.
@@ -135,3 +137,5 @@ class VirtualHost : public Host {
   std::deque<Announced> announced_;
   int idleInARow_ = 0;
 };
+
+}  // namespace torvane

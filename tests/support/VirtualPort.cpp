@@ -7,6 +7,8 @@
 #include "sim/LineSettings.h"
 #include "tests/support/VirtualHost.h"
 
+namespace torvane {
+
 void VirtualPort::open() {
   if (commPort == 0) throw RuntimeError(Fault::portFault, "No port is chosen");
   if (open_) throw RuntimeError(Fault::portFault, "Port already open");
@@ -59,3 +61,5 @@ void VirtualPort::waitForInput(double seconds) {
   const bool comes = !wire.underway.empty() && wire.underway.front().at <= end;
   host_.clock = comes ? std::max(host_.clock, wire.underway.front().at) : end;
 }
+
+}  // namespace torvane

@@ -4,6 +4,8 @@
 
 #include "platform/SerialPort.h"
 
+namespace torvane {
+
 class VirtualHost;
 struct Line;
 
@@ -25,3 +27,5 @@ class VirtualPort : public SerialPort {
   VirtualHost& host_;
   bool open_ = false;
 };
+
+}  // namespace torvane

@@ -9,6 +9,8 @@
 
 #include "platform/RuntimeError.h"
 
+namespace torvane {
+
 namespace {
 
 std::string trimmed(const std::string& text) { return text.substr(0, text.find_last_not_of(' ') + 1); }
@@ -75,3 +77,5 @@ void VirtualPrinter::newPage() {
   currentX = 0;
   currentY = 0;
 }
+
+}  // namespace torvane

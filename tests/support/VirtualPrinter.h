@@ -9,6 +9,8 @@
 
 #include "platform/Printer.h"
 
+namespace torvane {
+
 // What was printed in one go; neighbours of one style on a line are one run.
 struct Imprint {
   int page;
@@ -63,3 +65,5 @@ class VirtualPrinter : public Printer {
   bool bold_ = false;
   bool underline_ = false;
 };
+
+}  // namespace torvane

@@ -8,6 +8,8 @@
 
 #include "tests/support/VirtualHost.h"
 
+namespace torvane {
+
 namespace {
 
 // How long the far machine takes to say that nobody listens at a port.
@@ -78,3 +80,5 @@ void VirtualSocket::raiseArrival() {
   }
   if (onDataArrival) onDataArrival(size);
 }
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include "platform/Socket.h"
 #include "sim/Bridge.h"
 
+namespace torvane {
+
 class VirtualHost;
 
 // Leads to the bridge that stands in VirtualHost::bridges under remoteHost and remotePort. Events are raised
@@ -40,3 +42,5 @@ class VirtualSocket : public Socket {
   std::deque<sim::BridgeEvent> underway_;  // in order of time
   std::string arrived_;                    // and not taken yet
 };
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include "core/Memo.h"
 #include "core/Model.h"
 
+namespace torvane {
+
 namespace {
 constexpr int ports = 10;
 }
@@ -51,3 +53,5 @@ std::vector<int> WizardBench::portsAsked() const {
   for (const auto& [time, port] : first) asked.push_back(port);
   return asked;
 }
+
+}  // namespace torvane

@@ -12,6 +12,8 @@
 #include "tests/support/Bench.h"
 #include "wizard/frmWizard.h"
 
+namespace torvane {
+
 inline constexpr const char* detectionQuestion =
     "You are about to cancel detection.  Are you sure you want to do this?";
 
@@ -40,3 +42,5 @@ class WizardBench : public Bench {
   std::deque<sim::Unit> others;  // COM 2 to COM 10
   sim::Bridge bridge{unit};
 };
+
+}  // namespace torvane

@@ -14,6 +14,8 @@
 
 #include "tool/PlantBench.h"
 
+namespace torvane {
+
 namespace {
 
 using testing::Contains;
@@ -352,3 +354,5 @@ TEST_F(BrokenBatch, CtrlCEndsAfterTheRegisterInHand) {
 }
 
 }  // namespace
+
+}  // namespace torvane

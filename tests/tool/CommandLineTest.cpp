@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace torvane {
+
 namespace {
 
 using tool::Arguments;
@@ -128,3 +130,5 @@ TEST(ToolCommandLine, HelpVersionAndPages) {
 }
 
 }  // namespace
+
+}  // namespace torvane

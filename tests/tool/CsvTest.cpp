@@ -7,6 +7,8 @@
 
 #include <random>
 
+namespace torvane {
+
 namespace {
 
 using testing::ElementsAre;
@@ -42,3 +44,5 @@ TEST(ToolCsv, WhatIsWrittenIsReadAgain) {
 }
 
 }  // namespace
+
+}  // namespace torvane

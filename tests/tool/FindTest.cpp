@@ -4,6 +4,8 @@
 
 #include "tool/Processes.h"
 
+namespace torvane {
+
 namespace {
 
 using ToolFind = ToolTest;
@@ -75,3 +77,5 @@ TEST_F(ToolFind, NothingThereIsToldByTheExitCode) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -9,6 +9,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+namespace torvane {
+
 namespace {
 
 using testing::HasSubstr;
@@ -57,3 +59,5 @@ TEST(PlantGuide, ItsCommandsProgramACabinetOfFortyUnits) {
 }
 
 }  // namespace
+
+}  // namespace torvane

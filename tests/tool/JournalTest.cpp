@@ -7,6 +7,8 @@
 #include <array>
 #include <set>
 
+namespace torvane {
+
 namespace {
 
 using tool::Event;
@@ -175,3 +177,5 @@ TEST(Journal, KilledTwiceAtAnyLineTheRestIsDoneOnceAndForAll) {
 }
 
 }  // namespace
+
+}  // namespace torvane

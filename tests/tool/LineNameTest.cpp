@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace torvane {
+
 namespace {
 
 using tool::LineName;
@@ -46,3 +48,5 @@ TEST(Addresses, RangesAndLists) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -5,6 +5,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+namespace torvane {
+
 namespace {
 
 using testing::ElementsAre;
@@ -26,3 +28,5 @@ TEST(Nearest, NamesTheNearestFirstAndNoStranger) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -5,6 +5,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+namespace torvane {
+
 namespace {
 
 using testing::ElementsAre;
@@ -110,3 +112,5 @@ TEST(Plan, SameAddressOnOtherLinesIsFine) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -8,6 +8,8 @@
 
 #include <sstream>
 
+namespace torvane {
+
 PlantBench::PlantBench(const std::vector<PlantUnit>& units, const QStringList& options) : units_(units) {
   QString table = "line,address,model,registers,faults\n";
   for (std::size_t at = 0; at < units.size(); ++at) {
@@ -77,3 +79,5 @@ std::vector<json> journalOf(const std::string& text) {
   }
   return lines;
 }
+
+}  // namespace torvane

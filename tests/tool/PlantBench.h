@@ -13,6 +13,8 @@
 
 #include "tool/Processes.h"
 
+namespace torvane {
+
 struct PlantUnit {
   QString line;  // "pty:bus1" or "tcp:b1"
   int address = -1;
@@ -50,3 +52,5 @@ class PlantBench {
 
 // The lines of a journal; a test fails where one is no JSON of its form.
 std::vector<json> journalOf(const std::string& text);
+
+}  // namespace torvane

@@ -9,6 +9,8 @@
 #include "platform/qt/io/LineLock.h"
 #include "tool/Processes.h"
 
+namespace torvane {
+
 namespace {
 
 class ToolPoints : public ToolTest {
@@ -137,3 +139,5 @@ TEST_F(ToolPoints, AnErrorIsOneObjectWithAHint) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -4,6 +4,8 @@
 
 #include <QFile>
 
+namespace torvane {
+
 Ended runTool(QStringList words) {
   QProcess program;
   program.start(TORVANE_UNIT, words << "--json");
@@ -56,3 +58,5 @@ std::string ToolTest::content(const char* name) const {
   if (!stored.open(QIODevice::ReadOnly)) return "";
   return stored.readAll().toStdString();
 }
+
+}  // namespace torvane

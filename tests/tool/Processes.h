@@ -11,6 +11,8 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
+namespace torvane {
+
 using nlohmann::json;
 
 inline constexpr int patience = 120'000;  // milliseconds
@@ -60,3 +62,5 @@ class ToolTest : public testing::Test {
  private:
   QTemporaryDir folder_;
 };
+
+}  // namespace torvane

@@ -13,6 +13,8 @@
 #include "platform/qt/io/DeviceFile.h"
 #include "platform/qt/io/LockFile.h"
 
+namespace torvane {
+
 namespace {
 
 using nlohmann::json;
@@ -141,3 +143,5 @@ TEST(DeviceHolder, IsFoundByWhatAProcessHasOpen) {
 }
 
 }  // namespace
+
+}  // namespace torvane

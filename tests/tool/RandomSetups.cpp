@@ -10,6 +10,8 @@
 #include "support/RandomMemo.h"
 #include "tool/ToolHost.h"
 
+namespace torvane {
+
 namespace {
 
 struct Machine {
@@ -46,3 +48,5 @@ void writeRandomSetup(std::mt19937& random, const std::string& path) {
   Memo[rec::optCommunicationMode].flag = True;
   host().replaceFile(path, configModelPart(1) + configSetupPart(1, 1));
 }
+
+}  // namespace torvane

@@ -5,8 +5,12 @@
 #include <random>
 #include <string>
 
+namespace torvane {
+
 // The machine of the tool, within the test's own process.
 void beAtTheTool();
 
 // Writes one; what it stands for stays in no record.
 void writeRandomSetup(std::mt19937& random, const std::string& path);
+
+}  // namespace torvane

@@ -9,6 +9,8 @@
 
 #include "tool/Processes.h"
 
+namespace torvane {
+
 namespace {
 
 using ToolRuns = ToolTest;
@@ -89,3 +91,5 @@ TEST_F(ToolRuns, WhatIsNotThereIsTold) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -15,6 +15,8 @@
 #include "tool/SettingList.h"
 #include "tool/Setup.h"
 
+namespace torvane {
+
 namespace {
 
 using tool::NamedSetting;
@@ -171,3 +173,5 @@ TEST_F(ToolSettings, TicksHaveFiveWordsForEachState) {
 }
 
 }  // namespace
+
+}  // namespace torvane

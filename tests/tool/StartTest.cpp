@@ -10,6 +10,8 @@
 #include "tool/Processes.h"
 #include "tool/RandomSetups.h"
 
+namespace torvane {
+
 namespace {
 
 #if defined(__SANITIZE_ADDRESS__)
@@ -68,3 +70,5 @@ TEST_F(ToolStart, TakesLessThanSixtyMillisecondsAndTwentyMegabytes) {
 }
 
 }  // namespace
+
+}  // namespace torvane

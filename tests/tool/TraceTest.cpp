@@ -16,6 +16,8 @@
 #include "tool/RandomSetups.h"
 #include "tool/Setup.h"
 
+namespace torvane {
+
 namespace {
 
 struct Way {
@@ -172,3 +174,5 @@ TEST_P(Trace, OfAReadIsTheWindows) {
 INSTANTIATE_TEST_SUITE_P(BothWays, Trace, testing::Values(Way{"serial", true}, Way{"bridge", false}));
 
 }  // namespace
+
+}  // namespace torvane

@@ -5,6 +5,8 @@
 #include "core/Model.h"
 #include "tests/support/WizardBench.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* serialWelcomeText =
@@ -155,7 +157,7 @@ TEST_F(WizardPages, BeforeARunNextSaysSoAgain) {
 TEST_F(WizardPages, BeginWithTheModeThatIsChosen) {
   EXPECT_EQ(open().wizardPage, 0);
   EXPECT_EQ(says(), serialWelcomeText);
-  ::unload<frmWizard>();
+  torvane::unload<frmWizard>();
   EXPECT_EQ(open(false).wizardPage, 7);
   EXPECT_EQ(says(), networkWelcomeText);
 }
@@ -249,7 +251,7 @@ TEST_F(WizardPages, OfferTwoHundredAddresses) {
 
 TEST_F(WizardPages, ShowTheBusOfTheModel) {
   for (const std::int16_t mode : Numbers{0, 1, 2, 3, 4, -1}) {
-    ::unload<frmWizard>();
+    torvane::unload<frmWizard>();
     Hardware.BusMode = mode;
     Hardware.BusAddress = 42;
     open();
@@ -263,7 +265,7 @@ TEST_F(WizardPages, ShowTheBusOfTheModel) {
 
 TEST_F(WizardPages, TakeAnAddressThatNoUnitHasForNone) {
   for (const std::int16_t address : Numbers{200, -1, 32767}) {
-    ::unload<frmWizard>();
+    torvane::unload<frmWizard>();
     Hardware.BusAddress = address;
     open();
     EXPECT_EQ(wizard().cboAddress.listIndex(), -1) << address;
@@ -282,7 +284,7 @@ TEST_F(WizardPages, OfferTheAddressWithRs485Alone) {
 
 TEST_F(WizardPages, TakeBusAndAddressOnTheWay) {
   for (const bool serial : {true, false}) {
-    ::unload<frmWizard>();
+    torvane::unload<frmWizard>();
     Hardware.BusMode = 4;
     Hardware.BusAddress = 9;
     open(serial);
@@ -349,3 +351,5 @@ TEST_F(WizardPages, EndWithCancelAndTheTabShowsWhatIsStored) {
 }
 
 }  // namespace
+
+}  // namespace torvane

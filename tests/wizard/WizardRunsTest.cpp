@@ -8,6 +8,8 @@
 #include "dialogs/frmHardware.h"
 #include "tests/support/WizardBench.h"
 
+namespace torvane {
+
 namespace {
 
 class WizardRuns : public WizardBench {
@@ -374,3 +376,5 @@ TEST_F(WizardRuns, LeaveAWizardThatEndsWithTheProgram) {
 }
 
 }  // namespace
+
+}  // namespace torvane

@@ -5,6 +5,8 @@
 #include <QApplication>
 #include <QPalette>
 
+namespace torvane {
+
 namespace {
 
 struct Shade {
@@ -54,3 +56,5 @@ void takeLook(const QString& name) {
   }
   QApplication::setPalette(palette);
 }
+
+}  // namespace torvane

@@ -4,5 +4,9 @@
 
 #include <QString>
 
+namespace torvane {
+
 // "dark", "contrast", or the system's own for anything else. Before the first window.
 void takeLook(const QString& name);
+
+}  // namespace torvane

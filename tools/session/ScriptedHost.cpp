@@ -12,6 +12,8 @@
 #include "platform/Form.h"
 #include "platform/qt/QtPrinterDevice.h"
 
+namespace torvane {
+
 namespace {
 constexpr double glance = 0.02;  // seconds between two looks of the user
 }
@@ -88,3 +90,5 @@ void clickTab(QtHost& host, Form& form, const char* strip, int index) {
   auto& bar = widget<QTabBar>(host, form, strip);
   QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.tabRect(index).center());
 }
+
+}  // namespace torvane

@@ -11,6 +11,8 @@
 
 #include "platform/qt/QtHost.h"
 
+namespace torvane {
+
 class ScriptedHost : public QtHost {
  public:
   using Condition = std::function<bool()>;
@@ -60,3 +62,5 @@ void click(QtHost& host, Form& form, const char* button);
 void type(QtHost& host, Form& form, const char* box, const char* text);
 void choose(QtHost& host, Form& form, const char* list, int index);
 void clickTab(QtHost& host, Form& form, const char* strip, int index);
+
+}  // namespace torvane

@@ -28,6 +28,8 @@
 #include "session/ScriptedHost.h"
 #include "wizard/frmWizard.h"
 
+using namespace torvane;
+
 namespace {
 
 constexpr int setpointsTab = 1;

@@ -17,6 +17,8 @@
 #include "platform/qt/PictureView.h"
 #include "platform/qt/RowTable.h"
 
+namespace torvane {
+
 namespace {
 
 // A table, or an open list in which the user is: the wheel moves what is shown of it, not what is chosen.
@@ -94,3 +96,5 @@ void tameInputs(const QWidget& window) {
     if (changesByWheel(*widget)) widget->installEventFilter(new WheelGuard(widget));
   }
 }
+
+}  // namespace torvane

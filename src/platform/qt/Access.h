@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+namespace torvane {
+
 // Gives every widget that a user can reach a name that a screen reader can say: the text of its label, else
 // its tool tip. What shows a text of its own needs none.
 void nameForScreenReaders(const QWidget& window);
@@ -11,3 +13,5 @@ void nameForScreenReaders(const QWidget& window);
 // Every box, list and bar can be reached by keyboard. The wheel changes none of them, nor the tab on show: a
 // setup must not change under a passing hand, also where the keyboard is.
 void tameInputs(const QWidget& window);
+
+}  // namespace torvane

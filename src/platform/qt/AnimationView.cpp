@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QPainter>
 
+namespace torvane {
+
 namespace {
 
 constexpr int drawnForFont = 16;  // pixels of line height that the films' own sizes are made for
@@ -66,3 +68,5 @@ void AnimationView::changeEvent(QEvent* event) {
   if (event->type() == QEvent::FontChange) updateGeometry();
   QWidget::changeEvent(event);
 }
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 
 #include "platform/qt/AviReader.h"
 
+namespace torvane {
+
 class AnimationView : public QWidget {
   Q_OBJECT
 
@@ -37,3 +39,5 @@ class AnimationView : public QWidget {
   std::size_t frame_ = 0;
   QTimer clock_;
 };
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include <QtEndian>
 #include <algorithm>
 
+namespace torvane {
+
 namespace {
 
 constexpr qsizetype headLength = 8;      // a chunk's name and length
@@ -84,3 +86,5 @@ Film readFilm(const QByteArray& avi) {
   });
   return film;
 }
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 #include "platform/qt/Bindings.h"
 #include "platform/qt/io/QtText.h"
 
+namespace torvane {
+
 namespace {
 
 void showCaption(const CaptionedControl& control, QAbstractButton& widget) {
@@ -111,3 +113,5 @@ Binding* bind(OptionButton& control, QRadioButton& widget) {
   connectClick(binding, control, widget);
   return binding;
 }
+
+}  // namespace torvane

@@ -8,6 +8,8 @@
 #include "platform/qt/Ink.h"
 #include "platform/qt/io/QtText.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr int mostPlaceholder = 60;  // characters; the box is as wide as they are
@@ -137,3 +139,5 @@ Binding* bind(ComboBox& control, QComboBox& widget) {
                    [=, &control](int index) { binding->userDid([&] { control.userChose(index); }); });
   return binding;
 }
+
+}  // namespace torvane

@@ -3,6 +3,8 @@
 #include "platform/qt/Bindings.h"
 #include "platform/qt/io/QtText.h"
 
+namespace torvane {
+
 namespace {
 
 // What the user was in has gone with its page: the first thing on the new page that can be reached has the
@@ -58,3 +60,5 @@ Binding* bind(TabStrip& control, QTabBar& widget) {
                    [=, &control](int index) { binding->userDid([&] { control.userClicked(index); }); });
   return binding;
 }
+
+}  // namespace torvane

@@ -9,6 +9,8 @@
 #include "platform/qt/Bindings.h"
 #include "platform/qt/io/QtText.h"
 
+namespace torvane {
+
 namespace {
 
 // Whether the keyboard has gone to another control of the window, not to another window or a menu.
@@ -117,3 +119,5 @@ Binding* bind(TextBox& control, QPlainTextEdit& widget) {
   });
   return binding;
 }
+
+}  // namespace torvane

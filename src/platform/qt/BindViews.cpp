@@ -8,6 +8,8 @@
 #include "platform/qt/TextLines.h"
 #include "platform/qt/io/QtText.h"
 
+namespace torvane {
+
 namespace {
 
 // Black or white, whichever is easier to read on the ground; on pure red (grey 87) and pure green (127) black
@@ -112,3 +114,5 @@ Binding* bind(ScrollBar& control, QSlider& widget) {
                    [=, &control](int value) { binding->userDid([&] { control.userScrolled(value); }); });
   return binding;
 }
+
+}  // namespace torvane

@@ -10,6 +10,8 @@
 #include "platform/qt/Bindings.h"
 #include "platform/qt/io/QtText.h"
 
+namespace torvane {
+
 namespace {
 
 // Binds if the two are of these classes.
@@ -244,3 +246,5 @@ void applyColumns(QWidget& window) {
     if (auto* label = qobject_cast<QLabel*>(widget)) applyColumns(*label, columns);
   }
 }
+
+}  // namespace torvane

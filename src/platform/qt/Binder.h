@@ -6,6 +6,8 @@
 
 #include "platform/Form.h"
 
+namespace torvane {
+
 // Binds the form to what its layout has put into the window, and shows it. All faults together make one
 // std::logic_error: a control without a widget, a widget without a control, a widget of the wrong class, a
 // name twice, a widget that lies in another container than its control, a "follows" that names no control.
@@ -28,3 +30,5 @@ void releaseForm(QWidget& window);
 // Sets the widths that the layouts tell in characters (property "columns", with "rows" of lists and labels);
 // again after a change of the font.
 void applyColumns(QWidget& window);
+
+}  // namespace torvane

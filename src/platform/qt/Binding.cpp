@@ -6,6 +6,8 @@
 #include "platform/qt/Guard.h"
 #include "platform/qt/io/QtText.h"
 
+namespace torvane {
+
 namespace {
 
 // The widget's own state, whatever its parents' is.
@@ -112,3 +114,5 @@ void leaveTextBox(const QWidget& window) {
     if (box) box->leave();
   }
 }
+
+}  // namespace torvane

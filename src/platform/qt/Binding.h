@@ -11,6 +11,8 @@
 
 #include "platform/Controls.h"
 
+namespace torvane {
+
 class Binding : public QObject {
  public:
   // Lives with the widget. `show` brings the widget to what the control holds.
@@ -62,3 +64,5 @@ class Binding : public QObject {
 // The user turns to something else in this window: the text box that he is in is left. It needn't have the
 // keyboard any more: the system takes that to and fro between windows in its own time.
 void leaveTextBox(const QWidget& window);
+
+}  // namespace torvane

@@ -22,6 +22,8 @@
 #include "platform/qt/PictureView.h"
 #include "platform/qt/RowTable.h"
 
+namespace torvane {
+
 // Each returns the new binding, which lives with the widget and has not shown anything yet.
 Binding* bind(CommandButton& control, QPushButton& widget);
 Binding* bind(CheckBox& control, QCheckBox& widget);
@@ -43,3 +45,5 @@ Binding* bind(ScrollBar& control, QSlider& widget);
 
 // The pages are those of the stack "<name>_pages" beside the bar, if it is there.
 Binding* bind(TabStrip& control, QTabBar& widget);
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 #include <QTextDocument>
 #include <algorithm>
 
+namespace torvane {
+
 namespace {
 
 constexpr int keptEnd = 40;  // characters of a line's end
@@ -75,3 +77,5 @@ QString tipText(const QString& text) {
   const QString tip = lines.join('\n');
   return Qt::mightBeRichText(tip) ? Qt::convertFromPlainText(tip) : tip;
 }
+
+}  // namespace torvane

@@ -5,6 +5,8 @@
 #include <QFontMetrics>
 #include <QString>
 
+namespace torvane {
+
 namespace bounds {
 inline constexpr int reply = 200;  // characters of one line of text
 inline constexpr int lines = 24;   // of one text
@@ -22,3 +24,5 @@ QString breakable(const QString& text, int most = bounds::reply);
 QString elided(const QString& text, const QFontMetrics& metrics, int width);
 // A tool tip as plain text in lines of a readable length.
 QString tipText(const QString& text);
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 
 #include "platform/Host.h"
 
+namespace torvane {
+
 // Runs what an event asks for; an error that nothing caught ends the program (Host::fail).
 template <class Deed>
 void guarded(Deed&& deed) {
@@ -17,3 +19,5 @@ void guarded(Deed&& deed) {
     host().fail("An unknown error has occurred");
   }
 }
+
+}  // namespace torvane

@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <functional>
 
+namespace torvane {
+
 namespace {
 
 constexpr qsizetype mostWords = 20;
@@ -96,3 +98,5 @@ std::vector<const HelpPage*> pagesWith(const HelpGuide& guide, const QStringList
   std::ranges::stable_sort(found, std::greater(), [&](const HelpPage* page) { return worth(*page, words); });
   return found;
 }
+
+}  // namespace torvane

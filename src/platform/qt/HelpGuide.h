@@ -8,6 +8,8 @@
 #include <optional>
 #include <vector>
 
+namespace torvane {
+
 struct HelpPage {
   QString file;  // "faults.html", in ":/help"
   QString title;
@@ -34,3 +36,5 @@ QStringList helpWords(const HelpGuide& guide, const QString& query);
 // The pages that have all the words, in any case of letters: those first whose title has them, then those
 // that have them most often. No words, no pages.
 std::vector<const HelpPage*> pagesWith(const HelpGuide& guide, const QStringList& words);
+
+}  // namespace torvane

@@ -9,6 +9,8 @@
 
 #include "platform/qt/PictureView.h"
 
+namespace torvane {
+
 namespace {
 
 QTextEdit::ExtraSelection marked(const QTextCursor& place, const QPalette& palette) {
@@ -83,3 +85,5 @@ void HelpView::loadAgain() {
   reload();
   verticalScrollBar()->setValue(place);
 }
+
+}  // namespace torvane

@@ -4,6 +4,8 @@
 
 #include <QTextBrowser>
 
+namespace torvane {
+
 class HelpView : public QTextBrowser {
  public:
   explicit HelpView(QWidget* parent = nullptr);
@@ -31,3 +33,5 @@ class HelpView : public QTextBrowser {
   QStringList words_;
   qsizetype at_ = 0;  // which of the marked places was gone to last
 };
+
+}  // namespace torvane

@@ -12,6 +12,8 @@
 #include <functional>
 #include <utility>
 
+namespace torvane {
+
 namespace {
 
 constexpr int gap = 8;
@@ -183,3 +185,5 @@ void HelpWindow::leave() {
   query_->clear();
   contents_->setFocus();
 }
+
+}  // namespace torvane

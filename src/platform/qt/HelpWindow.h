@@ -12,6 +12,8 @@
 #include "platform/qt/HelpGuide.h"
 #include "platform/qt/HelpView.h"
 
+namespace torvane {
+
 class HelpWindow : public QWidget {
  public:
   explicit HelpWindow(HelpGuide guide);
@@ -36,3 +38,5 @@ class HelpWindow : public QWidget {
   QListWidget* const found_ = new QListWidget(this);
   HelpView* const view_ = new HelpView(this);
 };
+
+}  // namespace torvane

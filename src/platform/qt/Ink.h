@@ -4,5 +4,9 @@
 
 #include <QColor>
 
+namespace torvane {
+
 // At least seven to one against white and against black.
 inline QColor errorInk(const QColor& ground) { return ground.lightness() > 127 ? "#9c0012" : "#ff9d94"; }
+
+}  // namespace torvane

@@ -18,6 +18,8 @@
 #include "ui_frmWizard.h"
 #include "ui_frmWrite.h"
 
+namespace torvane {
+
 namespace {
 
 template <class Ui>
@@ -47,3 +49,5 @@ std::vector<Layout>& layouts() {
   };
   return table;
 }
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace torvane {
+
 struct Layout {
   std::string form;                // the form's name, and that of its .ui file
   void (*build)(QWidget& window);  // puts the widgets into the window
@@ -13,3 +15,5 @@ struct Layout {
 
 // The program's own; tests add theirs.
 std::vector<Layout>& layouts();
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include <QProxyStyle>
 #include <QStyleOption>
 
+namespace torvane {
+
 namespace {
 
 constexpr int darkest = 64;  // grey of a ground, of 255, below which the style's own lines are hard to see
@@ -99,3 +101,5 @@ class Outlined : public QProxyStyle {
 void takeOutlines() {
   if (QApplication::style()->name() == "fusion") QApplication::setStyle(new Outlined);
 }
+
+}  // namespace torvane

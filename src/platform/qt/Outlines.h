@@ -2,6 +2,10 @@
 // Lines around boxes and buttons that can be seen on a dark ground.
 #pragma once
 
+namespace torvane {
+
 // The toolkit's own style draws its lines darker than the ground: on a black one there are none. Behind this
 // call it draws them anew in the colour of the text wherever the ground is dark. Other styles are left alone.
 void takeOutlines();
+
+}  // namespace torvane

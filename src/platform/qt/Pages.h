@@ -18,6 +18,8 @@
 #include "ui_pageReading.h"
 #include "ui_pageSetpoints.h"
 
+namespace torvane {
+
 template <class Ui>
 class Page : public QWidget {
  public:
@@ -36,3 +38,5 @@ using PageOut2 = Page<Ui::pageOut2>;
 using PageRampSoak = Page<Ui::pageRampSoak>;
 using PageAnalog = Page<Ui::pageAnalog>;
 using PageComm = Page<Ui::pageComm>;
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 #include <QCoreApplication>
 #include <QEvent>
 
+namespace torvane {
+
 namespace {
 
 constexpr int framePause = 16;   // milliseconds, for sixty frames a second
@@ -54,3 +56,5 @@ void PaintRate::paintHeld() {
       QCoreApplication::postEvent(window, new QEvent(QEvent::UpdateRequest), Qt::LowEventPriority);
   }
 }
+
+}  // namespace torvane

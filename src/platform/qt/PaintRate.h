@@ -9,6 +9,8 @@
 #include <functional>
 #include <map>
 
+namespace torvane {
+
 class PaintRate : public QObject {
  public:
   PaintRate();
@@ -36,3 +38,5 @@ class PaintRate : public QObject {
   QTimer wake_;
   bool hurrying_ = false;
 };
+
+}  // namespace torvane

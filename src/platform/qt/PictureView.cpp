@@ -8,6 +8,8 @@
 #include <QPixmapCache>
 #include <QSvgRenderer>
 
+namespace torvane {
+
 namespace {
 
 constexpr int drawnForFont = 16;  // pixels of line height that the drawings' own sizes are made for
@@ -121,3 +123,5 @@ void ButtonPicture::draw() {
   button_.setIconSize(size);
   button_.setIcon(QIcon(drawnOnce(svg, size, button_.devicePixelRatioF())));
 }
+
+}  // namespace torvane

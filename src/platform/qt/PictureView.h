@@ -7,6 +7,8 @@
 #include <QPushButton>
 #include <QWidget>
 
+namespace torvane {
+
 // Whether the program holds a drawing of this name.
 bool hasPicture(const QString& name);
 // The drawing as it is shown on a page of the given widget, `ink` being the palette's role of its text; null
@@ -46,3 +48,5 @@ class ButtonPicture : public QObject {
   QPushButton& button_;
   QString name_;
 };
+
+}  // namespace torvane

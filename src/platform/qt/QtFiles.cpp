@@ -8,6 +8,8 @@
 
 #include "platform/qt/io/QtText.h"
 
+namespace torvane {
+
 QString toolkitFilter(std::string_view filter) {
   const QStringList parts = shown(filter).split('|');
   QStringList kinds;
@@ -45,3 +47,5 @@ std::string FileChooser::remember(const QString& path) {
   if (!path.isEmpty()) folder_ = QFileInfo(path).absolutePath();
   return typed(path);
 }
+
+}  // namespace torvane

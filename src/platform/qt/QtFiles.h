@@ -11,6 +11,8 @@
 
 #include "platform/qt/io/Files.h"
 
+namespace torvane {
+
 // The system's choosers. They offer the folder of the last choice again, for as long as the program runs.
 class FileChooser {
  public:
@@ -36,3 +38,5 @@ class FileChooser {
 
 // "Texts (*.txt)|*.txt|All Files (*.*)|*.*" in the toolkit's form.
 QString toolkitFilter(std::string_view filter);
+
+}  // namespace torvane

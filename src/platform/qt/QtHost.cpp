@@ -23,6 +23,8 @@
 #include "platform/qt/io/QtSocket.h"
 #include "platform/qt/io/QtText.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr int longestLineOfBox = 600;  // characters
@@ -132,7 +134,7 @@ std::string QtHost::serialPortHint(int commPort) {
 std::unique_ptr<Socket> QtHost::makeSocket() { return std::make_unique<QtSocket>(); }
 
 std::unique_ptr<Printer> QtHost::choosePrinter(const std::string& document) {
-  return ::choosePrinter(files_, document);
+  return torvane::choosePrinter(files_, document);
 }
 
 std::unique_ptr<Printer> QtHost::makePdf(const std::string& path) { return pdfPrinter(shown(path)); }
@@ -178,7 +180,7 @@ bool QtHost::fileExists(const std::string& path) { return QFileInfo(QString::fro
 
 void QtHost::renameFile(const std::string& from, const std::string& to) { renameWhole(from, to); }
 
-std::string QtHost::dataFolder() { return ::dataFolder(); }
+std::string QtHost::dataFolder() { return torvane::dataFolder(); }
 
 void QtHost::fail(const std::string& description) {
   if (failing_) return;
@@ -198,3 +200,5 @@ bool screenshot(Form& form, const QString& file) {
   showDueBindings(qt->window(form));
   return qt->window(form).grab().save(file);
 }
+
+}  // namespace torvane

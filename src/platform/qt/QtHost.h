@@ -14,6 +14,8 @@
 #include "platform/qt/io/QtPorts.h"
 #include "platform/qt/io/QtSettings.h"
 
+namespace torvane {
+
 class QtHost : public Host {
  public:
   QtHost();
@@ -81,3 +83,5 @@ class QtHost : public Host {
 
 // Saves a picture of the form's window, shown or not; the ending of `file` tells its kind.
 bool screenshot(Form& form, const QString& file);
+
+}  // namespace torvane

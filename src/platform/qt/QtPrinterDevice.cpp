@@ -16,6 +16,8 @@
 #include "platform/RuntimeError.h"
 #include "platform/qt/io/QtText.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr int twipsToInch = 1440;
@@ -162,3 +164,5 @@ std::unique_ptr<Printer> pdfPrinter(const QString& file) {
   printer->setDocName(QFileInfo(file).completeBaseName());
   return std::make_unique<QtPrinterDevice>(std::move(printer));
 }
+
+}  // namespace torvane

@@ -12,6 +12,8 @@
 #include "platform/Printer.h"
 #include "platform/qt/QtFiles.h"
 
+namespace torvane {
+
 // Keeps the document until its end, and hands it over as a whole.
 class QtPrinterDevice final : public Printer {
  public:
@@ -53,3 +55,5 @@ class QtPrinterDevice final : public Printer {
 std::unique_ptr<Printer> choosePrinter(FileChooser& files, const std::string& document);
 // Prints into this file.
 std::unique_ptr<Printer> pdfPrinter(const QString& file);
+
+}  // namespace torvane

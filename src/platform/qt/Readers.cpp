@@ -7,6 +7,8 @@
 
 #include "platform/qt/Windows.h"
 
+namespace torvane {
+
 namespace {
 
 // Which one of a group is set is the controls' business, so the toolkit takes them for check boxes.
@@ -66,3 +68,5 @@ void tellScreenReaders() {
   QAccessible::removeFactory(interfaceOf);
   QAccessible::installFactory(interfaceOf);
 }
+
+}  // namespace torvane

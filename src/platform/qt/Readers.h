@@ -3,5 +3,9 @@
 // check boxes.
 #pragma once
 
+namespace torvane {
+
 // Once is enough; more do no harm.
 void tellScreenReaders();
+
+}  // namespace torvane

@@ -9,6 +9,8 @@
 #include "platform/qt/Ink.h"
 #include "platform/qt/io/QtText.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr int mostOfCell = 120;  // characters
@@ -105,3 +107,5 @@ void RowTable::changeEvent(QEvent* event) {
 }
 
 void RowTable::fitRows() { verticalHeader()->setDefaultSectionSize(fontMetrics().height() + air); }
+
+}  // namespace torvane

@@ -8,6 +8,8 @@
 
 #include "platform/Controls.h"
 
+namespace torvane {
+
 class RowModel : public QAbstractTableModel {
  public:
   using QAbstractTableModel::QAbstractTableModel;
@@ -46,3 +48,5 @@ class RowTable : public QTableView {
 
   RowModel rows_{this};
 };
+
+}  // namespace torvane

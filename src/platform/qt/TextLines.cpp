@@ -11,6 +11,8 @@
 
 #include "platform/qt/Bounds.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr int narrowest = 24;  // characters
@@ -84,3 +86,5 @@ void TextLines::paintEvent(QPaintEvent*) {
     top += height;
   }
 }
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 #include <QLabel>
 #include <QStringList>
 
+namespace torvane {
+
 // The layout tells the number of lines by the dynamic property "lines".
 class TextLines : public QLabel {
   Q_OBJECT
@@ -25,3 +27,5 @@ class TextLines : public QLabel {
  private:
   int room() const;  // lines
 };
+
+}  // namespace torvane

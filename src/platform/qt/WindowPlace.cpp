@@ -7,6 +7,8 @@
 
 #include "platform/qt/io/QtText.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr int farthest = 100'000;  // no desktop is wider; more than that is a fault of the file
@@ -102,3 +104,5 @@ QRect placeNextTo(const QRect& room, const QRect& other, const QList<QRect>& box
   }
   return best;
 }
+
+}  // namespace torvane

@@ -8,6 +8,8 @@
 
 #include "platform/qt/io/QtSettings.h"
 
+namespace torvane {
+
 // In the screen's own units, which a scale factor makes larger than pixels; the place is the frame's corner,
 // the size that of what is inside.
 struct WindowPlace {
@@ -29,3 +31,5 @@ QRect placeWithin(const QList<QRect>& screens, const QRect& wanted, QSize frame)
 // given boxes as can be.
 QRect placeNextTo(const QRect& room, const QRect& other, const QList<QRect>& boxes, QSize wanted, QSize least,
                   QSize frame);
+
+}  // namespace torvane

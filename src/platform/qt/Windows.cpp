@@ -27,6 +27,8 @@
 #include "platform/qt/WindowPlace.h"
 #include "platform/qt/io/QtText.h"
 
+namespace torvane {
+
 namespace {
 
 const Layout& layoutOf(const Form& form) {
@@ -290,3 +292,5 @@ QWidget* Windows::front() const {
       std::find_if(shown_.rbegin(), shown_.rend(), [](const auto& window) { return !window.isNull(); });
   return found == shown_.rend() ? nullptr : found->data();
 }
+
+}  // namespace torvane

@@ -14,6 +14,8 @@
 #include "platform/qt/PaintRate.h"
 #include "platform/qt/io/QtSettings.h"
 
+namespace torvane {
+
 // A top level widget that tells its form what happens to it. The layout may ask for a splash window, without
 // a frame, by the dynamic property "splash"; for one that leaves the keyboard where it is, by "beside"; and
 // for one that comes back where and as large as it was in the run before, by "remembered"; for one in which
@@ -80,3 +82,5 @@ class Windows {
   // The one in front last. One that is shown while modal ones wait for an answer lies beneath these.
   std::vector<QPointer<FormWindow>> shown_;
 };
+
+}  // namespace torvane

@@ -14,6 +14,8 @@
 #include <io.h>
 #endif
 
+namespace torvane {
+
 namespace {
 
 [[noreturn]] void failed(const QFile& file) {
@@ -67,3 +69,5 @@ void AppendedFile::append(std::string_view line) {
   const auto size = static_cast<qint64>(line.size());
   if (file_.write(line.data(), size) != size || !toDisk(file_)) failed(file_);
 }
+
+}  // namespace torvane

@@ -9,6 +9,8 @@
 #include <string>
 #include <string_view>
 
+namespace torvane {
+
 class AppendedFile {
  public:
   // Opens or makes the file and takes it for this process alone; what stands behind the first `keep` bytes
@@ -23,3 +25,5 @@ class AppendedFile {
   QLockFile lock_;
   QFile file_;
 };
+
+}  // namespace torvane

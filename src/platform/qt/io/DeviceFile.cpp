@@ -13,6 +13,8 @@
 #include "platform/qt/io/LockFile.h"
 #include "platform/qt/io/QtText.h"
 
+namespace torvane {
+
 namespace {
 
 bool hasFile(const std::string& device) { return device.starts_with('/'); }
@@ -109,3 +111,5 @@ std::optional<DeviceHolder> deviceHolder(const std::string& device) {
   if (!holder) return std::nullopt;
   return DeviceHolder{*holder, processName(*holder)};
 }
+
+}  // namespace torvane

@@ -6,6 +6,8 @@
 #include <optional>
 #include <string>
 
+namespace torvane {
+
 // Devices are paths from the root. Where the system gives them names of their own instead ("COM3"), there is
 // no file to look at: nothing is missing or forbidden then, and opening alone tells.
 
@@ -28,3 +30,5 @@ struct DeviceHolder {
 // Who has the device open: by its lock file, else by what each process that this user may look at has open.
 // This process does not count.
 std::optional<DeviceHolder> deviceHolder(const std::string& device);
+
+}  // namespace torvane

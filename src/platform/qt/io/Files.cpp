@@ -13,6 +13,8 @@
 #include "platform/RuntimeError.h"
 #include "platform/qt/io/QtText.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr qint64 portion = 1 << 20;  // bytes copied at a time
@@ -161,3 +163,5 @@ void overwriteWhole(const std::string& path, std::string_view bytes) {
   if (!openPresent(present)) failed(present, Fault::fileFault);
   writeInPlace(present, bytes, true);
 }
+
+}  // namespace torvane

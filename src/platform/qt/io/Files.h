@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+namespace torvane {
+
 // Where the user's own data of this program lies; made if need be.
 std::string dataFolder();
 void renameWhole(const std::string& from, const std::string& to);
@@ -19,3 +21,5 @@ void exchangeWhole(const std::string& path, std::string_view bytes);
 void replaceWhole(const std::string& path, std::string_view bytes);
 // What exchangeWhole does where the folder takes no second file.
 void overwriteWhole(const std::string& path, std::string_view bytes);
+
+}  // namespace torvane

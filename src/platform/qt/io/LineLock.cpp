@@ -9,6 +9,8 @@
 #include "platform/qt/io/LockFile.h"
 #include "platform/qt/io/QtText.h"
 
+namespace torvane {
+
 namespace {
 
 QString lockFile(const std::string& line) {
@@ -36,3 +38,5 @@ std::optional<LineHolder> LineLock::holder() const {
   if (!isAlive || process == QCoreApplication::applicationPid()) return std::nullopt;
   return LineHolder{process, typed(program)};
 }
+
+}  // namespace torvane

@@ -8,6 +8,8 @@
 #include <optional>
 #include <string>
 
+namespace torvane {
+
 struct LineHolder {
   std::int64_t process;
   std::string program;
@@ -24,3 +26,5 @@ class LineLock {
  private:
   QLockFile file_;
 };
+
+}  // namespace torvane

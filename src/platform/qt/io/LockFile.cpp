@@ -4,6 +4,8 @@
 
 #include <QFileInfo>
 
+namespace torvane {
+
 namespace {
 
 constexpr int madeWithin = 100;  // milliseconds; what is empty for longer stays so
@@ -21,3 +23,5 @@ void removeIfEmpty(const QString& lockFile) {
   const QFileInfo file(lockFile);
   if (file.isFile() && file.size() == 0) QLockFile(lockFile).removeStaleLockFile();
 }
+
+}  // namespace torvane

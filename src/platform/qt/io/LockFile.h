@@ -5,8 +5,12 @@
 
 #include <QLockFile>
 
+namespace torvane {
+
 // Whether the lock could be taken, at once or as soon as its last holder is gone. A living holder keeps it.
 bool takeLock(QLockFile& lock);
 
 // The lock file of something else's making: removed if it is empty and nobody holds it.
 void removeIfEmpty(const QString& lockFile);
+
+}  // namespace torvane

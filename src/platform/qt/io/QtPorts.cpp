@@ -9,6 +9,8 @@
 #include "platform/qt/io/DeviceFile.h"
 #include "platform/qt/io/QtText.h"
 
+namespace torvane {
+
 namespace {
 
 // Milliseconds.
@@ -85,3 +87,5 @@ std::string QtPorts::hint(int commPort) {
   return name + " is " + path + (adapter.empty() ? "" : " (" + adapter + ")") +
          (reason.empty() ? "." : ", " + reason + ".");
 }
+
+}  // namespace torvane

@@ -11,6 +11,8 @@
 
 #include "platform/qt/io/QtSettings.h"
 
+namespace torvane {
+
 // A serial device of the system: what opens it, and what its adapter calls itself (or its maker; may be
 // empty).
 struct SerialDevice {
@@ -54,3 +56,5 @@ class QtPorts {
   std::vector<SerialDevice> present_;
   QElapsedTimer age_;
 };
+
+}  // namespace torvane

@@ -14,6 +14,8 @@
 #include "platform/qt/io/DeviceFile.h"
 #include "platform/qt/io/QtText.h"
 
+namespace torvane {
+
 namespace {
 
 constinit std::vector<QtSerialPort*> ports;  // all there are, written by constructor and destructor
@@ -175,3 +177,5 @@ void QtSerialPort::waitForInput(double seconds) {
 void closeAllSerialPorts() {
   for (QtSerialPort* port : ports) port->close();
 }
+
+}  // namespace torvane

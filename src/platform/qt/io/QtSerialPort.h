@@ -9,6 +9,8 @@
 
 #include "platform/SerialPort.h"
 
+namespace torvane {
+
 // After a fault of the line (hang-up, device gone) the port is closed, and the next call throws the system's
 // words once; every later one finds the port not open.
 class QtSerialPort : public SerialPort {
@@ -44,3 +46,5 @@ class QtSerialPort : public SerialPort {
 
 // For the end of the program in the middle of something.
 void closeAllSerialPorts();
+
+}  // namespace torvane

@@ -4,6 +4,8 @@
 
 #include "platform/qt/io/QtText.h"
 
+namespace torvane {
+
 namespace {
 
 constexpr const char* companyName = "Ashgrove Electronics";
@@ -35,3 +37,5 @@ void QtSettings::remove(const std::string& path) { tree_.remove(keyOf(path)); }
 void QtSettings::sync() { tree_.sync(); }
 
 std::string QtSettings::fileName() const { return typed(tree_.fileName()); }
+
+}  // namespace torvane

@@ -5,6 +5,8 @@
 #include <QSettings>
 #include <string>
 
+namespace torvane {
+
 class QtSettings {
  public:
   QtSettings();
@@ -24,3 +26,5 @@ class QtSettings {
 };
 
 constexpr const char* programTitle = "Torvane Configuration";
+
+}  // namespace torvane

@@ -10,6 +10,8 @@
 
 #include "platform/qt/io/QtText.h"
 
+namespace torvane {
+
 namespace {
 
 bool isPort(int number) { return number >= 0 && number <= std::numeric_limits<quint16>::max(); }
@@ -88,3 +90,5 @@ void QtSocket::noteEnd(QAbstractSocket::SocketError error) {
   };
   QMetaObject::invokeMethod(&events_, raiseError, Qt::QueuedConnection);
 }
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 
 #include "platform/Socket.h"
 
+namespace torvane {
+
 class QtSocket : public Socket {
  public:
   QtSocket();
@@ -29,3 +31,5 @@ class QtSocket : public Socket {
   std::string arrived_;                    // and not taken yet
   SocketState end_ = SocketState::closed;  // how the connection ended by itself: peerIsClosing or error
 };
+
+}  // namespace torvane

@@ -4,6 +4,8 @@
 
 #include <QStringDecoder>
 
+namespace torvane {
+
 QString shown(std::string_view text) {
   const QByteArrayView bytes(text.data(), static_cast<qsizetype>(text.size()));
   QStringDecoder utf8(QStringDecoder::Utf8);
@@ -21,3 +23,5 @@ QString withMnemonic(QString caption, const QString& mnemonic) {
   const auto at = mnemonic.isEmpty() ? -1 : caption.indexOf(mnemonic, 0, Qt::CaseInsensitive);
   return at < 0 ? caption : caption.insert(at, QChar('&'));
 }
+
+}  // namespace torvane

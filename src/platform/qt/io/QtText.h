@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+namespace torvane {
+
 // Valid UTF-8 as such, anything else as Latin-1, since replies of a unit are bytes of no known code. "\r\n"
 // and "\r" become line feeds, and a NUL is shown as U+FFFD.
 QString shown(std::string_view text);
@@ -13,3 +15,5 @@ QString shown(std::string_view text);
 std::string typed(const QString& text);
 // The caption with "&" in front of the first `mnemonic`, upper or lower case; unchanged where there is none.
 QString withMnemonic(QString caption, const QString& mnemonic);
+
+}  // namespace torvane

@@ -11,6 +11,8 @@
 #include <unistd.h>
 #endif
 
+namespace torvane {
+
 namespace {
 
 std::atomic<bool> interrupted = false;
@@ -41,3 +43,5 @@ void watchInterrupts() {
 bool wasInterrupted() { return interrupted; }
 
 void interrupt() { interrupted = true; }
+
+}  // namespace torvane

@@ -2,6 +2,8 @@
 // What a program without windows has of its terminal.
 #pragma once
 
+namespace torvane {
+
 // Whether a person looks at what goes to the error output.
 bool errorsGoToATerminal();
 
@@ -10,3 +12,5 @@ void watchInterrupts();
 bool wasInterrupted();
 // As if Ctrl+C had been pressed; from any thread.
 void interrupt();
+
+}  // namespace torvane
