@@ -8,17 +8,28 @@
 #include "core/Program.h"
 #include "dialogs/SetupFiles.h"
 #include "editor/frmBigFolder.h"
+#include "platform/qt/Drawings.h"
 #include "platform/qt/Outlines.h"
 #include "platform/qt/QtHost.h"
 
 using namespace torvane;
+
+namespace {
+
+QIcon programIcon() {
+  QIcon icon;
+  for (const int size : {16, 24, 32, 48, 64, 128}) icon.addPixmap(drawn("app", {}, QSize(size, size), 1.0));
+  return icon;
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName(program::title);
   QApplication::setOrganizationName(program::company);
   takeOutlines();
-  QApplication::setWindowIcon(QIcon(":/pictures/app.svg"));
+  QApplication::setWindowIcon(programIcon());
   QtHost machine;
   setHost(&machine);
   try {

@@ -17,9 +17,9 @@
 #include "core/Model.h"
 #include "platform/Form.h"
 #include "platform/RuntimeError.h"
-#include "platform/qt/io/QtSerialPort.h"
 #include "platform/qt/io/QtSocket.h"
 #include "platform/qt/io/QtText.h"
+#include "platform/qt/io/SerialPorts.h"
 #include "platform/qt/io/Terminal.h"
 #include "tool/PdfPaper.h"
 
@@ -91,7 +91,7 @@ std::string ToolHost::deviceOf(int commPort) { return device.empty() ? ports_.de
 
 std::unique_ptr<SerialPort> ToolHost::makeSerialPort() {
   if (atDesk) return std::make_unique<NoPort>();
-  return std::make_unique<QtSerialPort>([this](int commPort) { return deviceOf(commPort); });
+  return systemSerialPort([this](int commPort) { return deviceOf(commPort); });
 }
 
 std::unique_ptr<Socket> ToolHost::makeSocket() { return std::make_unique<QtSocket>(); }

@@ -16,6 +16,7 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/qt/io/DeviceFile.h"
+#include "platform/qt/io/SerialPorts.h"
 #include "qt/Pseudo.h"
 
 namespace torvane {

@@ -3,10 +3,10 @@
 #include "platform/qt/PictureView.h"
 
 #include <QEvent>
-#include <QFile>
 #include <QPainter>
 #include <QPixmapCache>
-#include <QSvgRenderer>
+
+#include "platform/qt/Drawings.h"
 
 namespace torvane {
 
@@ -14,42 +14,22 @@ namespace {
 
 constexpr int drawnForFont = 16;  // pixels of line height that the drawings' own sizes are made for
 
-QString fileOf(const QString& name) { return QStringLiteral(":/pictures/%1.svg").arg(name); }
-
-// The drawing with its ink, #000001, and its paper, #FFFFFE, replaced by the given colours; empty if there is
-// none of that name.
-QByteArray drawing(const QString& name, const QColor& ink, const QColor& paper) {
-  QFile file(fileOf(name));
-  if (name.isEmpty() || !file.open(QIODevice::ReadOnly)) return {};
-  const QByteArray svg = file.readAll().replace("#000001", ink.name().toLatin1());
-  return QByteArray(svg).replace("#FFFFFE", paper.name().toLatin1());
-}
-
-// Largest within `size` that keeps the drawing's ratio; the rest is transparent.
-QPixmap draw(const QByteArray& svg, QSize size, qreal ratio) {
-  QPixmap pixmap(size * ratio);
-  pixmap.setDevicePixelRatio(ratio);
-  pixmap.fill(Qt::transparent);
-  QSvgRenderer renderer(svg);
-  renderer.setAspectRatioMode(Qt::KeepAspectRatio);
-  QPainter painter(&pixmap);
-  renderer.render(&painter, QRectF(QPointF(0, 0), QSizeF(size)));
-  return pixmap;
-}
-
 // The same pixmap for the same icon: the toolkit caches icons by pixmap, so a new one for each window that
 // comes would leave a copy behind.
-QPixmap drawnOnce(const QByteArray& svg, QSize size, qreal ratio) {
-  const QString key = QStringLiteral("%1 %2 %3").arg(QString::fromLatin1(svg)).arg(size.width()).arg(ratio);
+QPixmap drawnOnce(const QString& name, const Inks& inks, QSize size, qreal ratio) {
+  const QString key = QStringLiteral("%1 %2 %3 %4 %5")
+                          .arg(name, inks.ink.name(), inks.paper.name())
+                          .arg(size.width())
+                          .arg(ratio);
   QPixmap pixmap;
   if (QPixmapCache::find(key, &pixmap)) return pixmap;
-  pixmap = draw(svg, size, ratio);
+  pixmap = drawn(name, inks, size, ratio);
   QPixmapCache::insert(key, pixmap);
   return pixmap;
 }
 
-QSize sizeFor(const QByteArray& svg, const QWidget& widget) {
-  return QSvgRenderer(svg).defaultSize() * widget.fontMetrics().height() / drawnForFont;
+QSize sizeFor(const QString& name, const QWidget& widget) {
+  return drawingSize(name) * widget.fontMetrics().height() / drawnForFont;
 }
 
 bool changesLook(const QEvent& event) {
@@ -59,12 +39,12 @@ bool changesLook(const QEvent& event) {
 
 }  // namespace
 
-bool hasPicture(const QString& name) { return QFile::exists(fileOf(name)); }
+bool hasPicture(const QString& name) { return hasDrawing(name); }
 
 QPixmap drawnPicture(const QString& name, const QWidget& page, QPalette::ColorRole ink) {
-  const QByteArray svg = drawing(name, page.palette().color(ink), page.palette().color(QPalette::Base));
-  if (svg.isEmpty()) return {};
-  return draw(svg, sizeFor(svg, page), page.devicePixelRatioF());
+  if (!hasDrawing(name)) return {};
+  return drawn(name, {page.palette().color(ink), page.palette().color(QPalette::Base)}, sizeFor(name, page),
+               page.devicePixelRatioF());
 }
 
 PictureView::PictureView(QWidget* parent) : QWidget(parent) {}
@@ -78,18 +58,16 @@ void PictureView::setPicture(const QString& name) {
 }
 
 QSize PictureView::sizeHint() const {
-  const QByteArray svg = drawing(name_, Qt::black, Qt::white);
-  if (svg.isEmpty()) return {};
-  return sizeFor(svg, *this);
+  if (!hasDrawing(name_)) return {};
+  return sizeFor(name_, *this);
 }
 
 void PictureView::paintEvent(QPaintEvent*) {
   const qreal ratio = devicePixelRatioF();
   if (drawn_.isNull() || drawn_.size() != size() * ratio) {
-    const QByteArray svg =
-        drawing(name_, palette().color(QPalette::WindowText), palette().color(QPalette::Base));
-    if (svg.isEmpty() || size().isEmpty()) return;
-    drawn_ = draw(svg, size(), ratio);
+    if (!hasDrawing(name_) || size().isEmpty()) return;
+    drawn_ =
+        drawn(name_, {palette().color(QPalette::WindowText), palette().color(QPalette::Base)}, size(), ratio);
   }
   QPainter(this).drawPixmap(0, 0, drawn_);
 }
@@ -115,13 +93,12 @@ bool ButtonPicture::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void ButtonPicture::draw() {
-  const QByteArray svg =
-      drawing(name_, button_.palette().color(QPalette::ButtonText), button_.palette().color(QPalette::Base));
-  if (svg.isEmpty()) return;
+  if (!hasDrawing(name_)) return;
+  const Inks inks{button_.palette().color(QPalette::ButtonText), button_.palette().color(QPalette::Base)};
   const int height = button_.fontMetrics().height() * 3 / 2;
   const QSize size(height, height);
   button_.setIconSize(size);
-  button_.setIcon(QIcon(drawnOnce(svg, size, button_.devicePixelRatioF())));
+  button_.setIcon(QIcon(drawnOnce(name_, inks, size, button_.devicePixelRatioF())));
 }
 
 }  // namespace torvane

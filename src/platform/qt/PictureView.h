@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Drawings of the program: ":/pictures/<name>.svg", in the colours of the palette, growing with the font.
+// Drawings of the program, in the colours of the palette, growing with the font.
 #pragma once
 
 #include <QIcon>

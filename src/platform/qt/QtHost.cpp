@@ -19,9 +19,9 @@
 #include "platform/qt/HelpWindow.h"
 #include "platform/qt/QtFiles.h"
 #include "platform/qt/QtPrinterDevice.h"
-#include "platform/qt/io/QtSerialPort.h"
 #include "platform/qt/io/QtSocket.h"
 #include "platform/qt/io/QtText.h"
+#include "platform/qt/io/SerialPorts.h"
 
 namespace torvane {
 
@@ -123,7 +123,7 @@ void QtHost::saveSetting(const std::string& path, const std::string& value) { se
 void QtHost::deleteSetting(const std::string& path) { settings_.remove(path); }
 
 std::unique_ptr<SerialPort> QtHost::makeSerialPort() {
-  return std::make_unique<QtSerialPort>([this](int commPort) { return ports_.device(commPort); });
+  return systemSerialPort([this](int commPort) { return ports_.device(commPort); });
 }
 
 std::string QtHost::serialPortHint(int commPort) {

@@ -3,7 +3,6 @@
 #include "platform/qt/io/QtPorts.h"
 
 #include <QFileInfo>
-#include <QSerialPortInfo>
 #include <algorithm>
 
 #include "platform/qt/io/DeviceFile.h"
@@ -19,11 +18,6 @@ constexpr qint64 longestPause = 60'000;  // between two openings in one run
 
 std::string portName(int commPort) { return std::string("COM ").append(std::to_string(commPort)); }
 
-// A device without a file is known by its name; its place would read "\\.\COM3".
-QString pathOf(const QSerialPortInfo& info) {
-  return info.systemLocation().startsWith('/') ? info.systemLocation() : info.portName();
-}
-
 // Links of one's own lead to a device under its own name.
 QString canonical(const QString& path) {
   const QString target = QFileInfo(path).canonicalFilePath();
@@ -31,15 +25,6 @@ QString canonical(const QString& path) {
 }
 
 }  // namespace
-
-std::vector<SerialDevice> serialDevicesPresent() {
-  std::vector<SerialDevice> devices;
-  for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts()) {
-    const QString name = info.description().isEmpty() ? info.manufacturer() : info.description();
-    devices.push_back({pathOf(info), name.simplified()});
-  }
-  return devices;
-}
 
 std::string QtPorts::chosen(int commPort) const {
   return settings_.value(std::string(programTitle) + "/Ports/" + portName(commPort));

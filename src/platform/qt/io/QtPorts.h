@@ -10,18 +10,9 @@
 #include <vector>
 
 #include "platform/qt/io/QtSettings.h"
+#include "platform/qt/io/SerialPorts.h"
 
 namespace torvane {
-
-// A serial device of the system: what opens it, and what its adapter calls itself (or its maker; may be
-// empty).
-struct SerialDevice {
-  QString path;
-  QString adapter;
-};
-
-// All that are present, in the system's order.
-std::vector<SerialDevice> serialDevicesPresent();
 
 class QtPorts {
  public:

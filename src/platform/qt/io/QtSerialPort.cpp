@@ -2,8 +2,6 @@
 // A serial port on a device file: opened exclusively, without handshake.
 #include "platform/qt/io/QtSerialPort.h"
 
-#include <QCoreApplication>
-#include <QEvent>
 #include <QStringList>
 #include <algorithm>
 #include <cmath>
@@ -12,6 +10,7 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/qt/io/DeviceFile.h"
+#include "platform/qt/io/PaintDue.h"
 #include "platform/qt/io/QtText.h"
 
 namespace torvane {
@@ -35,13 +34,6 @@ bool isHarmless(QSerialPort::SerialPortError error) {
 // one.
 bool isHangUp(QSerialPort::SerialPortError error) {
   return error == QSerialPort::ResourceError || error == QSerialPort::ReadError;
-}
-
-// The line is slower than the screen: what has changed on the windows is painted while bytes are under way.
-// Nothing but layout and painting is served, so nothing the user does gets in between.
-void paintWhatIsDue() {
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateRequest);
 }
 
 QSerialPort::Parity parityOf(const QString& letter) {
@@ -174,7 +166,7 @@ void QtSerialPort::waitForInput(double seconds) {
   if (!came) checkDevice();
 }
 
-void closeAllSerialPorts() {
+void closeAllQtSerialPorts() {
   for (QtSerialPort* port : ports) port->close();
 }
 

@@ -44,7 +44,6 @@ class QtSerialPort : public SerialPort {
   QSerialPort port_;
 };
 
-// For the end of the program in the middle of something.
-void closeAllSerialPorts();
+void closeAllQtSerialPorts();
 
 }  // namespace torvane
