@@ -22,9 +22,11 @@ struct Address {
   sockaddr* get() { return reinterpret_cast<sockaddr*>(&storage); }
 };
 
-Address loopback(int family, int port) {
+int number(Family family) { return family == Family::ipv4 ? AF_INET : AF_INET6; }
+
+Address loopback(Family family, int port) {
   Address address;
-  if (family == AF_INET) {
+  if (family == Family::ipv4) {
     sockaddr_in in = {};
     in.sin_family = AF_INET;
     in.sin_port = htons(static_cast<std::uint16_t>(port));
@@ -47,11 +49,11 @@ void setFlag(int file, int level, int name) {
   setsockopt(file, level, name, &on, sizeof on);
 }
 
-int bound(int family, int port) {
-  const int file = socket(family, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+int bound(Family family, int port) {
+  const int file = socket(number(family), SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
   if (file < 0) return -1;
   setFlag(file, SOL_SOCKET, SO_REUSEADDR);
-  if (family == AF_INET6) setFlag(file, IPPROTO_IPV6, IPV6_V6ONLY);
+  if (family == Family::ipv6) setFlag(file, IPPROTO_IPV6, IPV6_V6ONLY);
   Address address = loopback(family, port);
   if (bind(file, address.get(), address.size) == 0) return file;
   const int fault = errno;
@@ -62,13 +64,13 @@ int bound(int family, int port) {
 
 }  // namespace
 
-int boundSocket(int family, int port) {
+int boundSocket(Family family, int port) {
   const int file = bound(family, port);
   if (file < 0) throw std::system_error(errno, std::generic_category(), "TCP port " + std::to_string(port));
   return file;
 }
 
-bool hasFamily(int family) {
+bool hasFamily(Family family) {
   const int file = bound(family, 0);
   if (file >= 0) close(file);
   return file >= 0;
@@ -81,8 +83,10 @@ int portOf(int file) {
   return ntohs(reinterpret_cast<const sockaddr_in*>(&address.storage)->sin_port);
 }
 
-int connectedSocket(int family, int port) {
-  const int file = socket(family, SOCK_STREAM | SOCK_CLOEXEC, 0);
+void takeConnections(int file, int queueLength) { listen(file, queueLength); }
+
+int connectedSocket(Family family, int port) {
+  const int file = socket(number(family), SOCK_STREAM | SOCK_CLOEXEC, 0);
   Address address = loopback(family, port);
   if (file < 0 || connect(file, address.get(), address.size) == 0) return file;
   close(file);
@@ -108,6 +112,8 @@ std::size_t writeSome(int file, std::string_view bytes) {
 }
 
 void endSaying(int file) { shutdown(file, SHUT_WR); }
+
+void closeSocket(int file) { close(file); }
 
 void closeAbruptly(int file) {
   const linger atOnce = {1, 0};

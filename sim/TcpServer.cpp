@@ -2,15 +2,7 @@
 // Bridges on real TCP ports of this machine, in the caller's thread or in one of its own.
 #include "sim/TcpServer.h"
 
-#include <sys/epoll.h>
-#include <sys/socket.h>
-#include <sys/timerfd.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <array>
-#include <cerrno>
-#include <cmath>
 #include <limits>
 #include <system_error>
 #include <utility>
@@ -21,65 +13,38 @@ namespace sim {
 
 namespace {
 
-constexpr int queueLength = 16;     // connections that wait to be accepted
-constexpr int attempts = 20;        // at a port that is free for both kinds of address
-constexpr double longest = 1000.0;  // seconds that the timer is set to at most
-
-int checked(int file, const char* what) {
-  if (file < 0) throw std::system_error(errno, std::generic_category(), what);
-  return file;
-}
-
-int milliseconds(double seconds) {
-  return seconds < 0 ? -1 : static_cast<int>(std::ceil(std::min(seconds, longest) * 1000));
-}
-
-// At least a nanosecond, since nothing at all would stop the timer.
-timespec duration(double seconds) {
-  const double limited = std::clamp(seconds, 1e-9, longest);
-  const double whole = std::floor(limited);
-  return {static_cast<time_t>(whole), static_cast<long>(std::ceil((limited - whole) * 999'999'999))};
-}
+constexpr int queueLength = 16;  // connections that wait to be accepted
+constexpr int attempts = 20;     // at a port that is free for both kinds of address
 
 }  // namespace
 
-TcpServer::TcpServer(TcpOptions options)
-    : options_(std::move(options)),
-      epoll_(checked(epoll_create1(EPOLL_CLOEXEC), "events")),
-      timer_(timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK)) {
-  if (timer_ < 0) close(epoll_);
-  checked(timer_, "timer");
-  watch(bell_.file(), EPOLLIN, false);
-  watch(timer_, EPOLLIN, false);
-}
+TcpServer::TcpServer(TcpOptions options) : options_(std::move(options)) {}
 
 TcpServer::~TcpServer() {
   stop();
   while (!links_.empty()) hangUp(links_.begin()->first, false);
   for (Door& door : doors_) closeDoor(door);
-  close(timer_);
-  close(epoll_);
 }
 
 int TcpServer::listen(int port, Bridge& bridge) {
   const std::scoped_lock lock(mutex_);
-  const bool bothKinds = hasFamily(AF_INET6);
+  const bool bothKinds = hasFamily(Family::ipv6);
   for (int attempt = 1;; ++attempt) {
-    const int first = boundSocket(AF_INET, port);
+    const int first = boundSocket(Family::ipv4, port);
     const int found = portOf(first);
-    Door four{AF_INET, found, &bridge, first};
-    Door six{AF_INET6, found, &bridge};
+    Door four{Family::ipv4, found, &bridge, first};
+    Door six{Family::ipv6, found, &bridge};
     try {
-      if (bothKinds) six.file = boundSocket(AF_INET6, found);
+      if (bothKinds) six.file = boundSocket(Family::ipv6, found);
     } catch (const std::system_error&) {
-      close(first);
+      closeSocket(first);
       if (port != 0 || attempt == attempts) throw;
       continue;
     }
     for (Door* const door : {&four, &six}) {
       if (door->file >= 0) openDoor(doors_.emplace_back(*door));
     }
-    bell_.ring();
+    waiter_.bell().ring();
     return found;
   }
 }
@@ -88,14 +53,14 @@ int TcpServer::listen(int port, Bridge& bridge) {
 void TcpServer::openDoor(Door& door) {
   door.reach = door.bridge->faults.reach;
   if (door.reach == Reach::refuses) return;
-  ::listen(door.file, door.reach == Reach::accepts ? queueLength : 0);
-  if (door.reach == Reach::accepts) return watch(door.file, EPOLLIN, false);
+  takeConnections(door.file, door.reach == Reach::accepts ? queueLength : 0);
+  if (door.reach == Reach::accepts) return waiter_.watch(door.file);
   door.filler = connectedSocket(door.family, door.port);
 }
 
 void TcpServer::closeDoor(Door& door) {
   if (door.filler >= 0) closeAbruptly(std::exchange(door.filler, -1));
-  close(std::exchange(door.file, -1));
+  closeSocket(std::exchange(door.file, -1));
 }
 
 void TcpServer::poll(double timeout) {
@@ -103,11 +68,7 @@ void TcpServer::poll(double timeout) {
     const std::scoped_lock lock(mutex_);
     settle();
   }
-  std::array<epoll_event, 32> events{};
-  const int count = epoll_wait(epoll_, events.data(), static_cast<int>(events.size()), milliseconds(timeout));
-  std::vector<int> ready;
-  ready.reserve(events.size());
-  for (int at = 0; at < count; ++at) ready.push_back(events[static_cast<std::size_t>(at)].data.fd);
+  const std::vector<int> ready = waiter_.wait(timeout);
   const std::scoped_lock lock(mutex_);
   serve(ready);
   settle();
@@ -117,7 +78,7 @@ void TcpServer::run() {
   while (!stopping_) poll(-1);
 }
 
-int TcpServer::file() const { return epoll_; }
+int TcpServer::file() const { return waiter_.file(); }
 
 void TcpServer::start() {
   if (thread_.joinable()) return;
@@ -132,7 +93,7 @@ void TcpServer::stop() {
 
 void TcpServer::requestStop() {
   stopping_ = true;
-  bell_.ring();
+  waiter_.bell().ring();
 }
 
 double TcpServer::now() const {
@@ -151,20 +112,18 @@ void TcpServer::settle() {
   setTimer();
 }
 
-void TcpServer::setTimer() const {
+void TcpServer::setTimer() {
   double next = std::numeric_limits<double>::infinity();
   for (const auto& [file, link] : links_) {
     if (!link.due.empty()) next = std::min(next, link.due.begin()->first);
   }
-  itimerspec timing = {};
-  if (!std::isinf(next)) timing.it_value = duration(next - now());
-  timerfd_settime(timer_, 0, &timing, nullptr);
+  waiter_.wakeIn(next - now());
 }
 
 // Whoever hung up is heard before whoever comes in: it may be the same.
 void TcpServer::serve(const std::vector<int>& ready) {
   for (const int file : ready) {
-    if (file == bell_.file()) bell_.clear();
+    if (file == waiter_.bell().file()) waiter_.bell().clear();
     if (links_.contains(file)) hear(file);
   }
   for (const Door& door : doors_) {
@@ -180,7 +139,7 @@ void TcpServer::serve(const std::vector<int>& ready) {
 void TcpServer::welcome(const Door& door) {
   for (int file = acceptedSocket(door.file); file >= 0; file = acceptedSocket(door.file)) {
     queue(links_.emplace(file, Link{door.bridge}).first->second, door.bridge->connect(now()));
-    watch(file, EPOLLIN, false);
+    waiter_.watch(file);
   }
 }
 
@@ -234,7 +193,7 @@ void TcpServer::flush(int file, Link& link) {
     link.sent += taken;
   }
   const bool stuck = link.sent < link.outbox.size();
-  if (stuck != std::exchange(link.stuck, stuck)) watch(file, stuck ? EPOLLIN | EPOLLOUT : EPOLLIN, true);
+  if (stuck != std::exchange(link.stuck, stuck)) waiter_.watchForRoom(file, stuck);
   if (stuck) return;
   link.outbox.clear();
   link.sent = 0;
@@ -253,15 +212,8 @@ void TcpServer::hangUp(int file, bool abrupt) {
   if (abrupt) {
     closeAbruptly(file);
   } else {
-    close(file);
+    closeSocket(file);
   }
-}
-
-void TcpServer::watch(int file, unsigned events, bool known) const {
-  epoll_event event = {};
-  event.events = events;
-  event.data.fd = file;
-  epoll_ctl(epoll_, known ? EPOLL_CTL_MOD : EPOLL_CTL_ADD, file, &event);
 }
 
 }  // namespace sim

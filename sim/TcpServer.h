@@ -13,7 +13,8 @@
 #include <vector>
 
 #include "sim/Bridge.h"
-#include "sim/WakeUp.h"
+#include "sim/Loopback.h"
+#include "sim/Waiter.h"
 
 namespace sim {
 
@@ -50,7 +51,7 @@ class TcpServer {
   // server.with([&] { bridge.faults.silent = true; }).
   template <typename Use>
   auto with(Use use) {
-    const WakeAtEnd wakeAtEnd{bell_};
+    const WakeAtEnd wakeAtEnd{waiter_.bell()};
     const std::scoped_lock lock(mutex_);
     return use();
   }
@@ -64,7 +65,7 @@ class TcpServer {
   };
   // One address of a port.
   struct Door {
-    int family;
+    Family family;
     int port;
     Bridge* bridge;
     int file = -1;
@@ -93,13 +94,10 @@ class TcpServer {
   void flush(int file, Link& link);
   void tell();
   void hangUp(int file, bool abrupt);
-  void watch(int file, unsigned events, bool known) const;
-  void setTimer() const;
+  void setTimer();
 
   TcpOptions options_;
-  WakeUp bell_;
-  int epoll_ = -1;
-  int timer_ = -1;
+  Waiter waiter_;
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
   std::list<Door> doors_;
   std::map<int, Link> links_;  // by their file

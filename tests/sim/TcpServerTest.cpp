@@ -60,7 +60,7 @@ TEST_F(Tcp, PollReturnsWhenItsTimeIsOver) {
 TEST_F(Tcp, StandsAtBothKindsOfAddress) {
   const int port = serve();
   EXPECT_EQ(TestSocket(port, "127.0.0.1").ask("*R07"), "R0704\r");
-  if (sim::hasFamily(AF_INET6)) {
+  if (sim::hasFamily(sim::Family::ipv6)) {
     EXPECT_EQ(TestSocket(port, "::1").ask("*R07"), "R0704\r");
   }
 }
