@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/IndexWords.h"
 #include "core/NumberText.h"
 #include "editor/frmBigFolder.h"
 
@@ -13,14 +14,6 @@ namespace torvane {
 namespace {
 
 constexpr std::size_t kindOfControl = 3;  // letters in front of a name: "txt", "cbo", "lst"
-
-std::string lower(std::string_view text) {
-  std::string result(text);
-  for (char& sign : result) {
-    if (sign >= 'A' && sign <= 'Z') sign = static_cast<char>(sign - 'A' + 'a');
-  }
-  return result;
-}
 
 // The page that the control lies on; -1 outside of all, and for what is out of sight or out of use.
 int tabOf(const frmBigFolder& editor, const Control& control) {
@@ -68,7 +61,7 @@ bool isBox(const Control& control) {
 }
 
 bool hasAll(const std::string& text, std::string_view words) {
-  const std::string wanted = lower(words);
+  const std::string wanted = lowerCase(words);
   for (std::size_t begin = 0; begin < wanted.size();) {
     const std::size_t end = std::min(wanted.find(' ', begin), wanted.size());
     if (text.find(wanted.substr(begin, end - begin)) == text.npos) return false;
@@ -91,7 +84,7 @@ std::vector<FoundBox> searchSetup(const frmBigFolder& editor, std::string_view w
     const std::string around = frame == nullptr ? "" : frame->caption();
     std::string all;
     for (const std::string& text : {caption, around, label, control->toolTip()}) all.append(text).append(" ");
-    if (!hasAll(lower(all), words)) continue;
+    if (!hasAll(lowerCase(all + otherWords(all)), words)) continue;
     std::string line = caption;
     line.append(": ").append(label).append(": ").append(valueOf(*control));
     found.push_back({control, tab, std::move(line)});

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The boxes of the main window by words: those of their labels, captions, frames and tips.
+// The boxes of the main window by words: those of their labels, captions, frames and tips, and the other
+// words that the index has for these.
 #pragma once
 
 #include <string>

@@ -2,6 +2,7 @@
 // Search in the setup: what is found, and the way there.
 #include <algorithm>
 
+#include "core/IndexWords.h"
 #include "dialogs/frmSearch.h"
 #include "editor/SetupSearch.h"
 #include "tests/editor/EditorTest.h"
@@ -23,6 +24,25 @@ TEST_F(Search, FindsABoxWithItsTabAndWhatStandsInIt) {
   const auto found = lines("dead");
   EXPECT_TRUE(std::ranges::count(found, "Out1: Dead band: 020.0") == 1);
   EXPECT_EQ(lines("DEAD band out1").size(), 1U) << "all words, in any order and case";
+}
+
+TEST_F(Search, FindsABoxByOtherWordsForIt) {
+  EXPECT_EQ(lines("hysteresis out1"), lines("dead band out1"));
+  EXPECT_EQ(lines("password"), lines("id code"));
+}
+
+// A word of the index that finds nothing would be one that nobody wants.
+TEST_F(Search, EveryWordOfTheIndexIsOfSomethingInTheSetup) {
+  std::string all;
+  for (const Control* control : editor.controls) {
+    all += control->toolTip() + " ";
+    if (const auto* captioned = dynamic_cast<const CaptionedControl*>(control))
+      all += captioned->caption() + " ";
+  }
+  for (const IndexEntry& entry : indexEntries()) {
+    EXPECT_NE(lowerCase(all).find(entry.term), std::string::npos) << entry.term;
+    EXPECT_EQ(lowerCase(entry.term), entry.term);
+  }
 }
 
 TEST_F(Search, FindsNothingThatIsOutOfSightOrOutOfUse) {

@@ -6,9 +6,12 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 #include <QTextDocument>
 #include <algorithm>
 #include <functional>
+
+#include "core/IndexWords.h"
 
 namespace torvane {
 
@@ -21,13 +24,27 @@ QByteArray contentOf(const QString& name) {
   return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+// A page that says "index" describes boxes of the main window, which it has in bold. It is found by the words
+// that find these there.
+QString keywordsOf(const QJsonObject& row, const QByteArray& html) {
+  const QString own = row["keywords"].toString();
+  if (own != "index") return own;
+  const QRegularExpression bold("<(?:b|h1)>(.*?)</");
+  QString names;
+  for (auto match = bold.globalMatch(QString::fromUtf8(html)); match.hasNext();) {
+    names += match.next().captured(1) + ' ';
+  }
+  return QString::fromStdString(otherWords(names.toStdString()));
+}
+
 HelpPage readPage(const QJsonObject& row) {
+  const QByteArray html = contentOf(row["page"].toString());
   QTextDocument document;
-  document.setHtml(QString::fromUtf8(contentOf(row["page"].toString())));
+  document.setHtml(QString::fromUtf8(html));
   HelpPage page;
   page.file = row["page"].toString();
   page.title = document.metaInformation(QTextDocument::DocumentTitle);
-  page.keywords = row["keywords"].toString();
+  page.keywords = keywordsOf(row, html);
   page.text = (page.title + ' ' + page.keywords + ' ' + document.toPlainText()).simplified();
   return page;
 }
