@@ -8,8 +8,10 @@
 #include "core/Memo.h"
 #include "core/Model.h"
 #include "core/NumberText.h"
+#include "platform/Host.h"
 #include "protocol/Probe.h"
 #include "protocol/SerialChannel.h"
+#include "runs/NoWay.h"
 
 namespace torvane {
 
@@ -34,12 +36,6 @@ constexpr const char* nothingFound =
     "\r"
     "Manual configuration is accomplished by mean of the COMM tab from the main screen.\r"
     "Click 'Cancel' to make communication settings changes.";
-
-// What the text above asks of the controller is not the reason then.
-constexpr const char* noPortOpened =
-    "\rNo serial port could be opened, so no controller was asked, and its settings are not the reason. The "
-    "line "
-    "of the port on the tab Comm says what is.";
 
 // The factory's line settings; a unit that speaks others isn't looked for.
 constexpr const char* factoryLine = "9600,o,7,1";
@@ -70,9 +66,12 @@ std::optional<int> scanPorts(Run& run, SerialChannel& channel, int except) {
   return {};
 }
 
-void sayNothingFound(Run& run, const SerialChannel& channel) {
+// What the text asks of the controller is not the reason where no port could be opened; what the system says
+// of the chosen port is.
+void sayNothingFound(Run& run, const SerialChannel& channel, int chosen) {
   run.view.wizardSays(nothingFound);
-  if (!channel.everOpened()) run.view.wizardAdds(noPortOpened);
+  if (channel.everOpened()) return;
+  run.view.wizardAdds("\r" + std::string(noWay::noPortOpens.advice) + ". " + host().serialPortHint(chosen));
 }
 
 }  // namespace
@@ -87,7 +86,7 @@ void SerialTestConnect(Run& run, SerialChannel& channel) {
   if (findsUnitOn(run, channel, chosen, 0)) found = chosen;
   if (!found && !run.reading) found = scanPorts(run, channel, chosen);
   run.view.upProg(100);
-  if (!found) return sayNothingFound(run, channel);
+  if (!found) return sayNothingFound(run, channel, chosen);
   run.view.choosePort(*found);
   run.view.wizardAdds("Connection Wizard detected your controller on COM" + numberText(std::int32_t{*found}) +
                       ".\r\rTo finalize the configuration, click Finish.");

@@ -31,11 +31,16 @@ const NoWay noPortChosen = {
     "First choose the port of the cable to the unit above, or press Connect: the wizard "
     "looks for the unit on every port"};
 
+const NoWay noPortOpens = {
+    "No port opens",
+    "No serial port could be opened, so no controller was asked, and its settings are not the reason"};
+
 }  // namespace noWay
 
 std::span<const NoWay* const> noWays() {
-  static const NoWay* const all[] = {&noWay::noPortChosen, &noWay::unplugged,   &noWay::silent,
-                                     &noWay::loop,         &noWay::otherDevice, &noWay::otherLine};
+  static const NoWay* const all[] = {&noWay::noPortChosen, &noWay::noPortOpens, &noWay::unplugged,
+                                     &noWay::silent,       &noWay::loop,        &noWay::otherDevice,
+                                     &noWay::otherLine};
   return all;
 }
 

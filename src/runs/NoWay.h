@@ -22,6 +22,7 @@ extern const NoWay otherDevice;
 extern const NoWay otherLine;
 extern const NoWay unplugged;
 extern const NoWay noPortChosen;
+extern const NoWay noPortOpens;  // the wizard says it in front of what the system says of the port
 }  // namespace noWay
 
 // All of them. The system says what keeps a port from being opened: Host::serialPortHint.

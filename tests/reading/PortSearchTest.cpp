@@ -151,6 +151,7 @@ TEST_F(PortSearch, IsOverAtOnceWhereThereAreNoPorts) {
   EXPECT_TRUE(says().starts_with(nothingFound));
   EXPECT_NE(says().find("no controller was asked"), std::string::npos)
       << "a port that is shut is not its fault";
+  EXPECT_TRUE(says().ends_with("COM 1 here")) << "the cause, as on the tab Comm: " << says();
   EXPECT_LT(seconds, 0.1);
 }
 
