@@ -16,6 +16,7 @@
 #include "dialogs/frmPreferences.h"
 #include "dialogs/frmRead.h"
 #include "dialogs/frmRecord.h"
+#include "dialogs/frmSearch.h"
 #include "dialogs/frmSplash.h"
 #include "dialogs/frmTimedMessage.h"
 #include "dialogs/frmWarning.h"
@@ -207,6 +208,15 @@ void planWizard(ScriptedHost& user) {
   user.then(searching, [] { picture(form<frmWizard>(), "wizard-search"); });
 }
 
+void pictureSearch(ScriptedHost& user) {
+  user.whenShown("frmBigFolder", [] { editor().userTookShortcut("Ctrl+F"); });
+  user.whenShown("frmSearch", [&user] {
+    type(user, form<frmSearch>(), "txtSearch", "dead");
+    picture(form<frmSearch>(), "search");
+    click(user, form<frmSearch>(), "cmdClose");
+  });
+}
+
 // A record never replaces one of an earlier walk.
 void chooseNew(ScriptedHost& user, const char* name) {
   const QString path = folder.filePath(name);
@@ -305,6 +315,7 @@ void planSession(ScriptedHost& user) {
     printReport(user);
     click(user, form<frmWrite>(), "cmdCancel");
   });
+  pictureSearch(user);
   planWizard(user);
   openFile(user);
   picturePreferences(user);
