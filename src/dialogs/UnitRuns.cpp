@@ -137,7 +137,7 @@ std::optional<UnitImage> openCopy() {
   try {
     content = readUnitFile(host().readFile(path, longestUnitFile + 1));
   } catch (const RuntimeError& error) {
-    content.fault = error.what();
+    content.fault = std::string("It can't be read: ") + error.what();
   }
   if (!content.image) messageBox(path + "\r" + content.fault, "", Icon::critical);
   return content.image;

@@ -96,7 +96,7 @@ void frmCompare::choose(Chosen& file) {
   try {
     content = readEither(host().readFile(path, longestEither()));
   } catch (const RuntimeError& error) {
-    content.fault = error.what();
+    content.fault = std::string("It can't be read: ") + error.what();
   }
   if (!content.fault.empty()) {
     messageBox(path + "\r" + content.fault, "", Icon::critical);

@@ -13,6 +13,10 @@ namespace torvane {
 
 namespace {
 
+constexpr const char* boxOfOtherCharacter =
+    "Meter must be set with  \"*\" Recognition Character.  The configuraiton program will not be able to "
+    "configure the meter.";
+
 using Lines = std::vector<std::string>;
 
 class ProbeFaults : public ProbeBench {
@@ -180,7 +184,7 @@ TEST_F(ProbeFaults, AnyBytesEndTheProbeInTimeAndNothingIsWritten) {
       const bool listed = std::ranges::any_of(known, [&](const auto& body) { return sent == framed(body); });
       ASSERT_TRUE(listed || sent == "^AE" + addressPart()) << sent;
     }
-    if (host.boxes.empty()) messageBox("Recognition Character");
+    if (host.boxes.empty()) messageBox(boxOfOtherCharacter);
   }
   EXPECT_GT(answered, 0);
 }

@@ -221,7 +221,7 @@ TEST_F(MeterType, OfAnyBytesIsOneOfTheEightAndComesInTime) {
     ASSERT_LE(type, 6);
     ASSERT_LE(host.clock - 36000, 2 * 1.502 + 0.51);
     ASSERT_EQ(commands().size(), 2U);
-    if (host.boxes.empty()) messageBox("Recognition Character");
+    if (host.boxes.empty()) messageBox(wrongCharacter);
   }
 }
 

@@ -9,6 +9,7 @@
 #include <stdexcept>
 
 #include "platform/Form.h"
+#include "tests/support/BoxPages.h"
 #include "tests/support/VirtualPort.h"
 #include "tests/support/VirtualSocket.h"
 
@@ -113,6 +114,7 @@ void VirtualHost::repaint(Form& form) { events.push_back("repaint " + form.conta
 
 Answer VirtualHost::messageBox(std::string_view text, std::string_view title, Icon icon, Buttons buttons) {
   boxes.push_back({std::string(text), std::string(title), icon, buttons});
+  EXPECT_NE(pageOfBox(text), nullptr) << "the guide has no page for the box: " << text;
   if (announced_.empty() || boxes.back().text.find(announced_.front().part) == std::string::npos) {
     if (!toleratesBoxes) ADD_FAILURE() << "nobody expected the box: " << text;
     return buttons == Buttons::ok ? Answer::ok : Answer::no;
