@@ -33,7 +33,7 @@ struct BridgeFaults {
   std::optional<double> closeAfter;  // seconds from the connection to its end, whatever happens; 0: at once
   Unasked unasked;
 
-  // What meets a line, in this order; the unit hears nothing of a line that was met, unless told.
+  // What meets a line, in this order; the unit hears nothing of a line that was met, unless asked to.
   int dropAt = unlimited;  // counts down with each line; at 0 the connection ends, so 1 is the next one ...
   std::size_t dropBehind = 0;        // ... after so many bytes of its reply; 0: the unit hears nothing of it
   Reach afterDrop = Reach::accepts;  // `reach` from then on

@@ -94,17 +94,17 @@ struct Kind {
 
 constexpr std::array<Kind, 13> kinds{{
     {"reach", reach, "reach:HOW                accepts, refuses or never: what whoever connects meets"},
-    {"close", closes, "close[:SECONDS]          ends every connection, at once or so long behind its start"},
+    {"close", closes, "close[:SECONDS]          ends every connection, at once or that long after its start"},
     {"talk", talk,
-     "talk:TEXT[,SECONDS[,N]]  says a line unasked, 1 second behind the start, N times at that pace"},
+     "talk:TEXT[,SECONDS[,N]]  says a line unasked, 1 second after the start, N times at that pace"},
     {"silent", silent, "silent                   takes everything and says nothing"},
-    {"echo", echo, "echo[:N]                 says lines back as they came, N of them if told"},
+    {"echo", echo, "echo[:N]                 says lines back as they came, N of them if given"},
     {"prompt", prompt,
      "prompt[:TEXT]            answers every line with a Terminal Server's prompt, or this text"},
     {"refuse", refuse,
      "refuse:CODE[,BEGIN[,N]]  such as ?46; for lines that begin so, N times; no CODE is silence"},
     {"drop", drop,
-     "drop:N[,BYTES[,HOW]]     the Nth line ends the connection, behind so many bytes of its reply; "
+     "drop:N[,BYTES[,HOW]]     the Nth line ends the connection, after that many bytes of its reply; "
      "then reach is HOW"},
     {"line", line, "line:B,P,D,S             line settings of its serial side, if not those of the unit"},
     {"late", late, "late:SECONDS             from a reply to its arrival (0.001)"},

@@ -124,8 +124,8 @@ struct Kind {
 };
 
 constexpr std::array<Kind, 16> kinds{{
-    {"silent", silent, "silent[:N]               no reply, after N good ones if told"},
-    {"loop", loop, "loop[:N]                 commands come back as they went, N of them if told"},
+    {"silent", silent, "silent[:N]               no reply, after N good ones if given"},
+    {"loop", loop, "loop[:N]                 commands come back as they went, N of them if given"},
     {"refuse", refuse,
      "refuse:CODE[,BEGIN[,N]]  such as ?43; for commands that begin so, N times; no CODE is silence"},
     {"answer", answer, "answer:BEGIN=TEXT        a literal reply to commands that begin so"},
@@ -139,10 +139,10 @@ constexpr std::array<Kind, 16> kinds{{
     {"bytes", bytes, "bytes:GAP                replies byte by byte, GAP seconds apart, line end included"},
     {"line-end", lineEnd, "line-end:KIND            cr, lf, crlf or none"},
     {"noise", noise,
-     "noise:BYTES[,AT]         bytes in hexadecimal before a reply, or inside it behind AT of its own"},
+     "noise:BYTES[,AT]         bytes in hexadecimal before a reply, or inside it after AT of its own"},
     {"endless", endless, "endless[:N]              replies of N bytes (100000) without a line end"},
     {"stale", stale, "stale:TEXT               a reply that nobody asked for, once at the start"},
-    {"trailing", trailing, "trailing:TEXT            one more reply behind every reply"},
+    {"trailing", trailing, "trailing:TEXT            one more reply after every reply"},
     {"hangup", hangup, "hangup:N                 the Nth command pulls the plug: the port goes away"},
 }};
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The program unit-simulator: a unit on a pseudo terminal, and behind a bridge if told; or a whole plant.
+// The program unit-simulator: a unit on a pseudo terminal, and behind a bridge if asked for; or a whole
+// plant.
 #include <atomic>
 #include <csignal>
 #include <cstdio>

@@ -71,7 +71,7 @@ def text(x, y, words, size=13, colour=INK, anchor="start", weight="normal"):
 
 
 def document(title, width, height, shapes):
-    """A whole drawing; the title is what a reader of the file or a screen reader is told."""
+    """A whole drawing; the title is what a reader of the file or a screen reader gets."""
     head = (
         '<?xml version="1.0" encoding="UTF-8"?>\n<!-- SPDX-License-Identifier: MIT -->\n'
         f'<svg xmlns="http://www.w3.org/2000/svg" version="1.2" baseProfile="tiny"'

@@ -11,7 +11,7 @@ namespace torvane {
 
 BigFolderControls::BigFolderControls() : Form("frmBigFolder", program::title) {
   optIDCode(0).setToolTip("No change at the front buttons asks for the ID code");
-  optIDCode(1).setToolTip("A change of the setpoints asks for the ID code");
+  optIDCode(1).setToolTip("A change of the set points asks for the ID code");
   optIDCode(2).setToolTip("Every change at the front buttons asks for the ID code");
   optAOutV.setToolTip("0 to 10 V");
   optAOutI.setToolTip("0 to 20 mA");
@@ -66,7 +66,7 @@ void BigFolderControls::describePictures() {
       {&imgLK_switch1V, "Larkspur: switches for 0 to 1 volt"},
       {&imgLK_switch10V, "Larkspur: switches for 0 to 10 volts"},
       {&imgLK_switch20ma, "Larkspur: switches for 0 to 20 milliamps"},
-      {&picProcess, "The setpoint rises for the ramp time and is held for the soak time"},
+      {&picProcess, "The set point rises for the ramp time and is held for the soak time"},
   };
   for (const auto& [picture, text] : words) picture->setToolTip(text);
 }

@@ -68,7 +68,7 @@ struct BigFolderControls : Form {
   Label text_Sp2{fraSetpoints, "text_Sp2", "Setpoint &2"};
   TextBox txtSp2{fraSetpoints, "txtSp2", "Setpoint 2, in the format of the Reading tab"};
   CheckBox chkSPDeviation{fraSetpoints, "chkSPDeviation", "Setpoint 2 is a de&viation from setpoint 1",
-                          "Checked: setpoint 2 is added to setpoint 1 and follows it"};
+                          "Checked: set point 2 is added to set point 1 and follows it"};
   Label lblSwap{fraSetpoints, "lblSwap"};
   Frame fraColor{pageSetpoints, "fraColor", "Display color"};
   Label lblColorWhenNormal{fraColor, "lblColorWhenNormal", "&Color when normal"};
@@ -141,7 +141,7 @@ struct BigFolderControls : Form {
   Label text_Dpoint{fraReadBasic, "text_Dpoint", "D&ecimal point"};
   ControlArray<OptionButton> optDpoint{fraReadBasic, "optDpoint", {"xxxx.", "xxx.x", "xx.xx", "x.xxx"}};
   Label lblTUnit{fraReadBasic, "lblTUnit", "Temperat&ure unit"};
-  ComboBox cboTUnit{fraReadBasic, "cboTUnit", {"C", "F"}, "Unit of the reading and of all setpoints"};
+  ComboBox cboTUnit{fraReadBasic, "cboTUnit", {"C", "F"}, "Unit of the reading and of all set points"};
   Label text_FiltConst{fraReadBasic, "text_FiltConst", "Fi&lter constant"};
   ListBox lstFiltConst{fraReadBasic,
                        "lstFiltConst",
@@ -175,7 +175,7 @@ struct BigFolderControls : Form {
   ComboBox cboAl1Ctrl{fraAl1Config,
                       "cboAl1Ctrl",
                       {"Absolute", "Deviation"},
-                      "Absolute: compared with the reading; deviation: with its distance from the setpoint"};
+                      "Absolute: compared with the reading; deviation: with its distance from the set point"};
   Label text_Al1Latch{fraAl1Config, "text_Al1Latch", "&Latch"};
   ComboBox cboAl1Latch{fraAl1Config,
                        "cboAl1Latch",
@@ -185,10 +185,11 @@ struct BigFolderControls : Form {
   ComboBox cboAl1Closure{
       fraAl1Config, "cboAl1Closure", {"Norm Open", "Norm Close"}, "Contact while the alarm is not active"};
   Label text_Al1Setup{fraAl1Config, "text_Al1Setup", "Se&tup"};
-  ComboBox cboAl1Setup{fraAl1Config,
-                       "cboAl1Setup",
-                       {"Above", "Below", "Hi/Lo", "Band"},
-                       "Where the alarm is active: above, below or outside its setpoints, or outside a band"};
+  ComboBox cboAl1Setup{
+      fraAl1Config,
+      "cboAl1Setup",
+      {"Above", "Below", "Hi/Lo", "Band"},
+      "Where the alarm is active: above, below or outside its set points, or outside a band"};
   Label lblAl1Color{fraAl1Config, "lblAl1Color", "Color when acti&ve"};
   ComboBox cboAl1WhenActiveColor{fraAl1Config,
                                  "cboAl1WhenActiveColor",
@@ -212,7 +213,7 @@ struct BigFolderControls : Form {
   ComboBox cboAl2Ctrl{fraAl2Cnfg,
                       "cboAl2Ctrl",
                       {"Absolute", "Deviation"},
-                      "Absolute: compared with the reading; deviation: with its distance from the setpoint"};
+                      "Absolute: compared with the reading; deviation: with its distance from the set point"};
   Label text_Al2Latch{fraAl2Cnfg, "text_Al2Latch", "&Latch"};
   ComboBox cboAl2Latch{fraAl2Cnfg,
                        "cboAl2Latch",
@@ -222,10 +223,11 @@ struct BigFolderControls : Form {
   ComboBox cboAl2Closure{
       fraAl2Cnfg, "cboAl2Closure", {"Norm Open", "Norm Close"}, "Contact while the alarm is not active"};
   Label text_Al2Setup{fraAl2Cnfg, "text_Al2Setup", "Se&tup"};
-  ComboBox cboAl2Setup{fraAl2Cnfg,
-                       "cboAl2Setup",
-                       {"Above", "Below", "Hi/Lo", "Band"},
-                       "Where the alarm is active: above, below or outside its setpoints, or outside a band"};
+  ComboBox cboAl2Setup{
+      fraAl2Cnfg,
+      "cboAl2Setup",
+      {"Above", "Below", "Hi/Lo", "Band"},
+      "Where the alarm is active: above, below or outside its set points, or outside a band"};
   Label text_Al2Color{fraAl2Cnfg, "text_Al2Color", "Color when acti&ve"};
   ComboBox cboAl2WhenActiveColor{fraAl2Cnfg,
                                  "cboAl2WhenActiveColor",
@@ -330,12 +332,12 @@ struct BigFolderControls : Form {
   // Tab 9, Ramp/Soak
   TabPage& pageRampSoak = tabBig.page(tab::rampSoak);
   Frame fraRamp{pageRampSoak, "fraRamp", "Ramp"};
-  CheckBox chkRampEn{fraRamp, "chkRampEn", "&Enable ramp", "The setpoint is approached in the ramp time"};
+  CheckBox chkRampEn{fraRamp, "chkRampEn", "&Enable ramp", "The set point is approached in the ramp time"};
   Label text_RampT{fraRamp, "text_RampT", "Ra&mp time"};
   TextBox txtRampT{fraRamp, "txtRampT", "Ramp time, hours:minutes, 00:00 to 99:59"};
   Label text_RampTUnit{fraRamp, "text_RampTUnit", "hh:mm"};
   Frame fraSoak{pageRampSoak, "fraSoak", "Soak"};
-  CheckBox chkSoakEn{fraSoak, "chkSoakEn", "Enable soa&k", "The setpoint is held for the soak time"};
+  CheckBox chkSoakEn{fraSoak, "chkSoakEn", "Enable soa&k", "The set point is held for the soak time"};
   Label text_SoakT{fraSoak, "text_SoakT", "&Soak time"};
   TextBox txtSoakT{fraSoak, "txtSoakT", "Soak time, hours:minutes, 00:00 to 99:59"};
   Label text_SoakTUnit{fraSoak, "text_SoakTUnit", "hh:mm"};

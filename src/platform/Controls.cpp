@@ -42,11 +42,11 @@ void Control::raise(const Handler& handler) const {
   handler();
 }
 
-void Control::act(const Handler& deed) const {
+void Control::act(const Handler& handler) const {
   if (!reachable()) return;
   const HandlerScope scope(container_.owner());
   try {
-    deed();
+    handler();
   } catch (const RuntimeError& error) {
     host().fail(error.what());
   }

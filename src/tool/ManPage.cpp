@@ -86,7 +86,7 @@ std::string exitText() {
 
 std::string optionText(const CLI::App& app) {
   std::string text =
-      item(bold("-h") + ", " + bold("--help"), "what there is; behind a command, what it takes");
+      item(bold("-h") + ", " + bold("--help"), "what there is; after a command, what it takes");
   for (const CLI::Option* const option : named(app))
     text += item(namesOf(*option), option->get_description());
   return text;

@@ -56,17 +56,17 @@ using enum BackButton;
 // clang-format off
 // In the order of their numbers.
 constexpr WizardPage pages[] = {
-    {Part::nothing,  disabled, true,  false, Deed::none,          serialWelcomeText, ""},
-    {Part::bus,      enabled,  true,  false, Deed::none,          serialBusText, ""},
-    {Part::question, asItIs,   true,  false, Deed::takeBusByText, searchQuestionText, ""},
-    {Part::nothing,  asItIs,   true,  true,  Deed::none,          searchWarningText, runWarning},
-    {Part::progress, disabled, false, false, Deed::search,        nullptr, ""},
-    {Part::nothing,  enabled,  false, false, Deed::none,          byHandText, ""},
-    {Part::nothing,  asItIs,   true,  false, Deed::leaveForTab,   nullptr, ""},
-    {Part::nothing,  disabled, true,  false, Deed::none,          networkWelcomeText, ""},
-    {Part::bus,      enabled,  true,  false, Deed::none,          networkBusText, ""},
-    {Part::nothing,  asItIs,   true,  true,  Deed::takeBus,       testTargetText, runWarning},
-    {Part::progress, disabled, false, false, Deed::test,          nullptr, ""},
+    {Part::nothing,  disabled, true,  false, Action::none,          serialWelcomeText, ""},
+    {Part::bus,      enabled,  true,  false, Action::none,          serialBusText, ""},
+    {Part::question, asItIs,   true,  false, Action::takeBusByText, searchQuestionText, ""},
+    {Part::nothing,  asItIs,   true,  true,  Action::none,          searchWarningText, runWarning},
+    {Part::progress, disabled, false, false, Action::search,        nullptr, ""},
+    {Part::nothing,  enabled,  false, false, Action::none,          byHandText, ""},
+    {Part::nothing,  asItIs,   true,  false, Action::leaveForTab,   nullptr, ""},
+    {Part::nothing,  disabled, true,  false, Action::none,          networkWelcomeText, ""},
+    {Part::bus,      enabled,  true,  false, Action::none,          networkBusText, ""},
+    {Part::nothing,  asItIs,   true,  true,  Action::takeBus,       testTargetText, runWarning},
+    {Part::progress, disabled, false, false, Action::test,          nullptr, ""},
 };
 // clang-format on
 static_assert(std::size(pages) == page::networkTest + 1);

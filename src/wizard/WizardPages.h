@@ -26,7 +26,7 @@ enum : std::int16_t {
 
 enum class Part { nothing, bus, question, progress };
 enum class BackButton { asItIs, enabled, disabled };
-enum class Deed {
+enum class Action {
   none,
   takeBusByText,  // bus mode and address go to the model record; the box's text counts, and its list
   takeBus,        // the same by the list alone
@@ -40,7 +40,7 @@ struct WizardPage {
   BackButton back;
   bool nextEnabled;
   bool nextAgain;      // the Next button says "Next >", whatever an earlier run has made of it
-  Deed deed;           // done when the page shows
+  Action action;       // done when the page shows
   const char* text;    // null: what the label says stays
   const char* ending;  // after the text and what it names
 };

@@ -114,7 +114,7 @@ void frmWizard::displayMenu() {
   cmdNext.setEnabled(page->nextEnabled);
   if (page->nextAgain) cmdNext.setCaption(nextCaption);
   if (page->text != nullptr) lblCaption.setCaption(wizardText(*page));
-  perform(page->deed);
+  perform(page->action);
 }
 
 void frmWizard::addToCaption(std::string_view text) {
@@ -134,18 +134,18 @@ void frmWizard::showPart(Part part) {
   prgProgress.setVisible(part == Part::progress);
 }
 
-void frmWizard::perform(Deed deed) {
-  switch (deed) {
-    case Deed::none:
+void frmWizard::perform(Action action) {
+  switch (action) {
+    case Action::none:
       return;
-    case Deed::takeBusByText:
-    case Deed::takeBus:
-      return takeBus(deed == Deed::takeBusByText);
-    case Deed::search:
+    case Action::takeBusByText:
+    case Action::takeBus:
+      return takeBus(action == Action::takeBusByText);
+    case Action::search:
       return search();
-    case Deed::leaveForTab:
+    case Action::leaveForTab:
       return leaveForTab();
-    case Deed::test:
+    case Action::test:
       return test();
   }
 }

@@ -62,7 +62,7 @@ class frmWizard : public Form {
   void cmdCancel_Click();
   void fillAddresses();
   void showPart(Part part);
-  void perform(Deed deed);
+  void perform(Action action);
   void takeBus(bool byText);
   void leaveForTab();
   void search();

@@ -130,7 +130,7 @@ TEST_F(Walk, OfTenThousandDeedsTakesLessThanTwoSeconds) {
   const std::clock_t start = std::clock();
   for (int step = 0; step < 10000; ++step) act();
   const double seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
-  std::printf("10000 deeds of a user: %.0f ms\n", 1000 * seconds);
+  std::printf("10000 user actions: %.0f ms\n", 1000 * seconds);
   EXPECT_LT(seconds, 2.0);
   expectSound(10000);
 }

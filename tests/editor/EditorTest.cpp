@@ -98,7 +98,7 @@ int mostOptionsSet(const Form& form) {
   return most;
 }
 
-// The named controls are put into the opposite state first, so that it must be the deed that sets them.
+// The named controls are put into the opposite state first, so that it must be the action that sets them.
 void expectRule(frmBigFolder& editor, const Rule& rule) {
   SCOPED_TRACE(rule.name);
   rule.before(editor);
@@ -107,7 +107,7 @@ void expectRule(frmBigFolder& editor, const Rule& rule) {
   const Looks expected = useOf(editor);
   setUse(editor, rule, false);
   setTabUse(editor, rule, false);
-  rule.deed(editor);
+  rule.action(editor);
   const Looks use = useOf(editor);
   for (const auto& [name, state] : expected) EXPECT_EQ(use.at(name), state) << name;
 }

@@ -49,11 +49,11 @@ Looks useOf(const frmBigFolder& editor);
 // How many buttons are set in the fullest of the form's option groups.
 int mostOptionsSet(const Form& form);
 
-// What a deed does to the use of controls; whatever isn't named must stay as it was.
+// What an action does to the use of controls; whatever isn't named must stay as it was.
 struct Rule {
   const char* name;
   std::function<void(frmBigFolder&)> before;
-  std::function<void(frmBigFolder&)> deed;
+  std::function<void(frmBigFolder&)> action;
   const char* enabled = "";
   const char* disabled = "";
   const char* shown = "";

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A machine without windows: it notes what it is asked for, and the user's deeds run while the program idles.
+// A machine without windows: it notes what it is asked for, and the user's actions run while the program
+// idles.
 #pragma once
 
 #include <deque>

@@ -165,9 +165,9 @@ struct Broken {
 
 TEST_F(SerialFaults, AReadKeepsTheLastReplyOverABrokenCommand) {
   const Broken cases[] = {
-      {"good behind it", {"broken", "R0726\r"}, "R0726", false, 2},
+      {"good after it", {"broken", "R0726\r"}, "R0726", false, 2},
       {"a loop-back counts again", {"*R07\r", "broken", "R0726\r"}, "R0726", true, 3},
-      {"a loop-back behind it", {"broken", "*R07\r", "?43\r"}, "Fail", false, 3},
+      {"a loop-back after it", {"broken", "*R07\r", "?43\r"}, "Fail", false, 3},
       {"a refusal stays one", {"?43\r", "broken", "broken"}, "Fail", false, 3},
       {"nothing stays nothing", {"broken", "broken", "broken", "R0726\r"}, "Fail", false, 3},
   };

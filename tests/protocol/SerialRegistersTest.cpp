@@ -227,8 +227,8 @@ INSTANTIATE_TEST_SUITE_P(
                       Talk{"refused 64", {"?64\r", "?64\r", "W07\r", "R0726\r"}, "Success", false, 4},
                       Talk{"looped back once", {"*R07\r", "R0726\r"}, "Success", false, 2},
                       Talk{"looped back twice", {"*R07\r", "*R07\r"}, "Fail", true, 2},
-                      Talk{"looped back behind silence", {"", "R07*\r"}, "Fail", true, 2},
-                      Talk{"silent behind a loop", {"*R07\r", ""}, "Fail", true, 2},
+                      Talk{"looped back after silence", {"", "R07*\r"}, "Fail", true, 2},
+                      Talk{"silent after a loop", {"*R07\r", ""}, "Fail", true, 2},
                       Talk{"an empty line", {"\r", "W07\r", "R0726\r"}, "Success", false, 3},
                       Talk{"a short line", {"R07\r", "W07\r", "R0726\r"}, "Success", false, 3},
                       Talk{"noise", {"\xFF\x01\r", "W07\r", "R0726\r"}, "Success", false, 3}));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the user's deeds on the widgets do to the controls.
+// What the user's actions on the widgets do to the controls.
 #include <QAbstractItemView>
 #include <QTimer>
 

@@ -156,13 +156,13 @@ std::string brokenByWrite(const CellOutcome& outcome, const CellOutcome& sound) 
     const std::string& held = outcome.after.at(reg);
     const bool isNew = held == sound.after.at(reg);
     if (!isNew && held != outcome.before.at(reg)) return reg + " holds a third value, " + held;
-    if (!isNew && isTold(outcome, row, "Success")) return reg + " is told as done and holds " + held;
+    if (!isNew && isTold(outcome, row, "Success")) return reg + " is reported as done and holds " + held;
   }
   return "";
 }
 
 // The points of a line are worked out of its scale and its offset: where the scale could not be read, which
-// is told, they are those of the new offset and the scale before.
+// fails and the run says so, they are those of the new offset and the scale before.
 bool isWorkedOut(const CellOutcome& outcome, int record) {
   const auto failed = [&](const char* reg) {
     const auto row = std::ranges::find(runPlan(), std::string(reg), &PlanRow::reg);
@@ -175,7 +175,7 @@ bool isWorkedOut(const CellOutcome& outcome, int record) {
 std::string brokenByRead(const CellOutcome& outcome, const CellOutcome& sound) {
   for (const auto& [row, text] : outcome.told) {
     if (text != "Fail" && text != sound.told.at(row))
-      return std::string(runPlan()[row].reg) + " is told as " + text;
+      return std::string(runPlan()[row].reg) + " is reported as " + text;
   }
   for (int record = 0; record < MemoArray::count; ++record) {
     const auto at = static_cast<std::size_t>(record);
@@ -196,7 +196,7 @@ std::string falseSuccess(const CellOutcome& outcome, const CellOutcome& sound) {
     if (*planned.reg == 0 || !isTold(outcome, row, "Success")) continue;
     const auto differ = number(outcome.after.at(planned.reg)) ^ number(sound.after.at(planned.reg));
     if ((differ & planned.masks[kind::fullController]) != 0)
-      return std::string(planned.reg) + " is told as done";
+      return std::string(planned.reg) + " is reported as done";
   }
   return "";
 }

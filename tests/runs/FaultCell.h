@@ -36,15 +36,15 @@ CellOutcome runWith(const ListedFault* fault, int step, Body body, Direction dir
 
 // How a run has come through, beside one with which nothing was wrong, as the table shows it.
 //   .  nothing is lost
-//   f  the step fails alone, and is told
-//   F  later steps fail too, and are told; the run goes through its whole plan
+//   f  the step fails alone, and the run says so
+//   F  later steps fail too, and the run says so and goes through its whole plan
 //   S  the run stops with a message
 //   x  a register or a record holds what neither side had
 char verdictOn(const CellOutcome& outcome, const CellOutcome& sound, int step);
 
 // What breaks the rules in a run, in words; empty when nothing does. The rules: it ends, in bounded time, and
 // tells when it stops early; a read changes nothing in the unit; every register and every record holds its
-// old or its new value; what is told as done is done. The last three are lifted where the fault itself
+// old or its new value; what is reported as done is done. The last three are lifted where the fault itself
 // forges.
 std::string brokenRule(const CellOutcome& outcome, const CellOutcome& sound, const ListedFault& fault);
 

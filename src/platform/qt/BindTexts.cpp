@@ -27,7 +27,7 @@ bool leftByMouse(const QEvent& event) {
 }
 
 // The press that took the keyboard may have been lifted while a validator's warning stood, and the button
-// beneath it was never told.
+// beneath it never hears of it.
 void liftButtons(const QWidget& window) {
   if (QGuiApplication::mouseButtons() != Qt::NoButton) return;
   for (QAbstractButton* button : window.findChildren<QAbstractButton*>()) {

@@ -82,17 +82,17 @@ void Binding::showCommon(QWidget& widget) const {
   setOwnVisible(widget, control_->visible());
 }
 
-void Binding::userDid(const std::function<void()>& deed) {
+void Binding::userDid(const std::function<void()>& action) {
   if (showing_) return;
   const QPointer<Binding> self(this);
   leaveTextBox(*widget_.window());
-  if (self) userDidWithin(deed);
+  if (self) userDidWithin(action);
 }
 
-void Binding::userDidWithin(const std::function<void()>& deed) {
+void Binding::userDidWithin(const std::function<void()>& action) {
   if (control_ == nullptr || showing_) return;
   const QPointer<Binding> self(this);
-  guarded(deed);
+  guarded(action);
   if (self) show();
 }
 

@@ -31,9 +31,9 @@ class Binding : public QObject {
   bool showing() const { return showing_; }
   // Runs what the user did on this widget and shows what the control holds afterwards, refused or repaired as
   // it may be. A text box that the user has not left yet is left first.
-  void userDid(const std::function<void()>& deed);
+  void userDid(const std::function<void()>& action);
   // The same for a text box, which needn't be left for what is done in it.
-  void userDidWithin(const std::function<void()>& deed);
+  void userDidWithin(const std::function<void()>& action);
   // The form is about to end; the widget may outlive it for a while.
   void release();
 

@@ -9,10 +9,10 @@
 namespace torvane {
 
 // Runs what an event asks for; an error that nothing caught ends the program (Host::fail).
-template <class Deed>
-void guarded(Deed&& deed) {
+template <class Action>
+void guarded(Action&& action) {
   try {
-    deed();
+    action();
   } catch (const std::exception& error) {
     host().fail(error.what());
   } catch (...) {
