@@ -19,14 +19,16 @@ check() {
   rm -f "$log"
 }
 
-number_in() { sed -n "s/^  \"$1\": \([0-9]*\),\$/\1/p" "$2"; }
+number_in() { sed -n "s/^  \"$1\": \([0-9]*\),\r\?\$/\1/p" "$2"; }
 
+# What stands in front of a file's name for the test program: wine knows this machine's root as "Z:".
+root_for_tests=''
 # One part of a test program's tests. One that ends badly though all of its tests passed has leaked.
 shard() {
   local name=$1 report log status=0 tests failures
   shift
   report=$(mktemp) log=$(mktemp)
-  timeout --kill-after=10 1800 "$@" --gtest_brief=1 --gtest_output="json:$report" >"$log" 2>&1 || status=$?
+  timeout --kill-after=10 1800 "$@" --gtest_brief=1 --gtest_output="json:$root_for_tests$report" >"$log" 2>&1 || status=$?
   tests=$(number_in tests "$report")
   failures=$(number_in failures "$report")
   [ "$status" -eq 0 ] || cat "$log"

@@ -72,6 +72,10 @@ class Win32SerialCalls : public SerialCalls {
   std::string words(SystemError error) const override;
 
  private:
+  SystemError set(DCB& control);
+  SystemError setAnew(DCB& control);
+  Transfer readWaiting(std::string& bytes);
+  Transfer readExactly(std::string& bytes, DWORD count, DWORD milliseconds);
   Transfer finish(std::unique_ptr<UnderWay>& transfer, bool started, DWORD milliseconds);
 
   HANDLE port_ = INVALID_HANDLE_VALUE;
@@ -93,7 +97,20 @@ SystemError Win32SerialCalls::configure(const LineState& line) {
   control.DCBlength = sizeof control;
   if (!GetCommState(port_, &control)) return GetLastError();
   describe(line, control);
-  return SetCommState(port_, &control) ? 0 : GetLastError();
+  const SystemError error = set(control);
+  return error == ERROR_INVALID_PARAMETER ? setAnew(control) : error;
+}
+
+SystemError Win32SerialCalls::set(DCB& control) { return SetCommState(port_, &control) ? 0 : GetLastError(); }
+
+// A pseudo terminal at wine's port has neither parity nor seven bits, and settings that make no difference at
+// all are refused; other stop bits in between make one.
+SystemError Win32SerialCalls::setAnew(DCB& control) {
+  const BYTE wanted =
+      std::exchange(control.StopBits, control.StopBits == ONESTOPBIT ? TWOSTOPBITS : ONESTOPBIT);
+  set(control);
+  control.StopBits = wanted;
+  return set(control);
 }
 
 // The end of a transfer, or of its cancelling. One that came to its end while it was cancelled counts.
@@ -112,21 +129,36 @@ Transfer Win32SerialCalls::finish(std::unique_ptr<UnderWay>& transfer, bool star
   }
   DWORD bytes = 0;
   DWORD error = GetOverlappedResult(port_, &overlapped, &bytes, FALSE) ? 0 : GetLastError();
+  if (error == ERROR_TIMEOUT || error == WAIT_TIMEOUT)
+    error = 0;  // the time was over, which wine calls a fault
   if (cancelled && error == ERROR_OPERATION_ABORTED) error = 0;
   return {error, bytes};
 }
 
+// What is there is read at once; else the first byte is waited for, and what came with it is read. Drivers
+// agree on these two ways of reading, and not on one that ends with the first of many bytes.
 Transfer Win32SerialCalls::read(std::string& bytes, std::uint32_t milliseconds) {
-  // Two kinds of reading that the system knows: what is there, at once; or the first that comes within the
-  // time.
+  const Transfer there = readWaiting(bytes);
+  if (milliseconds == 0 || there.bytes > 0 || there.error != 0 || there.hangs) return there;
+  const Transfer first = readExactly(bytes, 1, milliseconds);
+  if (first.bytes == 0 || first.error != 0 || first.hangs) return first;
+  return readWaiting(bytes);
+}
+
+Transfer Win32SerialCalls::readWaiting(std::string& bytes) {
+  DWORD faults = 0;
+  COMSTAT state = {};
+  if (!ClearCommError(port_, &faults, &state)) return {.error = GetLastError()};
+  return state.cbInQue == 0 ? Transfer{} : readExactly(bytes, std::min<DWORD>(state.cbInQue, mostAtOnce), 1);
+}
+
+Transfer Win32SerialCalls::readExactly(std::string& bytes, DWORD count, DWORD milliseconds) {
   COMMTIMEOUTS times = {};
-  times.ReadIntervalTimeout = MAXDWORD;
-  times.ReadTotalTimeoutMultiplier = milliseconds == 0 ? 0 : MAXDWORD;
   times.ReadTotalTimeoutConstant = milliseconds;
   if (!SetCommTimeouts(port_, &times)) return {.error = GetLastError()};
   auto transfer = std::make_unique<UnderWay>();
   const bool started =
-      ReadFile(port_, transfer->buffer.data(), mostAtOnce, nullptr, &transfer->overlapped) != FALSE;
+      ReadFile(port_, transfer->buffer.data(), count, nullptr, &transfer->overlapped) != FALSE;
   const Transfer result = finish(transfer, started, milliseconds);
   if (transfer) bytes.append(transfer->buffer.data(), result.bytes);
   return result;
