@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/Chart.h"
 #include "platform/Controls.h"
 #include "platform/Form.h"
 
@@ -161,6 +162,7 @@ struct BigFolderControls : Form {
   TextBox txtIn2{fraSOffset, "txtIn2", "Input at point 2, 0 to 9999 counts"};
   TextBox txtRd2{fraSOffset, "txtRd2", "Reading wanted at point 2, -999 to 9999 counts"};
   Frame fraNoSOffset{pageReading, "fraNoSOffset", "Scale and offset"};
+  Plot plotReading{pageReading, "plotReading", "The reading against the input, drawn from the boxes"};
 
   // Tab 4, Alarm 1
   TabPage& pageAlarm1 = tabBig.page(tab::alarm1);
@@ -203,6 +205,7 @@ struct BigFolderControls : Form {
   Frame fraAl1Deadband{pageAlarm1, "fraAl1Deadband", "Alarm 1 dead band"};
   Label text_Al1Deadband{fraAl1Deadband, "text_Al1Deadband", "De&ad band"};
   TextBox txtAl1Deadband{fraAl1Deadband, "txtAl1Deadband", "Dead band, in the format of the Reading tab"};
+  Plot plotAlarm1{pageAlarm1, "plotAlarm1", "Where alarm 1 is active, drawn from the boxes"};
 
   // Tab 5, Alarm 2
   TabPage& pageAlarm2 = tabBig.page(tab::alarm2);
@@ -241,6 +244,7 @@ struct BigFolderControls : Form {
   Frame fraAl2Deadband{pageAlarm2, "fraAl2Deadband", "Alarm 2 dead band"};
   Label text_Al2Deadband{fraAl2Deadband, "text_Al2Deadband", "De&ad band"};
   TextBox txtAl2Deadband{fraAl2Deadband, "txtAl2Deadband", "Dead band, in the format of the Reading tab"};
+  Plot plotAlarm2{pageAlarm2, "plotAlarm2", "Where alarm 2 is active, drawn from the boxes"};
 
   // Tab 6, LB alarm
   TabPage& pageLBAlarm = tabBig.page(tab::lbAlarm);
@@ -342,6 +346,7 @@ struct BigFolderControls : Form {
   TextBox txtSoakT{fraSoak, "txtSoakT", "Soak time, hours:minutes, 00:00 to 99:59"};
   Label text_SoakTUnit{fraSoak, "text_SoakTUnit", "hh:mm"};
   Drawing picProcess{pageRampSoak, "picProcess"};
+  Plot plotRampSoak{pageRampSoak, "plotRampSoak", "The reading over the time, drawn from the boxes"};
 
   // Tab 10, Analog
   TabPage& pageAnalog = tabBig.page(tab::analog);
@@ -360,6 +365,7 @@ struct BigFolderControls : Form {
   Label text_AOutPoint2{fraAOutSOff, "text_AOutPoint2", "Point &2"};
   TextBox txtAOutRd2{fraAOutSOff, "txtAOutRd2", "Reading at point 2, 0 to 9999 counts"};
   TextBox txtAOutOut2{fraAOutSOff, "txtAOutOut2", "Output at point 2, 0 to 10 V or 0 to 20 mA"};
+  Plot plotAnalog{pageAnalog, "plotAnalog", "The output against the reading, drawn from the boxes"};
 
   // Tab 11, Comm. The serial and the TCP/IP frames take turns.
   TabPage& pageComm = tabBig.page(tab::comm);

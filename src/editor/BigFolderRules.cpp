@@ -63,6 +63,7 @@ void frmBigFolder::firstLooks() {
   fraInType(1).setVisible(false);
   fraInType(2).setVisible(false);
   fraSOffset.setVisible(false);
+  plotReading.setVisible(false);
   fraOut1PID.setVisible(false);
   fraOut2PID.setVisible(false);
   fraTCPIPAddress.setVisible(false);
@@ -152,6 +153,7 @@ void frmBigFolder::idDisable(bool show) {
 void frmBigFolder::rdSOffsetDisable(bool show) {
   fraSOffset.setVisible(show);
   fraNoSOffset.setVisible(!show);
+  plotReading.setVisible(show);
   for (int finer : {rec::optDpoint + 2, rec::optDpoint + 3}) {
     if (show || Memo[finer].flag == False) continue;
     Memo[finer].flag = False;

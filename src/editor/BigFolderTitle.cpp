@@ -41,6 +41,7 @@ void frmBigFolder::takeAsInFile() {
 void frmBigFolder::Form_Settled() {
   showTitle();
   showRanges();
+  showChart();
 }
 
 void frmBigFolder::Form_FileDropped(const std::string& path) { openNamed(path); }

@@ -121,7 +121,8 @@ class frmBigFolder : public BigFolderControls {
   void reForm();  // repairs and commits what depends on the reading format, on the tab on show
   void optDpoint_Click(int index);
 
-  // Dependent controls: BigFolderRules.cpp, BigFolderOutputs.cpp, BigFolderPictures.cpp.
+  // Dependent controls: BigFolderRules.cpp, BigFolderOutputs.cpp, BigFolderPictures.cpp; charts:
+  // BigFolderCharts.cpp.
   void Al1Disabled(bool enable);
   void Al2Disabled(bool enable);
   void AnalogOutControls(bool enable);
@@ -183,6 +184,7 @@ class frmBigFolder : public BigFolderControls {
   void optRS485_Click();
   void wireEntries();
   void showRanges();
+  void showChart();
   static void explain(const std::string& typed, const std::string& repaired);
   void validate(TextBox& box, const EntryField& field);
   void validate(std::initializer_list<TextBox*> boxes);

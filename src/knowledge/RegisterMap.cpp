@@ -71,7 +71,7 @@ constexpr RegisterRow rows[] = {
 };
 
 constexpr RegisterField fields[] = {
-    {"07", 0x03, input, "Input Type", choice, {rec::optInType, rec::optInType + 1, rec::optInType + 2, -1}, choices::inputTypes},
+    {"07", 0x03, input, "Signal", choice, {rec::optInType, rec::optInType + 1, rec::optInType + 2, -1}, choices::inputTypes},
     {"07", 0xFC, input, "Thermocouple Type", choice, {rec::lstTCTypes, -1, -1, -1}, choices::thermocouples, false, thermocouple},
     {"07", 0x3C, input, "RTD Wires and Curve", choice, {rec::cboRTDWires, rec::cboRTDCurves, -1, -1}, rtdCodes, false, rtd},
     {"07", 0xC0, input, "RTD Value", choice, {rec::cboRTDValue, -1, -1, -1}, choices::rtdValues, false, rtd},

@@ -138,6 +138,28 @@ void pictureHelp(ScriptedHost& user) {
   });
 }
 
+// A setup in which each chart has something to draw.
+void pictureCharts() {
+  frmBigFolder& of = editor();
+  of.optInType(2).setValue(true);
+  of.optDpoint(1).setValue(true);
+  of.txtIn1.setText("2000");
+  of.txtRd1.setText("0000");
+  of.txtIn2.setText("9999");
+  of.txtRd2.setText("1000");
+  for (CheckBox* box : {&of.chkAl1Enabled, &of.chkAl2Enabled, &of.chkRampEn, &of.chkSoakEn}) box->setValue(1);
+  of.chkAnalogOutputEnabled.setValue(1);
+  of.cboAl1Setup.setListIndex(2);
+  of.cboAl2Ctrl.setListIndex(1);
+  of.cboAl2Setup.setListIndex(3);
+  of.txtAl2HiSp.setText("020.0");
+  for (const int tab : {tab::reading, tab::alarm1, tab::alarm2, tab::rampSoak, tab::analog}) {
+    of.tabBig.setTab(tab);
+    picture(of, "charts-tab" + std::to_string(tab));
+  }
+  of.tabBig.setTab(setpointsTab);
+}
+
 // Every kind of model once, the last of them for good.
 void chooseHardware(ScriptedHost& user) {
   auto& dialog = form<frmHardware>();
@@ -320,6 +342,7 @@ void planSession(ScriptedHost& user) {
   openFile(user);
   picturePreferences(user);
   pictureHelp(user);
+  user.whenShown("frmBigFolder", [] { pictureCharts(); });
   pictureEveryKind(user);
   user.whenShown("frmBigFolder", [&user] { click(user, editor(), "cmdQuit"); });
 }

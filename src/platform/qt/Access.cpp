@@ -14,6 +14,7 @@
 #include <QSlider>
 #include <QTabBar>
 
+#include "platform/qt/ChartView.h"
 #include "platform/qt/PictureView.h"
 #include "platform/qt/RowTable.h"
 
@@ -50,7 +51,7 @@ bool needsName(const QWidget& widget) {
           qobject_cast<const QLineEdit*>(&widget) || qobject_cast<const QListWidget*>(&widget) ||
           qobject_cast<const QPlainTextEdit*>(&widget) || qobject_cast<const QSlider*>(&widget) ||
           qobject_cast<const RowTable*>(&widget) || qobject_cast<const QProgressBar*>(&widget) ||
-          qobject_cast<const PictureView*>(&widget));
+          qobject_cast<const PictureView*>(&widget) || qobject_cast<const ChartView*>(&widget));
 }
 
 bool isOurs(const QWidget& widget) {

@@ -99,6 +99,10 @@ Binding* bind(Picture& control, PictureView& widget) {
   return new Binding(control, widget, [&] { widget.setPicture(shown(control.file())); });
 }
 
+Binding* bind(Plot& control, ChartView& widget) {
+  return new Binding(control, widget, [&] { widget.setChart(control.chart()); });
+}
+
 Binding* bind(Animation& control, AnimationView& widget) {
   return new Binding(control, widget, [&] { widget.play(shown(control.file())); });
 }

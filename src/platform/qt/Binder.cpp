@@ -23,20 +23,11 @@ Binding* bindAs(Control& control, QWidget& widget) {
 }
 
 constexpr Binding* (*kinds[])(Control&, QWidget&) = {
-    bindAs<Label, QLabel>,
-    bindAs<TextBox, QLineEdit>,
-    bindAs<OptionButton, QRadioButton>,
-    bindAs<ComboBox, QComboBox>,
-    bindAs<CheckBox, QCheckBox>,
-    bindAs<CommandButton, QPushButton>,
-    bindAs<Frame, QGroupBox>,
-    bindAs<ListBox, QListWidget>,
-    bindAs<Table, RowTable>,
-    bindAs<Picture, PictureView>,
-    bindAs<ScrollBar, QSlider>,
-    bindAs<TabStrip, QTabBar>,
-    bindAs<ProgressBar, QProgressBar>,
-    bindAs<Animation, AnimationView>,
+    bindAs<Label, QLabel>,           bindAs<TextBox, QLineEdit>,        bindAs<OptionButton, QRadioButton>,
+    bindAs<ComboBox, QComboBox>,     bindAs<CheckBox, QCheckBox>,       bindAs<CommandButton, QPushButton>,
+    bindAs<Frame, QGroupBox>,        bindAs<ListBox, QListWidget>,      bindAs<Table, RowTable>,
+    bindAs<Picture, PictureView>,    bindAs<Plot, ChartView>,           bindAs<ScrollBar, QSlider>,
+    bindAs<TabStrip, QTabBar>,       bindAs<ProgressBar, QProgressBar>, bindAs<Animation, AnimationView>,
     bindAs<TextBox, QPlainTextEdit>,
 };
 

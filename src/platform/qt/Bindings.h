@@ -16,9 +16,11 @@
 #include <QStackedWidget>
 #include <QTabBar>
 
+#include "platform/Chart.h"
 #include "platform/Controls.h"
 #include "platform/qt/AnimationView.h"
 #include "platform/qt/Binding.h"
+#include "platform/qt/ChartView.h"
 #include "platform/qt/PictureView.h"
 #include "platform/qt/RowTable.h"
 
@@ -39,6 +41,7 @@ Binding* bind(ComboBox& control, QComboBox& widget);
 Binding* bind(Label& control, QLabel& widget);
 Binding* bind(Frame& control, QGroupBox& widget);
 Binding* bind(Picture& control, PictureView& widget);
+Binding* bind(Plot& control, ChartView& widget);
 Binding* bind(Animation& control, AnimationView& widget);
 Binding* bind(ProgressBar& control, QProgressBar& widget);
 Binding* bind(ScrollBar& control, QSlider& widget);

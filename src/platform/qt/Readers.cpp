@@ -5,6 +5,7 @@
 #include <QAccessibleWidget>
 #include <QRadioButton>
 
+#include "platform/qt/ChartView.h"
 #include "platform/qt/Windows.h"
 
 namespace torvane {
@@ -58,6 +59,9 @@ class WindowForReaders : public QAccessibleWidget {
 
 QAccessibleInterface* interfaceOf(const QString&, QObject* object) {
   if (auto* button = qobject_cast<QRadioButton*>(object)) return new OptionForReaders(*button);
+  if (auto* chart = qobject_cast<ChartView*>(object)) {
+    return new QAccessibleWidget(chart, QAccessible::Graphic);
+  }
   if (auto* window = dynamic_cast<FormWindow*>(object)) return new WindowForReaders(*window);
   return nullptr;
 }

@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+// Charts in true windows: readable in every look, out of the keyboard's way, heard by screen readers, and
+// painted within the time that a key may take.
+#include <QAccessible>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QImage>
+#include <algorithm>
+#include <set>
+
+#include "core/Global.h"
+#include "editor/frmBigFolder.h"
+#include "platform/qt/ChartView.h"
+#include "qt/TestForm.h"
+#include "session/Look.h"
+
+namespace {
+
+class ChartWindows : public QtTest {
+ protected:
+  ChartWindows() : before_(QApplication::palette()) {
+    Global.WarningsOff = True;
+    editor_->initMemory();
+    editor_->showRecords();
+    editor_->show();
+    host_.yield();
+  }
+  ~ChartWindows() override {
+    host_.release(*editor_);
+    Global = {};
+    QApplication::setPalette(before_);
+  }
+
+  ChartView& view(const char* name) { return *host_.window(*editor_).findChild<ChartView*>(name); }
+  void showAlarm() {
+    editor_->tabBig.setTab(tab::alarm1);
+    if (editor_->chkAl1Enabled.value() == 0) editor_->chkAl1Enabled.userClicked();
+    editor_->cboAl1Setup.userChose(2);
+    editor_->txtAl1HiSp.userTyped("400.0");
+    editor_->txtAl1LoSp.userTyped("-100.0");
+    host_.yield();
+  }
+
+  std::shared_ptr<frmBigFolder> editor_ = std::make_shared<frmBigFolder>();
+
+ private:
+  QPalette before_;
+};
+
+std::set<QRgb> colorsOf(const QImage& image) {
+  std::set<QRgb> colors;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) colors.insert(image.pixel(x, y));
+  }
+  return colors;
+}
+
+TEST_F(ChartWindows, StandBesideTheBoxesAndTakeNoKeyboard) {
+  for (const auto& [name, page] : {std::pair{"plotReading", tab::reading},
+                                   {"plotAlarm1", tab::alarm1},
+                                   {"plotAlarm2", tab::alarm2},
+                                   {"plotRampSoak", tab::rampSoak},
+                                   {"plotAnalog", tab::analog}}) {
+    editor_->tabBig.setTab(page);
+    host_.yield();
+    EXPECT_EQ(view(name).focusPolicy(), Qt::NoFocus) << name;
+    EXPECT_EQ(view(name).minimumSizeHint(), QSize(0, 0)) << name << " pushes no box off the screen";
+    EXPECT_TRUE(view(name).readable()) << name << view(name).width() << "x" << view(name).height();
+  }
+}
+
+TEST_F(ChartWindows, AreHeardAsPicturesWithTheirContent) {
+  showAlarm();
+  const QAccessibleInterface* heard = QAccessible::queryAccessibleInterface(&view("plotAlarm1"));
+  EXPECT_EQ(heard->role(), QAccessible::Graphic);
+  EXPECT_EQ(heard->text(QAccessible::Name), "Where alarm 1 is active, drawn from the boxes");
+  EXPECT_EQ(heard->text(QAccessible::Description).toStdString(), editor_->plotAlarm1.chart().words);
+}
+
+TEST_F(ChartWindows, ShowDisplayColoursAndTheInkOfEachLook) {
+  for (const char* look : {"", "dark", "contrast"}) {
+    SCOPED_TRACE(look);
+    takeLook(look);
+    showAlarm();
+    const std::set<QRgb> colors = colorsOf(view("plotAlarm1").grab().toImage());
+    EXPECT_TRUE(colors.contains(QColor("#d93025").rgb())) << "the red of an active alarm";
+    EXPECT_TRUE(colors.contains(QApplication::palette().color(QPalette::Text).rgb()));
+  }
+}
+
+TEST_F(ChartWindows, ShowNothingWhereThereIsNoRoomToReadIt) {
+  showAlarm();
+  ChartView small;
+  small.setChart(editor_->plotAlarm1.chart());
+  small.resize(40, 20);
+  EXPECT_FALSE(small.readable());
+  EXPECT_EQ(colorsOf(small.grab().toImage()).size(), 1U);
+  for (int side = 1; side < 700; side += 37) {
+    small.resize(side, side / 2);
+    EXPECT_FALSE(small.grab().isNull());
+  }
+}
+
+TEST_F(ChartWindows, ArePaintedWithinFourMillisecondsOfAKey) {
+  showAlarm();
+  std::vector<double> milliseconds;
+  for (int key = 0; key < 101; ++key) {
+    QElapsedTimer clock;
+    clock.start();
+    editor_->txtAl1HiSp.userTyped(std::to_string(200 + key));
+    view("plotAlarm1").repaint();
+    milliseconds.push_back(static_cast<double>(clock.nsecsElapsed()) / 1e6);
+  }
+  std::ranges::sort(milliseconds);
+  RecordProperty("median_ms", std::to_string(milliseconds[50]));
+  std::printf("a key and its chart: median %.2f ms, worst %.2f ms\n", milliseconds[50], milliseconds[100]);
+  EXPECT_LT(milliseconds[50], 4);
+}
+
+}  // namespace
