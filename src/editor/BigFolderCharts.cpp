@@ -5,6 +5,8 @@
 #include "editor/frmBigFolder.h"
 #include "knowledge/SetupCharts.h"
 
+namespace torvane {
+
 namespace {
 
 struct AlarmControls {
@@ -87,3 +89,5 @@ void frmBigFolder::showChart() {
       return;
   }
 }
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include "knowledge/ChartParts.h"
 #include "knowledge/SetupCharts.h"
 
+namespace torvane {
+
 namespace {
 
 using namespace chartParts;
@@ -192,3 +194,5 @@ Chart alarmChart(const AlarmBoxes& boxes, const ReadingFormat& format) {
   chart.words = wordsOf(boxes, limits, format);
   return chart;
 }
+
+}  // namespace torvane

@@ -8,9 +8,11 @@
 #include "core/NumberText.h"
 #include "platform/RuntimeError.h"
 
+namespace torvane {
+
 namespace {
 
-constexpr int mostTicks = 6;
+constexpr int mostTicks = 9;
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -123,3 +125,5 @@ Chart nothing(const std::string& reason) {
 }
 
 }  // namespace chartParts
+
+}  // namespace torvane

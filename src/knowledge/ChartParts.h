@@ -10,6 +10,8 @@
 
 #include "platform/Chart.h"
 
+namespace torvane {
+
 namespace chartParts {
 
 // The number that a whole text is, if it is one and lies from low to high.
@@ -45,3 +47,5 @@ std::vector<ChartPoint> lineWithin(ChartPoint one, ChartPoint other, Span across
 Chart nothing(const std::string& reason);
 
 }  // namespace chartParts
+
+}  // namespace torvane

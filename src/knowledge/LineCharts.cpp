@@ -7,6 +7,8 @@
 #include "knowledge/ChartParts.h"
 #include "knowledge/SetupCharts.h"
 
+namespace torvane {
+
 namespace {
 
 using namespace chartParts;
@@ -50,9 +52,10 @@ std::string wayOf(ChartPoint one, ChartPoint two) {
 
 Span spanned(const ChartAxis& axis) { return {axis.from, axis.to}; }
 
-// The line between its points and, dashed, beyond them.
-void addLine(Chart& chart, ChartPoint one, ChartPoint two) {
-  chart.lines.push_back({lineWithin(one, two, spanned(chart.across), spanned(chart.up)), true});
+// The line between its points and, dashed, beyond them as far as it may reach up and down.
+void addLine(Chart& chart, ChartPoint one, ChartPoint two, Span reach) {
+  const Span up{std::max(reach.from, chart.up.from), std::min(reach.to, chart.up.to)};
+  chart.lines.push_back({lineWithin(one, two, spanned(chart.across), up), true});
   chart.lines.push_back({{one, two}, false});
 }
 
@@ -77,7 +80,7 @@ Span readingsOf(ChartPoint one, ChartPoint two, Span across, int decimals) {
   };
   const Span all =
       spanOf({one.y, two.y, onDisplay(across.from), onDisplay(across.to)}, 10 * countValue(decimals));
-  return widened(all, 0.05);
+  return widened(all, 0.12);
 }
 
 }  // namespace
@@ -96,7 +99,7 @@ Chart readingChart(const LineBoxes& boxes, const ReadingFormat& format) {
   chart.across = axis("Input (counts)", {std::max(0.0, across.from), across.to}, 0);
   chart.up = axis(titled("Reading", format.unit),
                   readingsOf(one, two, spanned(chart.across), format.decimals), format.decimals);
-  addLine(chart, one, two);
+  addLine(chart, one, two, {leastReading(format.decimals), mostReading(format.decimals)});
   const PointTexts first{shown(one.x, 0), shown(one.y, format.decimals)};
   const PointTexts second{shown(two.x, 0), shown(two.y, format.decimals)};
   addPoints(chart, one, two, first, second);
@@ -117,8 +120,8 @@ Chart analogChart(const AnalogBoxes& boxes, const ReadingFormat& format) {
   Chart chart;
   const Span readings = spanOf({0, one.x, two.x}, 10 * countValue(format.decimals));
   chart.across = axis(titled("Reading", format.unit), {0, widened(readings, 0.05).to}, format.decimals);
-  chart.up = axis(titled("Output", unit), {0, most}, 0);
-  addLine(chart, one, two);
+  chart.up = axis(titled("Output", unit), {0, 1.15 * most}, 0);
+  addLine(chart, one, two, {0, most});
   const PointTexts first{shown(one.x, format.decimals), shown(one.y, 2)};
   const PointTexts second{shown(two.x, format.decimals), shown(two.y, 2)};
   addPoints(chart, one, two, first, second);
@@ -127,3 +130,5 @@ Chart analogChart(const AnalogBoxes& boxes, const ReadingFormat& format) {
                 withUnit(second.x, format.unit) + ", " + wayOf(one, two);
   return chart;
 }
+
+}  // namespace torvane

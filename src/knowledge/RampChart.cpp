@@ -3,6 +3,8 @@
 #include "knowledge/ChartParts.h"
 #include "knowledge/SetupCharts.h"
 
+namespace torvane {
+
 namespace {
 
 using namespace chartParts;
@@ -41,3 +43,5 @@ Chart rampChart(const RampBoxes& boxes, const ReadingFormat& format) {
                 clockText(*ramp) + (boxes.soak ? ", and is held there for " + clockText(*soak) + "." : ".");
   return chart;
 }
+
+}  // namespace torvane

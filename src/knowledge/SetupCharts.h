@@ -9,6 +9,8 @@
 
 #include "platform/Chart.h"
 
+namespace torvane {
+
 // How the unit shows a reading.
 struct ReadingFormat {
   int decimals = 0;       // 0 to 3
@@ -58,3 +60,5 @@ struct RampBoxes {
 // The way to the set point and the stay there, in minutes. The reading at the start is not known, so that it
 // is the foot of the axis, 0, and the set point its 1.
 Chart rampChart(const RampBoxes& boxes, const ReadingFormat& format);
+
+}  // namespace torvane

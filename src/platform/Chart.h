@@ -12,6 +12,8 @@
 
 #include "platform/Controls.h"
 
+namespace torvane {
+
 struct ChartPoint {
   double x = 0;
   double y = 0;  // nothing on a bar
@@ -87,3 +89,5 @@ class Plot : public Control {
  private:
   Chart chart_;
 };
+
+}  // namespace torvane

@@ -2,6 +2,8 @@
 // The charts follow the boxes with every key, whatever way a setup came into the window.
 #include "tests/editor/EditorTest.h"
 
+namespace torvane {
+
 namespace {
 
 class Charts : public EditorTest {
@@ -94,3 +96,5 @@ TEST_F(Charts, FollowASetupThatIsTakenBack) {
 }
 
 }  // namespace
+
+}  // namespace torvane

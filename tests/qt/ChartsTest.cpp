@@ -14,6 +14,8 @@
 #include "qt/TestForm.h"
 #include "session/Look.h"
 
+namespace torvane {
+
 namespace {
 
 class ChartWindows : public QtTest {
@@ -118,3 +120,5 @@ TEST_F(ChartWindows, ArePaintedWithinFourMillisecondsOfAKey) {
 }
 
 }  // namespace
+
+}  // namespace torvane

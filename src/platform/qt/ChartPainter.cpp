@@ -4,9 +4,10 @@
 
 #include <QFontMetricsF>
 #include <algorithm>
-#include <array>
 
 #include "platform/qt/io/QtText.h"
+
+namespace torvane {
 
 namespace {
 
@@ -73,7 +74,7 @@ QRectF ChartPainter::frameOfLines() const {
   double left = 0;
   for (const ChartTick& tick : chart_.up.ticks) left = std::max(left, widthOf(tick.text));
   const double right = widthOf(chart_.across.ticks.back().text) / 2;
-  return room_.adjusted(left + tickMark + gap, line_ + gap, -right, -(2 * line_ + tickMark + gap));
+  return room_.adjusted(left + tickMark + gap, 1.5 * line_, -right, -(2 * line_ + tickMark + gap));
 }
 
 void ChartPainter::paintLines() {
@@ -108,6 +109,7 @@ void ChartPainter::paintBar() {
   painter_.drawRect(frame);
   axisAcross(frame, false);
   marksOfBar(frame, rows);
+  for (const ChartZone& each : chart_.zones) zoneText(each, frame);
 }
 
 // Numbers that would touch are left out, the first stays.
@@ -149,17 +151,31 @@ void ChartPainter::axisUp(const QRectF& frame) {
                     shown(chart_.up.title));
 }
 
+QRectF ChartPainter::areaOf(const ChartZone& zone, const QRectF& frame) const {
+  const double left = acrossAt(zone.from, frame);
+  return {left, frame.top(), acrossAt(zone.to, frame) - left, frame.height()};
+}
+
+QColor ChartPainter::fillOf(const ChartZone& zone) const {
+  constexpr double strengths[] = {0.25, 0.45, 1};
+  const QColor color = displayColor(zone.color, zone.kind == ZoneKind::quiet ? ground_ : accent_);
+  return mixed(ground_, color, strengths[static_cast<int>(zone.kind)]);
+}
+
 // What is active is full and striped, so that it can be told without its colour too.
 void ChartPainter::zone(const ChartZone& zone, const QRectF& frame) {
-  const double left = acrossAt(zone.from, frame);
-  const QRectF area(left, frame.top(), acrossAt(zone.to, frame) - left, frame.height());
-  const QColor color = displayColor(zone.color, zone.kind == ZoneKind::quiet ? ground_ : accent_);
-  constexpr double strengths[] = {0.25, 0.45, 1};
-  const QColor fill = mixed(ground_, color, strengths[static_cast<int>(zone.kind)]);
+  const QRectF area = areaOf(zone, frame);
+  const QColor fill = fillOf(zone);
   painter_.fillRect(area, fill);
   const QColor stripes = mixed(fill, readableOn(fill), 0.25);
   if (zone.kind == ZoneKind::active) painter_.fillRect(area, QBrush(stripes, Qt::BDiagPattern));
   if (zone.kind == ZoneKind::deadBand) painter_.fillRect(area, QBrush(stripes, Qt::Dense6Pattern));
+}
+
+// After the marks, so that none goes through the words.
+void ChartPainter::zoneText(const ChartZone& zone, const QRectF& frame) {
+  const QRectF area = areaOf(zone, frame);
+  const QColor fill = fillOf(zone);
   const double width = widthOf(zone.text) + 2 * gap;
   if (width > area.width()) return;
   const QRectF words(area.center().x() - width / 2, area.center().y() - line_ / 2, width, line_);
@@ -203,7 +219,7 @@ void ChartPainter::marksOfBar(const QRectF& frame, const std::vector<int>& rows)
 void ChartPainter::labels(const QRectF& frame) {
   for (const ChartMark& mark : chart_.marks) {
     const QPointF point = at(mark.at, frame);
-    taken_.emplace_back(point.x() - dot, point.y() - dot, 2 * dot, 2 * dot);
+    taken_.emplace_back(point.x() - 1, point.y() - dot, 2, 2 * dot);
   }
   for (const ChartMark& mark : chart_.marks) {
     const QRectF place = labelPlace(mark, frame);
@@ -215,36 +231,32 @@ void ChartPainter::labels(const QRectF& frame) {
   }
 }
 
-// Beside the mark and off the line where there is such a place; none where labels would touch.
+// Near the mark and off the line where there is such a place; none where labels would touch.
 QRectF ChartPainter::labelPlace(const ChartMark& mark, const QRectF& frame) const {
   const QPointF point = at(mark.at, frame);
-  const double width = widthOf(mark.text) + gap;
-  const double right = point.x() + dot + gap;
-  const double left = point.x() - dot - gap - width;
-  const double centre = point.x() - width / 2;
+  const double width = std::min(widthOf(mark.text) + gap, frame.width());
   const double above = point.y() - dot - line_;
   const double below = point.y() + dot;
-  const std::array<QPointF, 8> corners{QPointF(right, below),
-                                       QPointF(left, above),
-                                       QPointF(left, below),
-                                       QPointF(right, above),
-                                       QPointF(centre, above),
-                                       QPointF(centre, below),
-                                       QPointF(right, point.y() - line_ / 2),
-                                       QPointF(left, point.y() - line_ / 2)};
-  const auto placeAt = [&](QPointF corner) { return QRectF(corner, QSizeF(width, line_)); };
-  for (const QPointF& corner : corners) {
-    if (isFree(placeAt(corner), frame) && !crossesLine(placeAt(corner), frame)) return placeAt(corner);
+  const double heights[] = {below,         above,         point.y() - line_ / 2,
+                            above - line_, below + line_, above - 2 * line_};
+  const double sides[] = {point.x() + dot + 2 * gap, point.x() - dot - 2 * gap - width, point.x() - width / 2,
+                          std::clamp(point.x() - width / 2, frame.left(), frame.right() - width)};
+  QRectF onLine;
+  for (const double top : heights) {
+    for (const double left : sides) {
+      const QRectF place(left, top, width, line_);
+      if (!isFree(place, frame)) continue;
+      if (!crossesLine(place, frame)) return place;
+      if (onLine.isNull()) onLine = place;
+    }
   }
-  for (const QPointF& corner : corners) {
-    if (isFree(placeAt(corner), frame)) return placeAt(corner);
-  }
-  return {};
+  return onLine;
 }
 
 bool ChartPainter::isFree(const QRectF& place, const QRectF& frame) const {
+  const QRectF apart = place.adjusted(-2 * gap, 0, 2 * gap, 0);
   return frame.contains(place) &&
-         std::ranges::none_of(taken_, [&](const QRectF& other) { return other.intersects(place); });
+         std::ranges::none_of(taken_, [&](const QRectF& other) { return other.intersects(apart); });
 }
 
 bool ChartPainter::crossesLine(const QRectF& place, const QRectF& frame) const {
@@ -282,3 +294,5 @@ QRectF ChartPainter::centredLabel(const ChartMark& mark, const QRectF& frame) co
       std::max(room_.left(), std::min(acrossAt(mark.at.x, frame) - width / 2, room_.right() - width));
   return {left, 0, width, line_};
 }
+
+}  // namespace torvane

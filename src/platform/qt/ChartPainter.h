@@ -8,6 +8,8 @@
 
 #include "platform/Chart.h"
 
+namespace torvane {
+
 class ChartPainter {
  public:
   ChartPainter(QPainter& painter, const Chart& chart, const QPalette& palette, const QRectF& room);
@@ -24,6 +26,9 @@ class ChartPainter {
   void axisAcross(const QRectF& frame, bool grid);
   void axisUp(const QRectF& frame);
   void zone(const ChartZone& zone, const QRectF& frame);
+  void zoneText(const ChartZone& zone, const QRectF& frame);
+  QRectF areaOf(const ChartZone& zone, const QRectF& frame) const;
+  QColor fillOf(const ChartZone& zone) const;
   void labels(const QRectF& frame);
   QRectF labelPlace(const ChartMark& mark, const QRectF& frame) const;
   std::vector<int> labelRows(const QRectF& frame) const;
@@ -43,3 +48,5 @@ class ChartPainter {
   QColor ground_, ink_, faint_, accent_;
   std::vector<QRectF> taken_;  // by labels
 };
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 #include "platform/qt/ChartPainter.h"
 #include "platform/qt/io/QtText.h"
 
+namespace torvane {
+
 namespace {
 
 // Wanted, and needed at the least; of the font's letters and lines.
@@ -50,3 +52,5 @@ void ChartView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   ChartPainter(painter, chart_, palette(), rect()).paint();
 }
+
+}  // namespace torvane

@@ -7,6 +7,8 @@
 
 #include "platform/Chart.h"
 
+namespace torvane {
+
 class ChartView : public QWidget {
   Q_OBJECT
 
@@ -27,3 +29,5 @@ class ChartView : public QWidget {
  private:
   Chart chart_;
 };
+
+}  // namespace torvane
