@@ -48,7 +48,9 @@ void expectZonesCoverTheBar(const Chart& chart) {
   EXPECT_EQ(chart.zones.back().to, chart.across.to);
   for (std::size_t at = 0; at < chart.zones.size(); ++at) {
     EXPECT_LT(chart.zones[at].from, chart.zones[at].to);
-    if (at > 0) EXPECT_EQ(chart.zones[at].from, chart.zones[at - 1].to);
+    if (at > 0) {
+      EXPECT_EQ(chart.zones[at].from, chart.zones[at - 1].to);
+    }
   }
 }
 
@@ -61,7 +63,9 @@ void expectWithinFrame(const Chart& chart) {
   }
   for (const ChartMark& mark : chart.marks) {
     EXPECT_TRUE(isWithin(mark.at.x, chart.across.from, chart.across.to)) << mark.text;
-    if (chart.zones.empty()) EXPECT_TRUE(isWithin(mark.at.y, chart.up.from, chart.up.to)) << mark.text;
+    if (chart.zones.empty()) {
+      EXPECT_TRUE(isWithin(mark.at.y, chart.up.from, chart.up.to)) << mark.text;
+    }
   }
 }
 
@@ -246,7 +250,7 @@ TEST(SetupCharts, OfAnAlarmAreActiveWhereTheUnitIs) {
       const SentAlarm sent = sentAlarm(number);
       const Chart chart = alarmChart(alarmBoxes(number), {decimals(), ""});
       expectSound(chart);
-      if (!sent.isOn()) EXPECT_NE(chart.reason, "");
+      EXPECT_TRUE(sent.isOn() || !chart.reason.empty());
       if (!chart.reason.empty()) continue;
       ++seen[sent.config >> 1U & 1U][sent.config >> 4U & 3U];
       EXPECT_TRUE(sent.isOn());
