@@ -60,13 +60,10 @@ void ChartPainter::paint() {
   chart_.zones.empty() ? paintLines() : paintBar();
 }
 
+// Without a card around it: a large empty one would look like something missing.
 void ChartPainter::paintReason() {
-  painter_.fillRect(room_, ground_);
-  painter_.setPen(QPen(faint_, 1));
-  painter_.drawRect(room_);
   painter_.setPen(ink_);
-  painter_.drawText(room_.adjusted(gap, gap, -gap, -gap), Qt::AlignCenter | Qt::TextWordWrap,
-                    shown(chart_.reason));
+  painter_.drawText(room_, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, shown(chart_.reason));
 }
 
 // Left of it the numbers of the axis up, above it that axis's title, below it the other's numbers and title.
