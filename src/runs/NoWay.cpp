@@ -18,7 +18,7 @@ const NoWay loop = {"A loop",
 const NoWay otherDevice = {
     "Another device",
     "Something answers that is no unit of these lines, or it speaks at another speed or "
-    "parity. Check the line settings, then what hangs on this port"};
+    "parity. Check the line settings, then what is connected to this port"};
 const NoWay otherLine = {
     "A unit of the other line",
     "The setup is for another line of units. Choose the unit in Hardware, or read it first"};
