@@ -115,6 +115,15 @@ TEST(HelpPagesTest, EveryPictureIsInTheProgramAndHasWords) {
   }
 }
 
+TEST(HelpPagesTest, EveryPictureOfAWindowStandsOnAPage) {
+  QStringList onPages;
+  for (const QString& file : filesOnDisk()) onPages << allIn(htmlOf(file), "src=\"([^\"/]+\\.png)\"");
+  for (const QString& picture : QDir(":/help").entryList({"*.png"})) {
+    EXPECT_TRUE(onPages.contains(picture)) << picture.toStdString();
+  }
+  EXPECT_FALSE(onPages.isEmpty());
+}
+
 TEST(HelpPagesTest, NoPageHasColoursOfItsOwn) {
   const QRegularExpression colour("rgb\\(|bgcolor|style=|: *#[0-9a-fA-F]{3}|=\"#[0-9a-fA-F]{6}\"");
   const QStringList files = filesOnDisk() << "help.css";
