@@ -3,14 +3,19 @@
 // most of. Usage: guide-picture FROM.png TO.png
 #include <QHash>
 #include <QImage>
+#include <QSet>
 #include <algorithm>
 #include <cstdio>
 
 namespace {
 
 constexpr int widestOnAPage = 640;
-constexpr qsizetype mostColours = 64;
+constexpr qsizetype mostColours = 256;
 
+// Colours that differ by so little that the eye takes them for one.
+QRgb coarse(QRgb colour) { return colour & qRgb(0xF0, 0xF0, 0xF0); }
+
+// The commonest colour of each coarse one, so that black letters on a small green field stay readable.
 QList<QRgb> mainColours(const QImage& image) {
   QHash<QRgb, int> counts;
   for (int y = 0; y < image.height(); ++y) {
@@ -19,7 +24,14 @@ QList<QRgb> mainColours(const QImage& image) {
   QList<QRgb> colours = counts.keys();
   std::ranges::sort(colours,
                     [&](QRgb a, QRgb b) { return counts[a] != counts[b] ? counts[a] > counts[b] : a < b; });
-  return colours.first(std::min(mostColours, colours.size()));
+  QList<QRgb> main;
+  QSet<QRgb> taken;
+  for (const QRgb colour : colours) {
+    if (taken.contains(coarse(colour)) || main.size() == mostColours) continue;
+    taken.insert(coarse(colour));
+    main << colour;
+  }
+  return main;
 }
 
 }  // namespace
