@@ -98,7 +98,7 @@ TEST_P(NetworkDecision, GrantsOrRefusesInTheseWords) {
   EXPECT_EQ(narrative.lines[1], "Found device");
 }
 
-TEST_P(NetworkDecision, WaitsASecondBehindItInAnyCaseAndThreeMoreInFrontOfAWrite) {
+TEST_P(NetworkDecision, WaitsASecondAfterItInAnyCaseAndThreeMoreInFrontOfAWrite) {
   host.toleratesBoxes = true;
   for (const std::int16_t readMode : {True, False}) {
     window().readMode = readMode;
@@ -182,7 +182,7 @@ TEST_F(NetworkAccess, WaitsForASlowBridgeForTwoSeconds) {
   }
 }
 
-TEST_F(NetworkAccess, ConnectsAnewWhenAConnectionIsLeft) {
+TEST_F(NetworkAccess, ConnectsAgainWhenAConnectionIsLeft) {
   window().readMode = True;
   Global.ReadConfirmed = 1;
   EXPECT_EQ(window().NetworkFullConnect(), 0);
@@ -191,7 +191,7 @@ TEST_F(NetworkAccess, ConnectsAnewWhenAConnectionIsLeft) {
   EXPECT_EQ(bridge.connections(), 2U);
 }
 
-TEST_F(NetworkAccess, RestsHalfASecondBehindTheConnection) {
+TEST_F(NetworkAccess, RestsHalfASecondAfterTheConnection) {
   window().readMode = True;
   Global.ReadConfirmed = 1;
   window().NetworkFullConnect();
@@ -307,7 +307,7 @@ TEST_F(NetworkAccess, LeavesTheAddressWhereNoneWasSent) {
   EXPECT_EQ(Hardware.BusAddress, before);
 }
 
-TEST_F(NetworkAccess, UnloadsTheWindowAtASecondActivationBehindARead) {
+TEST_F(NetworkAccess, UnloadsTheWindowAtASecondActivationAfterARead) {
   window().readMode = True;
   Global.ReadConfirmed = 0;
   window().showModal();

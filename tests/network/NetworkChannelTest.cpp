@@ -51,7 +51,7 @@ struct StateCase {
   Lines calls;
 };
 
-TEST_F(ThroughTheBridge, ConnectsAnewUnlessTheConnectionStandsOrIsBroken) {
+TEST_F(ThroughTheBridge, ConnectsAgainUnlessTheConnectionStandsOrIsBroken) {
   const StateCase cases[] = {
       {SocketState::closed, {connecting, "send"}},
       {SocketState::open, {"close", connecting, "send"}},

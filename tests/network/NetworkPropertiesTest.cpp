@@ -124,7 +124,7 @@ TEST_P(TwinUnits, GiveTheSameRecordsWhenReadOverEitherWay) {
   }
 }
 
-TEST_P(TwinUnits, HoldTheSameBehindWholeRunsThroughTheTabs) {
+TEST_P(TwinUnits, HoldTheSameAfterWholeRunsThroughTheTabs) {
   for (int round = 0; round < wholeRuns; ++round) {
     SCOPED_TRACE(round);
     fill();

@@ -258,7 +258,7 @@ TEST_F(NetworkRead, CountsAFailureAgainInAStepThatReadsNothing) {
   EXPECT_TRUE(narrative.has("81%"));
 }
 
-TEST_F(NetworkRead, BeginsToCountAnewInEveryRun) {
+TEST_F(NetworkRead, BeginsToCountAgainInEveryRun) {
   refuse({"09", "12", "18"});
   readOnly();
   readOnly();

@@ -145,7 +145,7 @@ TEST_F(NetworkTest, OnAnOpenConnectionToAnotherPortSaysSo) {
             "Port 1000 replaced Port 1234 as needed to support proper communications.");
 }
 
-TEST_F(NetworkTest, BeginsAnewWhereThePeerHasClosed) {
+TEST_F(NetworkTest, BeginsAgainWhereThePeerHasClosed) {
   bridge.faults.closeAfter = 20;
   test();
   host.clock += 20;
@@ -217,7 +217,7 @@ TEST_F(NetworkTest, TellsToLookAtTheCablesWhereNothingOrSomethingElseAnswers) {
   }
 }
 
-TEST_F(NetworkTest, TellsToLookAtTheCablesAlsoBehindAComplaint) {
+TEST_F(NetworkTest, TellsToLookAtTheCablesAlsoAfterAComplaint) {
   bridge.faults.refusals = {{"?46", "*U01", 1}};
   unit.faults.answers = {{"U01", "whatever"}};
   test();
@@ -241,7 +241,7 @@ TEST_F(NetworkTest, StopsTheWizardWhereTheLineEchoes) {
   EXPECT_EQ(bridge.connections(), 1U);
 }
 
-TEST_F(NetworkTest, StopsTheWizardAlsoWhereTheLineEchoesBehindAComplaint) {
+TEST_F(NetworkTest, StopsTheWizardAlsoWhereTheLineEchoesAfterAComplaint) {
   bridge.faults.refusals = {{"?50", "*U01", 1}};
   unit.faults.loopback = sim::unlimited;
   test();

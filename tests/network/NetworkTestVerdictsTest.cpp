@@ -33,7 +33,7 @@ TEST_F(TerminalServer, IsLeftForPort2000) {
   EXPECT_EQ(host.boxes.front().icon, Icon::none);
 }
 
-TEST_F(TerminalServer, OnBothPortsIsTold) {
+TEST_F(TerminalServer, OnBothPortsIsReported) {
   bridge.faults.prompt = sim::terminalServerPrompt;
   test();
   EXPECT_EQ(says(), connected + noDevice + terminalServer);
@@ -43,7 +43,7 @@ TEST_F(TerminalServer, OnBothPortsIsTold) {
   EXPECT_TRUE(host.boxes.empty());
 }
 
-TEST_F(TerminalServer, BehindAComplaintIsTold) {
+TEST_F(TerminalServer, AfterAComplaintIsReported) {
   terminal.faults.prompt.clear();
   terminal.faults.refusals = {{"?43", "*U01", 1}};
   host.expect([this] { return terminal.connections() == 2; },

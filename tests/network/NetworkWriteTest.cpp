@@ -212,7 +212,7 @@ TEST_F(NetworkWrite, GoesOnWhenCancelIsAnsweredNo) {
   EXPECT_EQ(remote.registerHex("21"), "11");
 }
 
-TEST_F(NetworkWrite, CancelledDuringTheSearchStopsBehindTheFirstRegister) {
+TEST_F(NetworkWrite, CancelledDuringTheSearchStopsAfterTheFirstRegister) {
   cancelAt("Looking for device");
   runWrite();
   EXPECT_EQ(remote.registerHex("07"), "06");
@@ -249,7 +249,7 @@ TEST_F(NetworkWrite, TellsAResetThatIsRefused) {
   EXPECT_EQ(status(), "Test access to the unitGot ?43\rRequest failed and Configuration Sent\r");
 }
 
-TEST_F(NetworkWrite, StillResetsTheUnitBehindACancel) {
+TEST_F(NetworkWrite, StillResetsTheUnitAfterACancel) {
   Global.ResetAfterWrite = True;
   cancelAt("Configuring Alarm 1 Configuration...");
   runWrite();

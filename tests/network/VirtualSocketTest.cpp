@@ -201,7 +201,7 @@ TEST_F(VirtualSockets, CloseForgetsWhatIsUnderway) {
   EXPECT_TRUE(events.empty());
 }
 
-TEST_F(VirtualSockets, ConnectsAnewFromAnyState) {
+TEST_F(VirtualSockets, ConnectsAgainFromAnyState) {
   for (int time = 0; time < 3; ++time) {
     connect();
     sleep(1);

@@ -77,7 +77,7 @@ TEST_P(HarmlessReplies, LeaveTheSetupInTheUnit) {
   EXPECT_EQ(commandsOfRun(), writeTraffic(kind::fullController, all, before));
 }
 
-TEST_P(HarmlessReplies, ChangeNothingInWhatIsTold) {
+TEST_P(HarmlessReplies, ChangeNothingInWhatIsReported) {
   runWrite();
   const Lines done = {"RS 485 Address ....\r11\rSuccessDone\r", "100%"};
   EXPECT_EQ(narrative.behind("3%"), writeNarrative(all) + done);
@@ -116,7 +116,7 @@ TEST_F(WriteWithFaultyReplies, TakesRepliesWithoutALineEndForSilence) {
   EXPECT_EQ(unit.count("W"), 0U);
 }
 
-TEST_F(WriteWithFaultyReplies, TakesRepliesBehindTheLimitForSilence) {
+TEST_F(WriteWithFaultyReplies, TakesRepliesAfterTheLimitForSilence) {
   unit.faults.late = 3;
   host.expectBox(noUnitMessage);
   runWrite();
@@ -175,7 +175,7 @@ class NoisyWrite : public WriteWithFaultyReplies {
 
 TEST_F(NoisyWrite, EndsWithAnyByteInFrontOfEveryReply) { runWithEachByte(&sim::Faults::noiseBefore); }
 
-TEST_F(NoisyWrite, EndsWithAnyByteBehindEveryReply) { runWithEachByte(&sim::Faults::trailing); }
+TEST_F(NoisyWrite, EndsWithAnyByteAfterEveryReply) { runWithEachByte(&sim::Faults::trailing); }
 
 TEST_F(NoisyWrite, EndsWithAnyByteInsideTheDataOfEveryReply) {
   unit.faults.noiseAt = 4;

@@ -63,7 +63,7 @@ class PortThatFails : public FaultyWrite, public testing::WithParamInterface<con
   PortThatFails() { host.lines[1].openFault = GetParam(); }
 };
 
-TEST_P(PortThatFails, IsToldInTheWordsOfTheSystemAndTheRunComesToItsEnd) {
+TEST_P(PortThatFails, IsReportedInTheWordsOfTheSystemAndTheRunComesToItsEnd) {
   host.expectBox("Encountered an error:");
   runWrite();
   EXPECT_EQ(boxTexts(), (Lines{std::string("Encountered an error:\r") + GetParam()}));
@@ -73,7 +73,7 @@ TEST_P(PortThatFails, IsToldInTheWordsOfTheSystemAndTheRunComesToItsEnd) {
   expectEnd();
 }
 
-TEST_P(PortThatFails, IsToldAgainByTheReset) {
+TEST_P(PortThatFails, IsReportedAgainByTheReset) {
   Global.ResetAfterWrite = True;
   host.expectBox(GetParam());
   host.expectBox(GetParam());
@@ -98,7 +98,7 @@ TEST_F(FaultyWrite, WithoutAPortChosenTellsSoAndFailsInEveryRegister) {
 
 // ---- silence
 
-TEST_F(FaultyWrite, TakesAUnitThatFallsSilentBehindItsVersionForOneWithAWiringProblem) {
+TEST_F(FaultyWrite, TakesAUnitThatFallsSilentAfterItsVersionForOneWithAWiringProblem) {
   unit.faults.silentAfter = 4;
   host.expectBox(wiringMessage);
   runWrite();

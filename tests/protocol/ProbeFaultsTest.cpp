@@ -114,7 +114,7 @@ struct SkipCase {
 
 // A command that fails keeps what is known so far: no reply to the probe ends it, one version of three is
 // enough, no type is no unit.
-TEST_F(ProbeFaults, DuringASearchGoOnBehindTheCommandThatFailed) {
+TEST_F(ProbeFaults, DuringASearchGoOnAfterTheCommandThatFailed) {
   Global.AutoDetect = True;
   const char* found = "Version is: 1.4\rTorvane TMP Controller found";
   const SkipCase cases[] = {{1, "", 5, found}, {2, "", 5, found}, {3, "", 5, found}, {4, "ng", 4, "not Ok"}};

@@ -239,7 +239,7 @@ TEST_F(Probe, OfAUnitThatPassesAndThenFallsSilentFindsNothing) {
   EXPECT_EQ(DeviceState.DeviceClass, 4);
 }
 
-TEST_F(Probe, PausesThreeSecondsFromARoundedStartBehindTheFirstReply) {
+TEST_F(Probe, PausesThreeSecondsFromARoundedStartAfterTheFirstReply) {
   for (const double fraction : {0.0, 0.3, 0.45, 0.6, 0.9}) {
     startAnew();
     answerAs("TMP");
@@ -266,7 +266,7 @@ struct VersionCase {
   const char* told;     // null: nothing was heard
 };
 
-TEST_F(Probe, TakesTheVersionBehindTheFirstUOfTheLastReplyThatHasOne) {
+TEST_F(Probe, TakesTheVersionAfterTheFirstUOfTheLastReplyThatHasOne) {
   const VersionCase cases[] = {
       {{"U031.4"}, "1.4", "1.4"},
       {{"U031.4", "U032.0", "U032.5"}, "2.5", "2.5"},

@@ -144,7 +144,7 @@ TEST_F(Channel, LeavesALateLineFeedToTheNextCommandWhichThrowsItAway) {
 }
 
 // A unit that ends its lines in both and says them byte by byte.
-TEST_F(Channel, PassesOverALineFeedThatComesBehindTheNextCommand) {
+TEST_F(Channel, PassesOverALineFeedThatComesAfterTheNextCommand) {
   port.open();
   port.script = inTurn({"R0726\r", "R0842\r"});
   EXPECT_EQ(channel.writePort("*R07"), "R0726");

@@ -309,7 +309,7 @@ TEST_F(Registers, NoChangeOutlastsTwelveTimeouts) {
 
 class RunRegisters : public ProbeBench {};
 
-TEST_F(RunRegisters, ShowTheValueBehindTheLabelAndChangeIt) {
+TEST_F(RunRegisters, ShowTheValueAfterTheLabelAndChangeIt) {
   answers = {{"R07", {"R0700", "R0726"}}, {"W0726", {"W07"}}};
   window.lblStatus.setCaption("Input type\r");
   window.channel.registerMask = 0xFF;

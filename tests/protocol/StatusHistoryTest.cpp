@@ -79,7 +79,7 @@ TEST_F(History, SumsUpInTheLastLine) {
   EXPECT_EQ(list.itemMark(2), Mark::error);
 }
 
-TEST_F(History, BeginsAnewWithTheNextRun) {
+TEST_F(History, BeginsAgainWithTheNextRun) {
   history.begin();
   step(failed("01", "Set-Point 1", "no answer"));
   history.begin();

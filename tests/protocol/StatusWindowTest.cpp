@@ -330,7 +330,7 @@ INSTANTIATE_TEST_SUITE_P(EitherWay, CloseInTheLastSecond, testing::ValuesIn(clos
 
 // ---- what a showing does
 
-TEST_F(StatusWindow, UnloadsAtOnceWhenItIsShownAgainBehindARead) {
+TEST_F(StatusWindow, UnloadsAtOnceWhenItIsShownAgainAfterARead) {
   runRead();
   unit.takeLog();
   window().readMode = True;
@@ -339,7 +339,7 @@ TEST_F(StatusWindow, UnloadsAtOnceWhenItIsShownAgainBehindARead) {
   EXPECT_TRUE(unit.commands().empty());
 }
 
-TEST_F(StatusWindow, StaysLoadedAndHiddenBehindARead) {
+TEST_F(StatusWindow, StaysLoadedAndHiddenAfterARead) {
   runRead();
   EXPECT_TRUE(isLoaded<frmSerial>());
   EXPECT_FALSE(window().visible());
@@ -361,7 +361,7 @@ TEST_F(StatusWindow, ForgetsThatItWasAConnectionTestAndWritesNothing) {
   EXPECT_EQ(unit.count("W"), 0U);
 }
 
-TEST_F(StatusWindow, UnloadsBehindATestThatIsDone) {
+TEST_F(StatusWindow, UnloadsAfterATestThatIsDone) {
   Global.DetectionDone = 1;
   runWrite();
   EXPECT_FALSE(isLoaded<frmSerial>());

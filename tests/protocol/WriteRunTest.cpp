@@ -183,7 +183,7 @@ TEST_F(ImpossibleReadingScale, AsksInTheseWords) {
   EXPECT_EQ(host.boxes[0].buttons, Buttons::yesNo);
 }
 
-TEST_F(ImpossibleReadingScale, IsTold) {
+TEST_F(ImpossibleReadingScale, IsReported) {
   host.expectBox("Divide by Zero", Answer::yes);
   runWrite();
   const std::string label = "Configuring Reading Scale...\r";
@@ -350,7 +350,7 @@ TEST_F(WriteRun, EndsAtAnOverflowWithTheEarlierRegistersWrittenAndStillSaysDone)
             (Lines{"Configuring Set-Point 2...\r", "Configuring Set-Point 2...\rDone\r", "100%"}));
 }
 
-TEST_F(WriteRun, StillResetsTheUnitBehindAnOverflow) {
+TEST_F(WriteRun, StillResetsTheUnitAfterAnOverflow) {
   Memo[rec::txtIDCode].text = "40000";
   showMemo();
   Global.ResetAfterWrite = True;

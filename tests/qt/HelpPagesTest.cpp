@@ -154,7 +154,7 @@ const TabPage* tabOf(const Control& control) {
 
 class HelpWordsTest : public QtTest {};
 
-TEST_F(HelpWordsTest, EachTabsPageTellsOfAllItsControls) {
+TEST_F(HelpWordsTest, EachTabsPageDescribesAllItsControls) {
   const auto pages = pagesByTitle();
   const auto editor = std::make_shared<frmBigFolder>();
   int told = 0;
@@ -191,7 +191,7 @@ void expectPage() {
   expectPageOf<Kind>(std::make_shared<Kind>()->caption().c_str());
 }
 
-TEST_F(HelpWordsTest, EachDialogsPageTellsOfAllItsControls) {
+TEST_F(HelpWordsTest, EachDialogsPageDescribesAllItsControls) {
   expectPage<frmRead>();
   expectPage<frmWrite>();
   expectPage<frmCompare>();
@@ -206,7 +206,7 @@ TEST_F(HelpWordsTest, EachDialogsPageTellsOfAllItsControls) {
   expectPage<frmTimedMessage>();
 }
 
-TEST_F(HelpWordsTest, TheCommandsOfTheMainWindowAreTold) {
+TEST_F(HelpWordsTest, TheCommandsOfTheMainWindowAreDescribed) {
   const HelpPage page = pagesByTitle().at("The main window and its commands");
   const auto editor = std::make_shared<frmBigFolder>();
   for (const Control* control : editor->controls) {

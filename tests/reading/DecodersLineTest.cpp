@@ -297,7 +297,7 @@ TEST_F(DecodersLine, WhatIsNotFiniteIsAnOverflow) {
   EXPECT_THROW(parseRdOffset("R0361E848"), RuntimeError);
 }
 
-TEST_F(DecodersLine, AnOverflowIsToldByNameAndNumber) {
+TEST_F(DecodersLine, AnOverflowIsReportedByNameAndNumber) {
   readingFrom("1E999", "1000");
   try {
     parseRdOffset("R0361E848");

@@ -72,7 +72,7 @@ TEST_F(Decoders, SkipAnAddressInFrontOfTheR) {
 
 TEST_F(Decoders, DoNotCompareTheRegisterNumber) { EXPECT_EQ(parseIDCode("Rxx04D2"), "1234"); }
 
-TEST_F(Decoders, TakeThePayloadBehindTheFirstR) { EXPECT_EQ(parseIDCode("R05R04D2"), "0000"); }
+TEST_F(Decoders, TakeThePayloadAfterTheFirstR) { EXPECT_EQ(parseIDCode("R05R04D2"), "0000"); }
 
 TEST_F(Decoders, StopAtTheFirstCharacterThatIsNoHexadecimalDigit) {
   EXPECT_EQ(parseIDCode("R0510x4"), "0016");

@@ -47,7 +47,7 @@ struct TypeCase {
   int type;
 };
 
-TEST_F(MeterType, IsToldByTheLastThreeLettersOfTheTypeQuery) {
+TEST_F(MeterType, IsKnownByTheLastThreeLettersOfTheTypeQuery) {
   const TypeCase cases[] = {{"U04 TMP\r", 1},  {"U04 PRC\r", 2},  {"U04 STR\r", 3},  {"U04 GR2\r", 4},
                             {"U04 RHT\r", 5},  {"TMP\r", 1},      {"11U04TMP\r", 1}, {"U04 TMPPRC\r", 2},
                             {"U04TMP\r\n", 1}, {"U04TMP\r\r", 1}, {"?43TMP\r", 1}};
@@ -80,7 +80,7 @@ struct LengthCase {
   bool rkw77;
 };
 
-TEST_F(MeterType, IsToldByTheLengthOfTheColours) {
+TEST_F(MeterType, IsKnownByTheLengthOfTheColours) {
   const LengthCase cases[] = {{1, 6, false}, {5, 6, false}, {7, 6, false},  {8, 6, false},  {9, 0, true},
                               {10, 0, true}, {12, 0, true}, {13, -1, true}, {14, -1, true}, {500, -1, true}};
   for (const auto& [length, type, rkw77] : cases) {
@@ -158,7 +158,7 @@ struct FrameCase {
   const char* settings;
 };
 
-TEST_F(MeterType, AsksForTheBusSettingsWithoutAStarAndWithTheAddressBehind) {
+TEST_F(MeterType, AsksForTheBusSettingsWithoutAStarAndWithTheAddressAfterIt) {
   const FrameCase cases[] = {{0, "*U04\r", "*R11\r", "^AE\r"},       {1, "*11U04\r", "*11R11\r", "^AE11\r"},
                              {2, "*U04\r", "*R11\r", "^AE\r"},       {3, "*11U04\r", "*11R11\r", "^AE11\r"},
                              {4, "*11U04\r", "*11R11\r", "^AE11\r"}, {-1, "*11U04\r", "*11R11\r", "^AE11\r"}};
@@ -179,7 +179,7 @@ TEST_F(MeterType, CountsAnAddressInFrontOfTheColoursAsPartOfTheReply) {
   EXPECT_EQ(typeNow(), 0);
 }
 
-TEST_F(MeterType, WaitsHalfASecondBehindTheSecondCommand) {
+TEST_F(MeterType, WaitsHalfASecondAfterTheSecondCommand) {
   typeOf("U04TMP", "", "2A00000");
   EXPECT_GT(host.clock - 36000, 0.52);
   EXPECT_LT(host.clock - 36000, 0.525);

@@ -117,7 +117,7 @@ TEST_F(PortSearch, WithoutAChosenPortTriesNoneAndThenAllTen) {
   EXPECT_TRUE(found());
 }
 
-TEST_F(PortSearch, GoesOnBehindAPortThatDoesNotOpen) {
+TEST_F(PortSearch, GoesOnAfterAPortThatDoesNotOpen) {
   moveUnitTo(3);
   host.lines[1].openFault = "Permission denied";
   host.lines[2].openFault = "Device or resource busy";
@@ -128,7 +128,7 @@ TEST_F(PortSearch, GoesOnBehindAPortThatDoesNotOpen) {
   EXPECT_TRUE(host.boxes.empty());
 }
 
-TEST_F(PortSearch, GoesOnBehindAnAdapterThatIsPulledOut) {
+TEST_F(PortSearch, GoesOnAfterAnAdapterThatIsPulledOut) {
   for (int command = 1; command <= 6; ++command) {
     sim::Unit pulled{{}};
     pulled.faults.hangupAt = command;
@@ -265,7 +265,7 @@ TEST_F(PortSearch, GoesOnFromWhereItWasWithNo) {
   EXPECT_EQ(unitOn(3).count("R02"), 1U);
 }
 
-TEST_F(PortSearch, AsksAgainBehindTheNextPortWhenTheFirstWasCancelled) {
+TEST_F(PortSearch, AsksAgainAfterTheNextPortWhenTheFirstWasCancelled) {
   silenceAll();
   cancelDuring(1);
   host.expectBox(detectionQuestion, Answer::yes);
@@ -275,7 +275,7 @@ TEST_F(PortSearch, AsksAgainBehindTheNextPortWhenTheFirstWasCancelled) {
   EXPECT_EQ(Global.CancelFlag, True);
 }
 
-TEST_F(PortSearch, LetsTheUserThinkAgainBehindTheNextPort) {
+TEST_F(PortSearch, LetsTheUserThinkAgainAfterTheNextPort) {
   silenceAll();
   cancelDuring(1);
   host.expectBox(detectionQuestion, Answer::yes);

@@ -47,7 +47,7 @@ class FaultyRead : public RunBench {
 
 class ReadFromAPortThatFails : public FaultyRead, public testing::WithParamInterface<const char*> {};
 
-TEST_P(ReadFromAPortThatFails, IsToldInTheWordsOfTheSystemAndKeepsTheRecords) {
+TEST_P(ReadFromAPortThatFails, IsReportedInTheWordsOfTheSystemAndKeepsTheRecords) {
   for (std::int16_t tab = 0; tab < 12; ++tab) form<frmBigFolder>().writeMemo(tab);
   const auto before = records();
   host.lines[1].openFault = GetParam();
@@ -64,7 +64,7 @@ INSTANTIATE_TEST_SUITE_P(ForEachReason, ReadFromAPortThatFails,
                                          "Device or resource busy"),
                          [](const auto& test) { return "Reason" + std::to_string(test.index); });
 
-TEST_F(FaultyRead, FailsInEveryRegisterBehindTheOneAtWhichTheUnitFallsSilent) {
+TEST_F(FaultyRead, FailsInEveryRegisterAfterTheOneAtWhichTheUnitFallsSilent) {
   from("Reading Set-Point 1...", [](sim::Faults& faults) { faults.silentAfter = 0; });
   runRead();
   EXPECT_EQ(fails(), registersInAll - 3);
@@ -81,7 +81,7 @@ TEST_F(FaultyRead, IsLeftEarlyByCancelWhenTheUnitFallsSilent) {
   expectEnd();
 }
 
-TEST_F(FaultyRead, FailsInEveryRegisterBehindTheOneAtWhichTheAdapterGoesAway) {
+TEST_F(FaultyRead, FailsInEveryRegisterAfterTheOneAtWhichTheAdapterGoesAway) {
   unit.faults.hangupAt = 6 + 4;
   runRead();
   EXPECT_EQ(fails(), registersInAll - 3);
@@ -105,7 +105,7 @@ TEST_F(FaultyRead, EndsWheneverTheUnitFallsSilentOrTheAdapterGoesAway) {
   }
 }
 
-TEST_F(FaultyRead, TellsALoopOnceBehindTheFirstRegister) {
+TEST_F(FaultyRead, TellsALoopOnceAfterTheFirstRegister) {
   host.expect([this] { return unit.count("U04") == 1; }, [this] { unit.faults.loopback = sim::unlimited; });
   unit.setRegister("07", "04");
   host.toleratesBoxes = true;
@@ -180,7 +180,7 @@ TEST_P(ReadOfHarmlessReplies, BringsTheSetupOntoTheTabs) {
 INSTANTIATE_TEST_SUITE_P(OfEachSort, ReadOfHarmlessReplies, testing::ValuesIn(harmless),
                          [](const auto& test) { return std::string(test.param.name); });
 
-TEST_F(FaultyRead, FindsTheRegistersBehindNoiseThoughTheProbeWarnsOfTheUnit) {
+TEST_F(FaultyRead, FindsTheRegistersAfterNoiseThoughTheProbeWarnsOfTheUnit) {
   unit.faults.noiseBefore = std::string("\0\x80\xFF", 3);
   host.expectBox("Meter must be set with  \"*\" Recognition Character.");
   runRead();

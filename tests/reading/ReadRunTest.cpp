@@ -244,7 +244,7 @@ std::ostream& operator<<(std::ostream& out, const Moment& moment) { return out <
 
 class CancelDuringARead : public ReadBench, public testing::WithParamInterface<Moment> {};
 
-TEST_P(CancelDuringARead, StopsBehindTheStep) {
+TEST_P(CancelDuringARead, StopsAfterTheStep) {
   cancelAt(GetParam().status);
   runRead();
   const Lines all = readTraffic(false);
@@ -280,7 +280,7 @@ TEST_F(ReadRun, ShowsTheWiringMessageOnceThenGoesOn) {
   EXPECT_EQ(window().lblPercent.caption(), "100%");
 }
 
-TEST_F(ReadRun, SaysNothingOfALoopThatShowsBehindTheFirstRegister) {
+TEST_F(ReadRun, SaysNothingOfALoopThatShowsAfterTheFirstRegister) {
   unit.faults.answers["R08"] = "*R08";
   runRead();
   EXPECT_TRUE(host.boxes.empty());

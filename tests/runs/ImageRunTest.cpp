@@ -109,7 +109,7 @@ TEST_F(ImageRun, PutsBackTheRestAfterACableWasPulled) {
   EXPECT_TRUE(compare(read(), setupOf(copy, false)).same());
 }
 
-TEST_F(ImageRun, EndsBehindTheRegisterInHandWhenTheUserCancels) {
+TEST_F(ImageRun, EndsAfterTheRegisterInHandWhenTheUserCancels) {
   host.whenever("frmSerial", [] {});
   Global.CancelFlag = True;
   read();

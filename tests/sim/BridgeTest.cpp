@@ -173,7 +173,7 @@ TEST_F(BridgeTest, DropsAtALineUnasked) {
   EXPECT_EQ(kinds(ask("*R08")), "data");
 }
 
-TEST_F(BridgeTest, DropsBehindSomeBytesOfAReply) {
+TEST_F(BridgeTest, DropsAfterSomeBytesOfAReply) {
   bridge.faults.dropAt = 1;
   bridge.faults.dropBehind = 3;
   const Events events = ask("*R07");
@@ -183,7 +183,7 @@ TEST_F(BridgeTest, DropsBehindSomeBytesOfAReply) {
   EXPECT_EQ(unit.count("R07"), 1U);
 }
 
-TEST_F(BridgeTest, DropsBehindAWholeReplyAndAfterSilence) {
+TEST_F(BridgeTest, DropsAfterAWholeReplyAndAfterSilence) {
   bridge.faults.dropAt = 1;
   bridge.faults.dropBehind = 100;
   EXPECT_EQ(packets(ask("*R07")), "[R0704\r]");
@@ -192,7 +192,7 @@ TEST_F(BridgeTest, DropsBehindAWholeReplyAndAfterSilence) {
   EXPECT_EQ(kinds(ask("*R07", 5)), "closed");
 }
 
-TEST_F(BridgeTest, StaysAwayBehindADrop) {
+TEST_F(BridgeTest, StaysAwayAfterADrop) {
   bridge.faults.dropAt = 1;
   bridge.faults.afterDrop = Reach::never;
   ask("*R07");
@@ -208,7 +208,7 @@ TEST_F(BridgeTest, EchoesLinesAsAModemDoes) {
   EXPECT_EQ(unit.count("U01"), 1U);
 }
 
-TEST_F(BridgeTest, RefusesSoManyLines) {
+TEST_F(BridgeTest, RefusesThisManyLines) {
   bridge.faults.refusals = {{"?46", "*U", 2}};
   EXPECT_EQ(packets(ask("*U01")), "[?46\r]");
   EXPECT_EQ(packets(ask("*R07")), "[R0704\r]");

@@ -106,7 +106,7 @@ TEST_F(Faults, SlowOnlyAtCommandsThatBeginSo) {
   EXPECT_DOUBLE_EQ(unit.receive(40, "*W0801\r").at(0).at, 41.9);
 }
 
-TEST_F(Faults, SlowUnitOnABusIsToldByWhatFollowsItsAddress) {
+TEST_F(Faults, SlowUnitOnABusIsKnownByWhatFollowsItsAddress) {
   Unit addressed{{.addressed = true, .address = 17, .turnaround = 0}};
   addressed.faults.slow = {{"W", 0.9}};
   EXPECT_DOUBLE_EQ(addressed.receive(10, "*11R07\r").at(0).at, 10);

@@ -64,7 +64,7 @@ TEST(PlantFile, WhatIsLeftOpenIsThatOfAll) {
   EXPECT_DOUBLE_EQ(table.units[1].faults.late, 1);
 }
 
-TEST(PlantFile, EveryProblemIsToldWithItsLine) {
+TEST(PlantFile, EveryProblemIsReportedWithItsLine) {
   const auto table = parsed(
       "line,address,model,registers,faults\n"
       "com:1,200,toaster,,unknown\n"

@@ -27,7 +27,7 @@ TEST(SimulatorProgram, TellsItsPortAndItsTraffic) {
   EXPECT_EQ(program.end(SIGINT), 0);
 }
 
-TEST(SimulatorProgram, IsTheUnitThatItWasTold) {
+TEST(SimulatorProgram, IsTheUnitThatWasAskedFor) {
   Program program({"--model", "larkspur", "--version-text", "1.7", "--address", "17", "--quiet"});
   const TestPort port(program.port());
   EXPECT_EQ(port.ask("*11U03"), "11U031.7\r");
@@ -64,7 +64,7 @@ TEST(SimulatorProgram, SavesOnChangeEvenIfKilled) {
   std::filesystem::remove(file);
 }
 
-TEST(SimulatorProgram, AddressOfTheFileHoldsUnlessTold) {
+TEST(SimulatorProgram, AddressOfTheFileHoldsUnlessGiven) {
   const std::string file = testPath("address");
   std::ofstream(file) << "1F = 3C\n21 = 11\n";
   {
@@ -129,7 +129,7 @@ TEST(SimulatorProgram, ShowsTheTrafficOfTheBridge) {
   for (const std::string& end : ends) EXPECT_TRUE(program.line().ends_with(end)) << end;
 }
 
-TEST(SimulatorProgram, PortInUseIsTold) {
+TEST(SimulatorProgram, PortInUseIsReported) {
   Program program({"--tcp", "0"});
   program.port();
   const int taken = program.portBehind("tcp ");

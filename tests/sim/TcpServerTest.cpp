@@ -65,7 +65,7 @@ TEST_F(Tcp, StandsAtBothKindsOfAddress) {
   }
 }
 
-TEST_F(Tcp, TakesThePortThatItIsTold) {
+TEST_F(Tcp, TakesThePortThatIsAskedFor) {
   const int port = server.listen(0, bridge);
   TcpServer other;
   EXPECT_THROW(other.listen(port, bridge), std::system_error);
@@ -124,7 +124,7 @@ TEST_F(Tcp, ClosesWithAReset) {
   EXPECT_TRUE(socket.isReset());
 }
 
-TEST_F(Tcp, DropsInTheMiddleOfAReplyAndAnswersAnew) {
+TEST_F(Tcp, DropsInTheMiddleOfAReplyAndAnswersAgain) {
   bridge.faults.dropAt = 2;
   bridge.faults.dropBehind = 3;
   const int port = serve();
@@ -135,7 +135,7 @@ TEST_F(Tcp, DropsInTheMiddleOfAReplyAndAnswersAnew) {
   EXPECT_EQ(TestSocket(port).ask("*R08"), "R0842\r");
 }
 
-TEST_F(Tcp, StaysAwayBehindADrop) {
+TEST_F(Tcp, StaysAwayAfterADrop) {
   bridge.faults.dropAt = 1;
   bridge.faults.afterDrop = Reach::refuses;
   const int port = server.listen(0, bridge);
