@@ -24,14 +24,14 @@ QList<QRgb> mainColours(const QImage& image) {
   QList<QRgb> colours = counts.keys();
   std::ranges::sort(colours,
                     [&](QRgb a, QRgb b) { return counts[a] != counts[b] ? counts[a] > counts[b] : a < b; });
-  QList<QRgb> main;
+  QList<QRgb> chosen;
   QSet<QRgb> taken;
   for (const QRgb colour : colours) {
-    if (taken.contains(coarse(colour)) || main.size() == mostColours) continue;
+    if (taken.contains(coarse(colour)) || chosen.size() == mostColours) continue;
     taken.insert(coarse(colour));
-    main << colour;
+    chosen << colour;
   }
-  return main;
+  return chosen;
 }
 
 }  // namespace
