@@ -2,6 +2,7 @@
 ; The installer of one user: no administrator's rights, nothing outside the user's own folders and registry. What the
 ; user has made (settings, setups, records) stays when the program goes.
 Unicode true
+Target amd64-unicode
 !define NAME "Torvane Configuration"
 !define UNINSTALL "Software\Microsoft\Windows\CurrentVersion\Uninstall\${NAME}"
 !define KIND "TorvaneConfiguration.Setup"
