@@ -43,5 +43,5 @@ int main(int count, char** words) {
   tool::ToolHost host;
   setHost(&host);
   watchInterrupts();
-  return run({words + 1, words + count});
+  return run(wordsOfCommandLine(count, words));
 }

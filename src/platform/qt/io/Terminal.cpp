@@ -7,6 +7,10 @@
 
 #ifdef _WIN32
 #include <io.h>
+
+#include <QCoreApplication>
+
+#include "platform/qt/io/QtText.h"
 #else
 #include <unistd.h>
 #endif
@@ -26,6 +30,17 @@ void noteInterrupt(int signal) {
 }
 
 }  // namespace
+
+#ifdef _WIN32
+// The words of main() are in the system's code page there, which can't hold every name of a file.
+std::vector<std::string> wordsOfCommandLine(int, char**) {
+  std::vector<std::string> found;
+  for (const QString& word : QCoreApplication::arguments().sliced(1)) found.push_back(typed(word));
+  return found;
+}
+#else
+std::vector<std::string> wordsOfCommandLine(int count, char** words) { return {words + 1, words + count}; }
+#endif
 
 bool errorsGoToATerminal() {
 #ifdef _WIN32

@@ -2,7 +2,13 @@
 // What a program without windows has of its terminal.
 #pragma once
 
+#include <string>
+#include <vector>
+
 namespace torvane {
+
+// What stands behind the program's name on its command line, as UTF-8; there is an application already.
+std::vector<std::string> wordsOfCommandLine(int count, char** words);
 
 // Whether a person looks at what goes to the error output.
 bool errorsGoToATerminal();
