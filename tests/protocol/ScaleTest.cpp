@@ -1,57 +1,15 @@
 // SPDX-License-Identifier: MIT
-// Scale and offset arithmetic, down to the digits.
-#include "protocol/Scale.h"
-
-#include <gtest/gtest.h>
-
+// The arithmetic of scales and offsets, and the line of the reading, down to the digits.
 #include "core/Global.h"
 #include "core/Memo.h"
-#include "core/Model.h"
-#include "core/NumberText.h"
 #include "platform/RuntimeError.h"
-#include "support/RandomMemo.h"
+#include "tests/protocol/ScaleBench.h"
 
 namespace torvane {
 
 namespace {
 
-class Scale : public testing::Test {
- protected:
-  void SetUp() override { freshSetup(); }
-
-  static void readingLine(const char* x1, const char* y1, const char* x2, const char* y2) {
-    Memo[rec::txtIn1].text = x1;
-    Memo[rec::txtRd1].text = y1;
-    Memo[rec::txtIn2].text = x2;
-    Memo[rec::txtRd2].text = y2;
-  }
-
-  static void analogLine(const char* x1, const char* y1, const char* x2, const char* y2) {
-    Memo[rec::txtAOutRd1].text = x1;
-    Memo[rec::txtAOutOut1].text = y1;
-    Memo[rec::txtAOutRd2].text = x2;
-    Memo[rec::txtAOutOut2].text = y2;
-  }
-
-  // A reading line whose slope is this number.
-  static Encoded rdScale(const char* slope) {
-    readingLine("0", "0", "1", slope);
-    return makeRdScale();
-  }
-
-  // A reading line of slope 1 whose offset is this number.
-  static Encoded rdOffset(const char* offset) {
-    readingLine("0", offset, "1", offset);
-    return makeRdOffset();
-  }
-
-  static Encoded analogOffset(const char* offset) {
-    analogLine("0", offset, "1", offset);
-    return makeAnalogOffset();
-  }
-
-  static void processInput() { chooseOption(rec::optInType, 3, 2); }
-};
+using Scale = ScaleBench;
 
 void expectMantissa(double r, const char* digits, int exponent, bool negative) {
   const Mantissa mantissa = TextToMantissa(r);
@@ -186,115 +144,6 @@ TEST_F(Scale, HugeReadingOffsetAsksForABoxAndGoesOn) {
   EXPECT_EQ(offset.payload, "9186A0");
   EXPECT_EQ(rdOffset("1E11").notice, nullptr);
 }
-
-TEST_F(Scale, VoltageOutputOfAProcessInputIsScaledPlainly) {
-  processInput();
-  analogLine("0", "0", "10000", "10");
-  EXPECT_EQ(makeAnalogScale().payload, "9186A0");
-  EXPECT_EQ(Global.AnalogScale, "0.001");
-}
-
-TEST_F(Scale, TemperatureInTenthsShiftsTheAnalogScaleByATenth) {
-  analogLine("0", "0", "10000", "10");
-  for (int type : {0, 1}) {
-    chooseOption(rec::optInType, 3, type);
-    chooseFormat(1);
-    EXPECT_EQ(makeAnalogScale().payload, "8186A0") << type;
-    chooseFormat(0);
-    EXPECT_EQ(makeAnalogScale().payload, "9186A0") << type;
-  }
-}
-
-TEST_F(Scale, CurrentOutputIsWorkedOutInAmperes) {
-  processInput();
-  chooseOption(rec::optAOutV, 2, 1);
-  analogLine("0", "0", "10000", "20");
-  EXPECT_EQ(makeAnalogScale().payload, "930D40");
-  EXPECT_EQ(Global.AnalogScale, "2E-06");
-}
-
-TEST_F(Scale, CurrentOutputOfATemperatureInTenthsShiftsTwice) {
-  chooseOption(rec::optAOutV, 2, 1);
-  chooseFormat(1);
-  analogLine("0", "0", "10000", "20");
-  EXPECT_EQ(makeAnalogScale().payload, "830D40");
-}
-
-TEST_F(Scale, AnalogMantissaAbove19BitsLosesADigit) {
-  processInput();
-  analogLine("0", "0", "10", "6");
-  EXPECT_EQ(makeAnalogScale().payload, "60EA60");
-}
-
-TEST_F(Scale, NegativeAnalogScaleHasBit19) {
-  processInput();
-  analogLine("0", "10", "10000", "0");
-  EXPECT_EQ(makeAnalogScale().payload, "9986A0");
-}
-
-TEST_F(Scale, EqualAnalogReadingsAreADivisionByZeroAndKeepTheLastSlope) {
-  Global.RdScale = "7";
-  Global.AnalogScale = "3";
-  analogLine("5", "0", "5", "10");
-  EXPECT_EQ(makeAnalogScale().payload, "!Divide by zero");
-  EXPECT_EQ(Global.RdScale, "0");
-  EXPECT_EQ(Global.AnalogScale, "3");
-}
-
-TEST_F(Scale, FlatAnalogLineHasScaleZero) {
-  processInput();
-  analogLine("0", "5", "100", "5");
-  EXPECT_EQ(makeAnalogScale().payload, "600000");
-}
-
-TEST_F(Scale, HugeAnalogScaleAsksForABox) {
-  processInput();
-  analogLine("0", "0", "1", "1E20");
-  const Encoded scale = makeAnalogScale();
-  ASSERT_NE(scale.notice, nullptr);
-  EXPECT_STREQ(scale.notice->text,
-               "Scale Overflow: please write down\rReading Scale & Offset settings and\r"
-               "report the problem to the software author.");
-  EXPECT_EQ(scale.payload, "10186A0");
-}
-
-TEST_F(Scale, AnalogOffsetOfZeroHasItsOwnPayload) { EXPECT_EQ(analogOffset("0").payload, "C00000"); }
-
-TEST_F(Scale, AnalogOffsets) {
-  EXPECT_EQ(analogOffset("12.5").payload, "61E848");
-  EXPECT_EQ(analogOffset("-12.5").payload, "E1E848");
-  EXPECT_EQ(analogOffset("1").payload, "7186A0");
-}
-
-TEST_F(Scale, SmallAnalogOffsetIsNormalised) {
-  EXPECT_EQ(analogOffset("0.5").payload, "70C350");
-  EXPECT_EQ(analogOffset("0.00012345").payload, "70000C");
-  EXPECT_EQ(analogOffset("-0.5").payload, "F0C350");
-}
-
-TEST_F(Scale, AnalogOffsetWithMorePlacesThanDigitsEndsAsZero) {
-  EXPECT_EQ(analogOffset("1E-09").payload, "700000");
-  EXPECT_EQ(analogOffset("-1E-09").payload, "F00000");
-}
-
-TEST_F(Scale, AnalogOffsetTakesTheSlopeOfTheScaleAndTheOutputAsTyped) {
-  processInput();
-  chooseOption(rec::optAOutV, 2, 1);
-  analogLine("1000", "4", "9000", "20");
-  makeAnalogScale();
-  EXPECT_EQ(Global.AnalogScale, "2E-06");
-  EXPECT_EQ(makeAnalogOffset().payload, "7619B8");
-}
-
-TEST_F(Scale, HugeAnalogOffsetAsksForABox) {
-  const Encoded offset = analogOffset("1E12");
-  ASSERT_NE(offset.notice, nullptr);
-  EXPECT_STREQ(offset.notice->text,
-               "Offset Overflow: please write down\rReading Scale & Offset settings and\r"
-               "report the problem to the software author.");
-  EXPECT_EQ(offset.payload, "9186A0");
-}
-
 TEST_F(Scale, WhatIsNotFiniteIsAnOverflow) {
   readingLine("0", "-1E308", "1", "1E308");
   EXPECT_THROW(makeRdScale(), RuntimeError);
@@ -334,73 +183,6 @@ TEST_F(Scale, OffsetsNeedTheFirstPointAlone) {
   }
   EXPECT_NO_THROW(makeRdOffset());
   EXPECT_NO_THROW(makeAnalogOffset());
-}
-
-// ---- lines through the origin
-
-// Two points of a line y = s * x, neither of them the origin.
-void chooseLineThroughOrigin(std::mt19937& random, int x1, int y1, int x2, int y2, int highest) {
-  const int rise = between(random, 1, 40);
-  const int run = between(random, 1, 40);
-  const int most = highest / std::max(rise, run);
-  const int first = between(random, 1, most);
-  int second = first;
-  while (second == first) second = between(random, 1, most);
-  Memo[x1].text = numberText(std::int32_t{run * first});
-  Memo[y1].text = numberText(std::int32_t{rise * first});
-  Memo[x2].text = numberText(std::int32_t{run * second});
-  Memo[y2].text = numberText(std::int32_t{rise * second});
-}
-
-TEST(LinesThroughTheOrigin, HaveNoReadingOffset) {
-  std::mt19937 random{11};
-  freshSetup();
-  for (int line = 0; line < 10000; ++line) {
-    chooseLineThroughOrigin(random, rec::txtIn1, rec::txtRd1, rec::txtIn2, rec::txtRd2, 9999);
-    makeRdScale();
-    ASSERT_EQ(makeRdOffset().payload, "700000") << Memo[rec::txtIn1].text << " " << Memo[rec::txtRd1].text;
-  }
-}
-
-TEST(LinesThroughTheOrigin, HaveNoAnalogOffset) {
-  std::mt19937 random{12};
-  freshSetup();
-  for (int line = 0; line < 10000; ++line) {
-    chooseLineThroughOrigin(random, rec::txtAOutRd1, rec::txtAOutOut1, rec::txtAOutRd2, rec::txtAOutOut2,
-                            9999);
-    makeAnalogScale();
-    ASSERT_EQ(makeAnalogOffset().payload, "C00000") << Memo[rec::txtAOutRd1].text;
-  }
-}
-
-// Not even the smallest true offset is taken for a residue.
-TEST(LinesBesideTheOrigin, KeepTheirOffset) {
-  std::mt19937 random{13};
-  freshSetup();
-  for (int line = 0; line < 10000; ++line) {
-    const int x1 = between(random, 0, 9998);
-    const int x2 = between(random, x1 + 1, 9999);
-    const int y1 = between(random, -1999, 9999);
-    const int y2 = between(random, -1999, 9999);
-    if (y1 * x2 == y2 * x1) continue;
-    Memo[rec::txtIn1].text = numberText(std::int32_t{x1});
-    Memo[rec::txtIn2].text = numberText(std::int32_t{x2});
-    Memo[rec::txtRd1].text = numberText(std::int32_t{y1});
-    Memo[rec::txtRd2].text = numberText(std::int32_t{y2});
-    makeRdScale();
-    ASSERT_NE(makeRdOffset().payload, "700000") << x1 << " " << y1 << " " << x2 << " " << y2;
-  }
-}
-
-TEST(Slopes, AreHandedOnWithoutLosingADigit) {
-  std::mt19937 random{14};
-  freshSetup();
-  for (int line = 0; line < 10000; ++line) {
-    fillRandomMemo(random);
-    const double rise = Val(Memo[rec::txtRd2].text) - Val(Memo[rec::txtRd1].text);
-    makeRdScale();
-    ASSERT_EQ(Val(Global.RdScale), rise / (Val(Memo[rec::txtIn2].text) - Val(Memo[rec::txtIn1].text)));
-  }
 }
 
 }  // namespace
