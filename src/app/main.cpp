@@ -5,9 +5,9 @@
 #include <QIcon>
 #include <exception>
 
-#include "core/Program.h"
 #include "dialogs/SetupFiles.h"
 #include "editor/frmBigFolder.h"
+#include "platform/Program.h"
 #include "platform/qt/Drawings.h"
 #include "platform/qt/Outlines.h"
 #include "platform/qt/QtHost.h"

@@ -28,6 +28,11 @@ inline constexpr const char* colors[] = {"Red", "Green", "Amber"};
 inline constexpr const char* dampingFactors[] = {"0", "1", "2", "3", "4", "5", "6", "7"};
 inline constexpr const char* outputControls[] = {"On/Off", "PID"};
 inline constexpr const char* outputActions[] = {"Reverse", "Direct"};
+inline constexpr const char* commPorts[] = {"COM 1", "COM 2", "COM 3", "COM 4"};
+inline constexpr const char* bauds[] = {"300", "600", "1200", "2400", "4800", "9600", "19200"};
+inline constexpr const char* parities[] = {"none", "odd", "even"};
+inline constexpr const char* dataBits[] = {"7-bit", "8-bit"};
+inline constexpr const char* stopBits[] = {"1-bit", "2-bit"};
 
 // By member of an option array.
 inline constexpr const char* protections[] = {"None", "Setpoints", "Full"};

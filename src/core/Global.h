@@ -31,6 +31,12 @@ struct GlobalState {
 };
 extern GlobalState Global;
 
+inline bool isCancelled() { return Global.CancelFlag != 0; }
+inline bool isModelFixed() { return Global.DeviceSpecified != 0; }
+inline bool resetsAfterWrite() { return Global.ResetAfterWrite != 0; }
+inline bool warnsOfEntries() { return Global.WarningsOff == 0; }
+inline bool isLinkTest() { return Global.AutoDetect != 0; }
+
 void fillFirmwareVersions();  // "1.1" to "1.9", then "2.0" to "2.5"
 
 // Hardware.BusAddress as two hexadecimal digits: 17 is "11", 5 is "05".

@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "core/Model.h"
 #include "platform/RuntimeError.h"
 
 namespace torvane {
@@ -20,9 +21,6 @@ MemoField& MemoArray::operator[](int index) { return const_cast<MemoField&>(std:
 void MemoArray::reset() { records_.fill({}); }
 
 namespace {
-
-constexpr std::int16_t yes = -1;
-constexpr std::int16_t no = 0;
 
 struct NumberDefault {
   int record;
@@ -57,11 +55,12 @@ constexpr NumberDefault valueDefaults[] = {
 };
 
 constexpr NumberDefault flagDefaults[] = {
-    {rec::optInType, yes},     {rec::optInType + 1, no}, {rec::optInType + 2, no}, {rec::optDpoint, no},
-    {rec::optDpoint + 1, yes}, {rec::optDpoint + 2, no}, {rec::optDpoint + 3, no}, {rec::optAOutV, yes},
-    {rec::optAOutI, no},       {rec::optIDCode, yes},    {rec::optIDCode + 1, no}, {rec::optIDCode + 2, no},
-    {rec::opt020mA, yes},      {rec::opt420mA, no},      {rec::optRS232, no},      {rec::optRS485, no},
-    {rec::optNoChange, yes},
+    {rec::optInType, True},      {rec::optInType + 1, False}, {rec::optInType + 2, False},
+    {rec::optDpoint, False},     {rec::optDpoint + 1, True},  {rec::optDpoint + 2, False},
+    {rec::optDpoint + 3, False}, {rec::optAOutV, True},       {rec::optAOutI, False},
+    {rec::optIDCode, True},      {rec::optIDCode + 1, False}, {rec::optIDCode + 2, False},
+    {rec::opt020mA, True},       {rec::opt420mA, False},      {rec::optRS232, False},
+    {rec::optRS485, False},      {rec::optNoChange, True},
 };
 
 constexpr NumberDefault extraDefaults[] = {
@@ -85,6 +84,8 @@ constexpr TextDefault textDefaults[] = {
 };
 
 }  // namespace
+
+bool isChosen(int record) { return Memo[record].flag != False; }
 
 void storeDefaults() {
   for (const auto& [record, number] : valueDefaults) Memo[record].value = number;

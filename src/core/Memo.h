@@ -134,6 +134,11 @@ enum : int {
 };
 }  // namespace rec
 
+// The state of the option button of a record.
+bool isChosen(int record);
+// The unit is reached over a serial port, not through a bridge.
+inline bool overSerial() { return isChosen(rec::optCommunicationMode); }
+
 // Stores the factory setup in every record that has a default of its own. The records that come from the
 // stored preferences (75 to 79, 94 to 97) are left to loadRegCommSet.
 void storeDefaults();

@@ -17,7 +17,7 @@ void resetDeviceState() {
                  .IsGr2 = -1,
                  .IsHyt = -1,
                  .ModelIndex = -1};
-  if (Hardware.Out1.Analog != False) {
+  if (output1IsAnalog()) {
     Hardware.Out1.SSR = True;
     Hardware.Out1.Analog = False;
   }
@@ -35,9 +35,9 @@ void settleDeviceClass() {
 
 int meterKind() {
   int result = kind::fullController;
-  if (Memo[rec::menuKind].extra == 2) result = kind::simpleMenu;
+  if (setupHasMenu(menu::simple)) result = kind::simpleMenu;
   if (Memo[rec::monitorOnly].value == 1) result = kind::monitorOnly;
-  if (Memo[rec::menuKind].extra == 1) result = kind::alarmsOnly;
+  if (setupHasMenu(menu::alarmsOnly)) result = kind::alarmsOnly;
   if (onRkw77Line()) result = kind::rkw77;
   return result;
 }

@@ -62,9 +62,15 @@ extern DeviceStateRecord DeviceState;
 extern std::string BaseModel;
 
 inline constexpr const char* factoryBaseModel = "Tv[8,16,32]";
+inline constexpr const char* factoryModelNumber = "Tv(8,16,32)[case]";
+inline constexpr const char* rkw77BaseModel = "Rkw77[case]";
+
+// What a unit says of its type, by DeviceState.DeviceClass; the Rkw77 line says nothing.
+inline constexpr const char* unitTypes[] = {"Rkw77", "TMP", "PRC", "STR", "GR2", "RHT"};
 
 // The unit, or the one that the setup is for, is of the Rkw77 line.
 inline bool onRkw77Line() { return DeviceState.IsRkw77 != False; }
+inline bool output1IsAnalog() { return Hardware.Out1.Analog != False; }
 
 // What identification has found out is forgotten; a fit of analog or none turns into SSR.
 void resetDeviceState();

@@ -48,7 +48,7 @@ constexpr std::size_t longestEntry = 20;
 
 // clang-format off
 constexpr PartNumberRow catalogue[] = {
-    // index, model,       c1 c2 c3 c4 c5 c6 c7 c8 c9 c10
+    // index, model,       c1 c2 c3 c4 c5 c6 c7 c8 c9 c10, listed
     { 0, "Rkw77[case]",  4, 0, 0, 0, 0, 1, 0, 1, 0, 1},
     { 1, "IRkw77[case]", 4, 0, 0, 0, 0, 1, 0, 1, 0, 0},
     { 2, "Tv[8,16,32]",  0, 1, 1, 1, 1, 1, 1, 1, 1, 0},
@@ -58,7 +58,7 @@ constexpr PartNumberRow catalogue[] = {
     {10, "Tv32",         3, 1, 0, 1, 0, 1, 1, 1, 0, 0},
     {12, "Tv16",         3, 1, 0, 1, 0, 1, 1, 1, 0, 0},
     {14, "Tv16D",        1, 1, 1, 1, 0, 0, 1, 1, 0, 0},
-    {21, "Mqv[8,16,32]", 5, 1, 1, 1, 1, 2, 0, 1, 1, 1},
+    {21, "Mqv[8,16,32]", 5, 1, 1, 1, 1, 2, 0, 1, 1, 1, false},
     {22, "Mqv8",         5, 1, 1, 1, 0, 2, 0, 1, 0, 1},
     {24, "Mqv8C",        5, 1, 0, 1, 0, 2, 0, 1, 0, 1},
     {27, "Rkv8",         1, 1, 1, 1, 0, 0, 0, 1, 0, 1},
@@ -126,6 +126,14 @@ int listedModelRow(const std::vector<std::string>& entries, std::string_view mod
     }
   }
   return -1;
+}
+
+std::vector<std::string> listedModels() {
+  std::vector<std::string> models;
+  for (const PartNumberRow& row : catalogue) {
+    if (row.listed) models.emplace_back(row.model);
+  }
+  return models;
 }
 
 void setPartNumber(const PartNumberRow& row) {

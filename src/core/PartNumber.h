@@ -51,7 +51,11 @@ struct PartNumberRow {
   std::int32_t index;
   const char* model;
   std::int32_t c1, c2, c3, c4, c5, c6, c7, c8, c9, c10;
+  bool listed = true;  // the hardware dialog offers it
 };
+
+// The models that the hardware dialog offers, in its order.
+std::vector<std::string> listedModels();
 
 void setPartNumber(const PartNumberRow& row);
 // Selects the row with this index. Where there is none the model is empty and the columns stay; from 47 on it

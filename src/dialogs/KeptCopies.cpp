@@ -3,10 +3,10 @@
 #include "dialogs/KeptCopies.h"
 
 #include "core/NumberText.h"
-#include "core/Program.h"
 #include "dialogs/TextOutput.h"
 #include "knowledge/UnitFile.h"
 #include "platform/Host.h"
+#include "platform/Program.h"
 
 namespace torvane {
 

@@ -11,6 +11,7 @@
 #include "editor/frmBigFolder.h"
 #include "knowledge/ReportSections.h"
 #include "platform/Host.h"
+#include "platform/Program.h"
 
 namespace torvane {
 
@@ -173,7 +174,8 @@ void PrintPageFooter(Printer& printer) {
   printer.setBold(true);
   printer.currentY = bottomLimit(printer);
   printer.endLine();
-  for (std::string_view line : {"------------------------", "Ashgrove Electronics Inc."}) {
+  for (const std::string& line :
+       {std::string("------------------------"), program::company + std::string(" Inc.")}) {
     printer.currentX = report::leftMargin;
     printLine(printer, line);
   }

@@ -26,8 +26,8 @@ void askForModel(const Handler& behindDialog) {
 
 bool prepareRun(const Handler& behindDialog) {
   form<frmBigFolder>().SaveCurrentTab();
-  if (Global.DeviceSpecified == False) askForModel(behindDialog);
-  return Global.DeviceSpecified != False;
+  if (!isModelFixed()) askForModel(behindDialog);
+  return isModelFixed();
 }
 
 void fitToFoundUnit() {

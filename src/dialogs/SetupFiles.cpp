@@ -10,12 +10,12 @@
 #include "core/Global.h"
 #include "core/Model.h"
 #include "core/NumberText.h"
-#include "core/Program.h"
 #include "core/Registry.h"
 #include "editor/Replacement.h"
 #include "editor/frmBigFolder.h"
 #include "knowledge/UnitFile.h"
 #include "platform/Host.h"
+#include "platform/Program.h"
 
 namespace torvane {
 

@@ -30,8 +30,6 @@ namespace {
 
 constexpr const char* busAddress = "21";
 
-bool overSerial() { return Memo[rec::optCommunicationMode].flag != False; }
-
 // What the probe finds out fits the window to the unit behind a write or a read. Where neither takes place
 // the window stays with its setup.
 class ModelPutBack {

@@ -117,7 +117,7 @@ void frmCompare::compareChosen() {
     return;
   }
   unit_ = asUnit(first_.file);
-  setup_ = asSetup(second_.file);
+  setup_ = asSetup(second_.file, true);
   comparison_ = compare(unit_, setup_);
   showSummary(isOtherLine(unit_, setup_.kind) ? "The two are of units of different lines." : "");
 }

@@ -21,7 +21,6 @@ constexpr double highestAddress = 199;
 constexpr int rkw77Row = 0;    // "Rkw77[case]"
 constexpr int defaultRow = 2;  // "Tv[8,16,32]"
 constexpr std::int32_t rkw77Family = 0;
-enum : std::int16_t { alarmsOnlyMenu = 1, simpleMenu = 2 };
 
 // Any text as an address; what can't be a number at all is 1.
 double addressOf(const std::string& text) {
@@ -46,6 +45,7 @@ frmHardware::Unit frmHardware::Unit::now() {
 
 frmHardware::frmHardware() : Form("frmHardware", "Hardware Setup") {
   cboModel.editable = true;
+  cboModel.setItems(listedModels());
   chkIsoAnalogOutput.setEnabled(false);
   cboModel.onClick = cboModel.onChosenAgain = [this] { cboModel_Click(); };
   cboModel.onChange = [this] { cboModel_Change(); };
@@ -81,8 +81,8 @@ void frmHardware::Form_Load() {
 }
 
 void frmHardware::showUnit() {
-  if (Memo[rec::menuKind].extra == alarmsOnlyMenu) chkAlarmsOnly.setValue(1);
-  if (Memo[rec::menuKind].extra == simpleMenu) chkSimpleMenu.setValue(1);
+  if (setupHasMenu(menu::alarmsOnly)) chkAlarmsOnly.setValue(1);
+  if (setupHasMenu(menu::simple)) chkSimpleMenu.setValue(1);
   optOut[7].setVisible(false);
   if (DeviceState.DeviceClass >= 0) DeviceState.ClassSeen = True;
   if (DeviceState.DeviceClass == 0) {
@@ -230,10 +230,10 @@ void frmHardware::takeOutputs() const {
 }
 
 void frmHardware::takeKind() const {
-  DeviceState.MenuKind = 0;
+  DeviceState.MenuKind = menu::full;
   DeviceState.DeviceClass = family_;
-  if (chkAlarmsOnly.value() != 0) DeviceState.MenuKind = alarmsOnlyMenu;
-  if (chkSimpleMenu.value() != 0) DeviceState.MenuKind = simpleMenu;
+  if (chkAlarmsOnly.value() != 0) DeviceState.MenuKind = menu::alarmsOnly;
+  if (chkSimpleMenu.value() != 0) DeviceState.MenuKind = menu::simple;
 }
 
 // The model stays the old one; what the choices have done to the main window stays as well.

@@ -18,12 +18,10 @@ class frmHardware : public Form {
 
   Label lblDescription{*this, "lblDescription"};
   Label lblModel{*this, "lblModel", "&Model#:"};
-  ComboBox cboModel{
-      *this,
-      "cboModel",
-      {"Rkw77[case]", "IRkw77[case]", "Tv[8,16,32]", "Tv8", "Tv8C", "Tv8D[H/V]", "Tv32", "Tv16", "Tv16D",
-       "Mqv8", "Mqv8C", "Rkv8", "Rkv8C", "Rkv8D[H/V]", "Rkv32", "Mqv16", "Rkv16", "Rkv16D"},
-      "Choose the model from the list; the part number follows the choices below"};
+  ComboBox cboModel{*this,
+                    "cboModel",
+                    {},  // listedModels
+                    "Choose the model from the list; the part number follows the choices below"};
   CheckBox chkMonitor{*this, "chkMonitor", "Mo&nitor only",
                       "The unit shows its reading and drives no output"};
   CheckBox chkAlarmsOnly{*this, "chkAlarmsOnly", "&Alarms Only (-AL)",

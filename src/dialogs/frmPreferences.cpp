@@ -17,8 +17,8 @@ frmPreferences::frmPreferences() : Form("frmPreferences", "Preferences") {
 
 void frmPreferences::Form_Load() {
   centre();
-  chkWarnEn.setValue(Global.WarningsOff == False ? 1 : 0);
-  chkReset.setValue(Global.ResetAfterWrite != False ? 1 : 0);
+  chkWarnEn.setValue(warnsOfEntries() ? 1 : 0);
+  chkReset.setValue(resetsAfterWrite() ? 1 : 0);
   if (keepsCopies()) chkKeep.setValue(1);
 }
 

@@ -4,10 +4,10 @@
 
 #include <algorithm>
 
-#include "core/Program.h"
 #include "dialogs/TextOutput.h"
 #include "knowledge/CompareRows.h"
 #include "platform/Host.h"
+#include "platform/Program.h"
 
 namespace torvane {
 

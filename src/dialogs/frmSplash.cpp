@@ -3,7 +3,7 @@
 #include "dialogs/frmSplash.h"
 
 #include "core/NumberText.h"
-#include "core/Program.h"
+#include "platform/Program.h"
 
 namespace torvane {
 

@@ -15,7 +15,7 @@ frmWarning::frmWarning() : Form("frmWarning", "Warning...") {
 void frmWarning::Form_Load() {
   lblWarning.setCaption(Global.WarningText);
   lblReason.setCaption(Global.WarningReason);
-  chkWarning.setValue(Global.WarningsOff == False ? 1 : 0);
+  chkWarning.setValue(warnsOfEntries() ? 1 : 0);
   centre();  // with the room that the words need
 }
 

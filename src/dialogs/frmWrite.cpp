@@ -42,7 +42,7 @@ void frmWrite::Form_Load() {
 
 void frmWrite::Form_Activate() { showReset(); }
 
-void frmWrite::showReset() { chkReset.setValue(Global.ResetAfterWrite != False ? 1 : 0); }
+void frmWrite::showReset() { chkReset.setValue(resetsAfterWrite() ? 1 : 0); }
 
 void frmWrite::showVerdict() {
   const Label& line = form<frmBigFolder>().lblVerdict;

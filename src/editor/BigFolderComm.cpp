@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The communication tab: how this computer reaches the unit.
+#include "core/BridgePorts.h"
 #include "core/Memo.h"
 #include "core/Model.h"
 #include "core/NumberText.h"
@@ -18,9 +19,6 @@ namespace {
 constexpr std::uint32_t white = 0xFFFFFF;
 constexpr std::uint32_t green = 0x00FF00;
 constexpr std::uint32_t red = 0x0000FF;  // red is the low byte
-
-constexpr int initialPort = 1000;
-constexpr int typicalPort = 2000;
 
 // Told beside the main window, and not again while it still stands there.
 void warnOfModeChange() {
@@ -42,8 +40,8 @@ void frmBigFolder::wireCommTab() {
   optRS232.onClick = [this] { optRS232_Click(); };
   optRS485.onClick = [this] { optRS485_Click(); };
   txtRS485Address.onChange = warnOfModeChange;
-  optPortNum(0).onClick = [this] { txtTCPPort.setText("1000"); };
-  optPortNum(1).onClick = [this] { txtTCPPort.setText("2000"); };
+  optPortNum(0).onClick = [this] { txtTCPPort.setText(std::to_string(bridgePort::initial)); };
+  optPortNum(1).onClick = [this] { txtTCPPort.setText(std::to_string(bridgePort::terminalServer)); };
   txtTCPIPAddress.onChange = [this] { showNetworkTarget(); };
   txtTCPPort.onChange = [this] {
     showNetworkTarget();
@@ -65,14 +63,14 @@ void frmBigFolder::optRS485_Click() {
 // A wizard that a run has filled in its own way begins anew. One that has found no unit changes nothing here.
 void frmBigFolder::cmdAutoDetect_Click() {
   writeMemo(tab::comm);
-  if (Memo[rec::optCommunicationMode].flag == False && txtTCPPort.text().empty()) {
+  if (!overSerial() && txtTCPPort.text().empty()) {
     messageBox("Please provide a TCP/IP Port number");
     return;
   }
   const Replacement undoable("wizard");
   torvane::unload<frmWizard>();
   form<frmWizard>().showModal();
-  if (form<frmWizard>().unitFound == False) return torvane::unload<frmWizard>();
+  if (!form<frmWizard>().hasFoundUnit()) return torvane::unload<frmWizard>();
   Memo[rec::menuKind].extra = form<frmWizard>().wizardResultMode;
   DeviceState.MenuKind = Memo[rec::menuKind].extra;
   followMenu();
@@ -147,7 +145,7 @@ void frmBigFolder::showNetworkTarget() {
 void frmBigFolder::pickPortOption() {
   attempt([this] {
     const double port = Val(txtTCPPort.text());
-    optPortNum(port == initialPort ? 0 : port == typicalPort ? 1 : 2).setValue(true);
+    optPortNum(port == bridgePort::initial ? 0 : port == bridgePort::terminalServer ? 1 : 2).setValue(true);
   });
 }
 

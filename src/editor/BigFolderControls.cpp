@@ -5,7 +5,7 @@
 
 #include <utility>
 
-#include "core/Program.h"
+#include "platform/Program.h"
 
 namespace torvane {
 

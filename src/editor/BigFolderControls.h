@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string>
 
+#include "core/Choices.h"
 #include "platform/Chart.h"
 #include "platform/Controls.h"
 #include "platform/Form.h"
@@ -73,9 +74,7 @@ struct BigFolderControls : Form {
   Label lblSwap{fraSetpoints, "lblSwap"};
   Frame fraColor{pageSetpoints, "fraColor", "Display color"};
   Label lblColorWhenNormal{fraColor, "lblColorWhenNormal", "&Color when normal"};
-  ComboBox cboNormalColor{fraColor,
-                          "cboNormalColor",
-                          {"Red ", "Green", "Amber"},
+  ComboBox cboNormalColor{fraColor, "cboNormalColor", choices::normalColors,
                           "Color of the display while no alarm is active"};
 
   // Tab 2, Input type
@@ -84,22 +83,19 @@ struct BigFolderControls : Form {
   ControlArray<OptionButton> optInType{fraInput, "optInType", {"Ther&mocouples", "R&TD", "Pro&cess"}};
   ControlArray<Frame> fraInType{pageInputType, "fraInType", {"TC Types", "RTD Types", "Process Setup"}};
   Label text_TCTypes{fraInType(0), "text_TCTypes", "Typ&e"};
-  ListBox lstTCTypes{fraInType(0),
-                     "lstTCTypes",
-                     {"J", "K", "T", "E", "N", "DIN J", "R", "S", "B", "C"},
-                     "Type of the thermocouple"};
+  ListBox lstTCTypes{fraInType(0), "lstTCTypes", choices::thermocouples, "Type of the thermocouple"};
   Label text_RTDValue{fraInType(1), "text_RTDValue", "Va&lue"};
-  ComboBox cboRTDValue{
-      fraInType(1), "cboRTDValue", {"100", "500", "1000"}, "Resistance of the sensor at 0 C, in ohms"};
+  ComboBox cboRTDValue{fraInType(1), "cboRTDValue", choices::rtdValues,
+                       "Resistance of the sensor at 0 C, in ohms"};
   Label text_RTDValueUnit{fraInType(1), "text_RTDValueUnit", "ohm"};
   Label text_RTDCurves{fraInType(1), "text_RTDCurves", "C&urve"};
-  ComboBox cboRTDCurves{
-      fraInType(1), "cboRTDCurves", {"385", "392"}, "Curve of the sensor: 0.00385 or 0.00392 per C"};
+  ComboBox cboRTDCurves{fraInType(1), "cboRTDCurves", choices::rtdCurves,
+                        "Curve of the sensor: 0.00385 or 0.00392 per C"};
   Label text_RTDWires{fraInType(1), "text_RTDWires", "Wire&s"};
-  ComboBox cboRTDWires{fraInType(1), "cboRTDWires", {"2", "3", "4"}, "Wires between the sensor and the unit"};
+  ComboBox cboRTDWires{fraInType(1), "cboRTDWires", choices::rtdWires,
+                       "Wires between the sensor and the unit"};
   Label text_Proc{fraInType(2), "text_Proc", "Ran&ge"};
-  ListBox lstProc{
-      fraInType(2), "lstProc", {"0 - 100mV", "0 - 1V", "0 - 10V", "0 - 20mA"}, "Range of the process signal"};
+  ListBox lstProc{fraInType(2), "lstProc", choices::processRanges, "Range of the process signal"};
   // How the chosen input is wired: one is on show.
   Drawing imgTC{pageInputType, "imgTC"};
   Drawing imgRTD2Wire{pageInputType, "imgRTD2Wire"};
@@ -142,11 +138,10 @@ struct BigFolderControls : Form {
   Label text_Dpoint{fraReadBasic, "text_Dpoint", "D&ecimal point"};
   ControlArray<OptionButton> optDpoint{fraReadBasic, "optDpoint", {"xxxx.", "xxx.x", "xx.xx", "x.xxx"}};
   Label lblTUnit{fraReadBasic, "lblTUnit", "Temperat&ure unit"};
-  ComboBox cboTUnit{fraReadBasic, "cboTUnit", {"C", "F"}, "Unit of the reading and of all set points"};
+  ComboBox cboTUnit{fraReadBasic, "cboTUnit", choices::temperatureUnits,
+                    "Unit of the reading and of all set points"};
   Label text_FiltConst{fraReadBasic, "text_FiltConst", "Fi&lter constant"};
-  ListBox lstFiltConst{fraReadBasic,
-                       "lstFiltConst",
-                       {"1", "2", "4", "8", "16", "32", "64", "128"},
+  ListBox lstFiltConst{fraReadBasic, "lstFiltConst", choices::filters,
                        "Readings in the averaging filter: more are calmer, fewer are quicker"};
   Label text_FiltUnit{fraReadBasic, "text_FiltUnit", "readings"};
   Frame fraSOffset{pageReading, "fraSOffset", "Scale and offset"};
@@ -174,28 +169,20 @@ struct BigFolderControls : Form {
                          "Checked: the alarm can act as soon as the unit has power"};
   Frame fraAl1Config{pageAlarm1, "fraAl1Config", "Alarm 1 configuration"};
   Label lblAl1Ctrl{fraAl1Config, "lblAl1Ctrl", "&Control"};
-  ComboBox cboAl1Ctrl{fraAl1Config,
-                      "cboAl1Ctrl",
-                      {"Absolute", "Deviation"},
+  ComboBox cboAl1Ctrl{fraAl1Config, "cboAl1Ctrl", choices::alarmControls,
                       "Absolute: compared with the reading; deviation: with its distance from the set point"};
   Label text_Al1Latch{fraAl1Config, "text_Al1Latch", "&Latch"};
-  ComboBox cboAl1Latch{fraAl1Config,
-                       "cboAl1Latch",
-                       {"Latch", "Unlatch"},
+  ComboBox cboAl1Latch{fraAl1Config, "cboAl1Latch", choices::latches,
                        "Latch: the alarm stays until it is reset; unlatch: it ends with its cause"};
   Label lblAl1Closure{fraAl1Config, "lblAl1Closure", "Clo&sure"};
-  ComboBox cboAl1Closure{
-      fraAl1Config, "cboAl1Closure", {"Norm Open", "Norm Close"}, "Contact while the alarm is not active"};
+  ComboBox cboAl1Closure{fraAl1Config, "cboAl1Closure", choices::closures,
+                         "Contact while the alarm is not active"};
   Label text_Al1Setup{fraAl1Config, "text_Al1Setup", "Se&tup"};
   ComboBox cboAl1Setup{
-      fraAl1Config,
-      "cboAl1Setup",
-      {"Above", "Below", "Hi/Lo", "Band"},
+      fraAl1Config, "cboAl1Setup", choices::alarmSetups,
       "Where the alarm is active: above, below or outside its set points, or outside a band"};
   Label lblAl1Color{fraAl1Config, "lblAl1Color", "Color when acti&ve"};
-  ComboBox cboAl1WhenActiveColor{fraAl1Config,
-                                 "cboAl1WhenActiveColor",
-                                 {"Red", "Green", "Amber"},
+  ComboBox cboAl1WhenActiveColor{fraAl1Config, "cboAl1WhenActiveColor", choices::colors,
                                  "Color of the display while alarm 1 is active"};
   Frame fraAl1Spts{pageAlarm1, "fraAl1Spts", "Alarm 1 setpoints"};
   Label text_Al1HiSp{fraAl1Spts, "text_Al1HiSp", "Hi&gh setpoint"};
@@ -213,28 +200,20 @@ struct BigFolderControls : Form {
                          "Alarm 2 takes the place of output 2"};
   Frame fraAl2Cnfg{pageAlarm2, "fraAl2Cnfg", "Alarm 2 configuration"};
   Label lblAl2Ctrl{fraAl2Cnfg, "lblAl2Ctrl", "&Control"};
-  ComboBox cboAl2Ctrl{fraAl2Cnfg,
-                      "cboAl2Ctrl",
-                      {"Absolute", "Deviation"},
+  ComboBox cboAl2Ctrl{fraAl2Cnfg, "cboAl2Ctrl", choices::alarmControls,
                       "Absolute: compared with the reading; deviation: with its distance from the set point"};
   Label text_Al2Latch{fraAl2Cnfg, "text_Al2Latch", "&Latch"};
-  ComboBox cboAl2Latch{fraAl2Cnfg,
-                       "cboAl2Latch",
-                       {"Latch", "Unlatch"},
+  ComboBox cboAl2Latch{fraAl2Cnfg, "cboAl2Latch", choices::latches,
                        "Latch: the alarm stays until it is reset; unlatch: it ends with its cause"};
   Label lblAl2Closure{fraAl2Cnfg, "lblAl2Closure", "Clo&sure"};
-  ComboBox cboAl2Closure{
-      fraAl2Cnfg, "cboAl2Closure", {"Norm Open", "Norm Close"}, "Contact while the alarm is not active"};
+  ComboBox cboAl2Closure{fraAl2Cnfg, "cboAl2Closure", choices::closures,
+                         "Contact while the alarm is not active"};
   Label text_Al2Setup{fraAl2Cnfg, "text_Al2Setup", "Se&tup"};
   ComboBox cboAl2Setup{
-      fraAl2Cnfg,
-      "cboAl2Setup",
-      {"Above", "Below", "Hi/Lo", "Band"},
+      fraAl2Cnfg, "cboAl2Setup", choices::alarmSetups,
       "Where the alarm is active: above, below or outside its set points, or outside a band"};
   Label text_Al2Color{fraAl2Cnfg, "text_Al2Color", "Color when acti&ve"};
-  ComboBox cboAl2WhenActiveColor{fraAl2Cnfg,
-                                 "cboAl2WhenActiveColor",
-                                 {"Red", "Green", "Amber"},
+  ComboBox cboAl2WhenActiveColor{fraAl2Cnfg, "cboAl2WhenActiveColor", choices::colors,
                                  "Color of the display while alarm 2 is active"};
   Frame fraAl2Spts{pageAlarm2, "fraAl2Spts", "Alarm 2 setpoints"};
   Label text_Al2HiSp{fraAl2Spts, "text_Al2HiSp", "Hi&gh setpoint"};
@@ -266,9 +245,10 @@ struct BigFolderControls : Form {
   // Tab 7, Out1. Of the on/off and the PID frame one is on show.
   TabPage& pageOut1 = tabBig.page(tab::out1);
   Label text_Out1Ctrl{pageOut1, "text_Out1Ctrl", "&Control"};
-  ComboBox cboOut1Ctrl{pageOut1, "cboOut1Ctrl", {"On/Off", "PID"}, "How output 1 is controlled"};
+  ComboBox cboOut1Ctrl{pageOut1, "cboOut1Ctrl", choices::outputControls, "How output 1 is controlled"};
   Label text_Out1Action{pageOut1, "text_Out1Action", "Act&ion"};
-  ComboBox cboOut1Action{pageOut1, "cboOut1Action", {"Reverse", "Direct"}, "reverse=heating, direct=cooling"};
+  ComboBox cboOut1Action{pageOut1, "cboOut1Action", choices::outputActions,
+                         "reverse=heating, direct=cooling"};
   CheckBox chkOut1Self{pageOut1, "chkOut1Self", "Se&lf (manual) control",
                        "The percentage of the output is set by hand at the unit"};
   CheckBox chkOut1Start{pageOut1, "chkOut1Start", "&Start auto-tune after reset",
@@ -289,9 +269,7 @@ struct BigFolderControls : Form {
   Label text_Out1RateUnit{fraOut1PID, "text_Out1RateUnit", "s"};
   CheckBox chkOut1Anti{fraOut1PID, "chkOut1Anti", "Anti inte&gral", "Prevents overshoot due to windup"};
   Label text_Out1DamFactor{fraOut1PID, "text_Out1DamFactor", "Da&mping factor"};
-  ListBox lstOut1DamFactor{fraOut1PID,
-                           "lstOut1DamFactor",
-                           {"0", "1", "2", "3", "4", "5", "6", "7"},
+  ListBox lstOut1DamFactor{fraOut1PID, "lstOut1DamFactor", choices::dampingFactors,
                            "For Auto-tune, larger numbers indicate faster process"};
   Frame fraOut1CycleT{pageOut1, "fraOut1CycleT", "Cycle time"};
   Label text_Out1CycleT{fraOut1CycleT, "text_Out1CycleT", "C&ycle time"};
@@ -314,9 +292,10 @@ struct BigFolderControls : Form {
   // Tab 8, Out2. Of the on/off and the PID frame one is on show.
   TabPage& pageOut2 = tabBig.page(tab::out2);
   Label text_Out2Ctrl{pageOut2, "text_Out2Ctrl", "&Control"};
-  ComboBox cboOut2Ctrl{pageOut2, "cboOut2Ctrl", {"On/Off", "PID"}, "How output 2 is controlled"};
+  ComboBox cboOut2Ctrl{pageOut2, "cboOut2Ctrl", choices::outputControls, "How output 2 is controlled"};
   Label text_Out2Action{pageOut2, "text_Out2Action", "Act&ion"};
-  ComboBox cboOut2Action{pageOut2, "cboOut2Action", {"Reverse", "Direct"}, "reverse=heating, direct=cooling"};
+  ComboBox cboOut2Action{pageOut2, "cboOut2Action", choices::outputActions,
+                         "reverse=heating, direct=cooling"};
   Frame fraOut2OnOff{pageOut2, "fraOut2OnOff", "On/Off"};
   Label text_Out2DeadBand{fraOut2OnOff, "text_Out2DeadBand", "De&ad band"};
   TextBox txtOut2DeadBand{fraOut2OnOff, "txtOut2DeadBand", "Dead band, in the format of the Reading tab"};
@@ -377,21 +356,18 @@ struct BigFolderControls : Form {
   CommandButton cmdAutoDetect{fraAutoDetect, "cmdAutoDetect", "&Connect", "Auto connect and verification"};
   Frame fraSerialManualSet{pageComm, "fraSerialManualSet", "Manual Setup"};
   Label text_CommPort{fraSerialManualSet, "text_CommPort", "CO&M port"};
-  ComboBox cboCommPort{fraSerialManualSet, "cboCommPort", {"COM 1", "COM 2", "COM 3", "COM 4"}, portListTip};
+  ComboBox cboCommPort{fraSerialManualSet, "cboCommPort", choices::commPorts, portListTip};
   TextBox txtPortHelp{pageComm, "txtPortHelp", "What the chosen port is, or what is in its way"};
   Label lblCommStat{fraSerialManualSet, "lblCommStat"};
   Label text_Baud{fraSerialManualSet, "text_Baud", "Ba&ud"};
-  ComboBox cboBaud{fraSerialManualSet,
-                   "cboBaud",
-                   {"300", "600", "1200", "2400", "4800", "9600", "19200"},
+  ComboBox cboBaud{fraSerialManualSet, "cboBaud", choices::bauds,
                    "Line rate, in baud; the unit's own setting"};
   Label text_Parity{fraSerialManualSet, "text_Parity", "Parit&y"};
-  ComboBox cboParity{
-      fraSerialManualSet, "cboParity", {"none", "odd", "even"}, "Parity; the unit's own setting"};
+  ComboBox cboParity{fraSerialManualSet, "cboParity", choices::parities, "Parity; the unit's own setting"};
   Label text_Data{fraSerialManualSet, "text_Data", "D&ata bits"};
-  ComboBox cboData{fraSerialManualSet, "cboData", {"7-bit", "8-bit"}, "Data bits; the unit's own setting"};
+  ComboBox cboData{fraSerialManualSet, "cboData", choices::dataBits, "Data bits; the unit's own setting"};
   Label text_Stop{fraSerialManualSet, "text_Stop", "&Stop bits"};
-  ComboBox cboStop{fraSerialManualSet, "cboStop", {"1-bit", "2-bit"}, "Stop bits; the unit's own setting"};
+  ComboBox cboStop{fraSerialManualSet, "cboStop", choices::stopBits, "Stop bits; the unit's own setting"};
   Frame fraSerialCommunicationMode{pageComm, "fraSerialCommunicationMode", "Communication Set Up"};
   OptionButton optNoChange{fraSerialCommunicationMode, "optNoChange", "Lea&ve Comm"};
   Label lblNoChange{fraSerialCommunicationMode, "lblNoChange", "Protocol As Found, Do Not Change"};

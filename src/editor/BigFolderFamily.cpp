@@ -12,7 +12,7 @@ namespace {
 void offerRkw77Line(frmHardware& dialog) {
   dialog.chkAlarmsOnly.setValue(0);
   dialog.chkSimpleMenu.setValue(0);
-  DeviceState.MenuKind = 0;
+  DeviceState.MenuKind = menu::full;
   for (CheckBox* variant :
        {&dialog.chkAlarmsOnly, &dialog.chkSimpleMenu, &dialog.chkIsoAnalogOutput, &dialog.chkMonitor}) {
     clearAndDisable(*variant);
@@ -25,7 +25,7 @@ void offerRkw77Line(frmHardware& dialog) {
 
 void offerOtherFamilies(frmHardware& dialog) {
   dialog.chkAlarmsOnly.setValue(0);
-  if (DeviceState.MenuKind == 1) dialog.chkAlarmsOnly.setValue(1);
+  if (DeviceState.MenuKind == menu::alarmsOnly) dialog.chkAlarmsOnly.setValue(1);
   if (DeviceState.MenuKind == menu::simple) dialog.chkSimpleMenu.setValue(1);
   dialog.chkAlarmsOnly.setEnabled(true);
   dialog.chkSimpleMenu.setEnabled(true);
@@ -74,7 +74,7 @@ void frmBigFolder::fitToOtherFamilies() {
   tabBig.setTabAvailable(tab::alarm2, true);
   showColorsAndProtection(true);
   redrawInputType();
-  if (DeviceState.MenuKind != 1) return;
+  if (DeviceState.MenuKind != menu::alarmsOnly) return;
   for (int tab : {tab::lbAlarm, tab::out1, tab::out2, tab::rampSoak}) tabBig.setTabAvailable(tab, false);
 }
 

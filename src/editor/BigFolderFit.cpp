@@ -38,7 +38,7 @@ void frmBigFolder::cmdCnfg_Click() {
 void frmBigFolder::fitToModel() {
   followMenu();
   if (const auto cut = BaseModel.find("-C"); cut != std::string::npos) BaseModel.resize(cut);
-  const bool analogOut = Hardware.Out1.Analog != False;
+  const bool analogOut = output1IsAnalog();
   if (!analogOut) {
     tabBig.setTabAvailable(tab::out1, true);
   } else if (chkAnalogOutputEnabled.value() != 0) {
@@ -116,7 +116,7 @@ void frmBigFolder::fitToSimpleMenu() {
 }
 
 void frmBigFolder::fitAnalogOutput() {
-  const bool analogOut = Hardware.Out1.Analog != False;
+  const bool analogOut = output1IsAnalog();
   if (setupHasMenu(menu::simple)) {
     if (analogOut) {
       chkAnalogOutputEnabled.setValue(1);

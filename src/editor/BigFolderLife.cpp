@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The life of the program: start behind the splash, first activation, exit; and the stored preferences.
+#include "core/BridgePorts.h"
 #include "core/Global.h"
 #include "core/Memo.h"
 #include "core/Model.h"
 #include "core/NumberText.h"
 #include "core/PartNumber.h"
-#include "core/Program.h"
 #include "dialogs/frmCommModeWarning.h"
 #include "dialogs/frmHardware.h"
 #include "dialogs/frmPreferences.h"
@@ -15,6 +15,7 @@
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
+#include "platform/Program.h"
 #include "protocol/frmSerial.h"
 #include "wizard/frmWizard.h"
 
@@ -104,7 +105,7 @@ void frmBigFolder::initBigFolder() {
   centre();
   initMemory();
   showRecords();
-  Hardware.ModelNumber = "Tv(8,16,32)[case]";
+  Hardware.ModelNumber = factoryModelNumber;
   Hardware.Out1.SSR = True;
   Hardware.Out2.SSR = True;
   DeviceState.DeviceClass = -1;
@@ -140,7 +141,7 @@ void frmBigFolder::loadRegCommSet() {
     settings_.RegGet();
     return settings_.Setting;
   };
-  const auto orElse = [](const std::string& text, const char* ifEmpty) {
+  const auto orElse = [](const std::string& text, const std::string& ifEmpty) {
     return text.empty() ? ifEmpty : text;
   };
   Hardware.BusMode = orElse(stored("rs232"), "True") == "True" ? 0 : -1;
@@ -154,7 +155,7 @@ void frmBigFolder::loadRegCommSet() {
   Memo[rec::optCommunicationMode].flag = asFlag(serial);
   Memo[rec::optCommunicationMode + 1].flag = asFlag(!serial);
   Memo[rec::txtTCPIPAddress].text = orElse(stored("IPAddress"), "192.0.2.254");
-  Memo[rec::txtTCPPort].text = orElse(stored("TCPPort"), "1000");
+  Memo[rec::txtTCPPort].text = orElse(stored("TCPPort"), std::to_string(bridgePort::initial));
 }
 
 void frmBigFolder::Form_Activate() {
@@ -185,14 +186,14 @@ void frmBigFolder::savePreferences() {
       {"Parity", asText(Memo[rec::cboParity].value)},
       {"Data", asText(Memo[rec::cboData].value)},
       {"Stop", asText(Memo[rec::cboStop].value)},
-      {"SerialMode", asWord(Memo[rec::optCommunicationMode].flag != False)},
+      {"SerialMode", asWord(overSerial())},
       {"IPAddress", Memo[rec::txtTCPIPAddress].text},
       {"TCPPort", Memo[rec::txtTCPPort].text},
-      {"Reset", asWord(Global.ResetAfterWrite != False)},
+      {"Reset", asWord(resetsAfterWrite())},
       {"ShowOnStartUp", "False"},
       {"address", asText(Hardware.BusAddress)},
       {"rs232", asWord(Hardware.BusMode == 0)},
-      {"Warn", asWord(Global.WarningsOff != False)},
+      {"Warn", asWord(!warnsOfEntries())},
   };
   for (const auto& [key, setting] : preferences) {
     settings_.Key = key;

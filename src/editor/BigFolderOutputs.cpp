@@ -13,8 +13,6 @@ namespace {
 
 std::string asText(const ScrollBar& bar) { return numberText(std::int32_t{bar.value()}); }
 
-bool isAnalogOut() { return Hardware.Out1.Analog != False; }
-
 }  // namespace
 
 void frmBigFolder::wireOutputs() {
@@ -34,13 +32,13 @@ void frmBigFolder::wireOutputs() {
 // An analog output has no on/off mode.
 void frmBigFolder::cboOut1Ctrl_Click() {
   const int mode = cboOut1Ctrl.listIndex();
-  if (mode == 0 && isAnalogOut()) {
+  if (mode == 0 && output1IsAnalog()) {
     cboOut1Ctrl.setListIndex(1);
   } else if (mode >= 0) {
     const bool pid = mode == 1;
     fraOut1PID.setVisible(pid);
     fraOut1OnOff.setVisible(!pid);
-    if (!pid || !isAnalogOut()) enableAll({&HSOut1CycleT, &lblOut1CycleTDisplay}, pid);
+    if (!pid || !output1IsAnalog()) enableAll({&HSOut1CycleT, &lblOut1CycleTDisplay}, pid);
     Out1AutoDisable(pid);
   }
 }
@@ -97,7 +95,7 @@ void frmBigFolder::chkOut1Self_Click() {
   }
   fOut1Manual(true);
   const bool pid = cboOut1Ctrl.listIndex() == 1;
-  if (pid && !isAnalogOut()) enableAll({&HSOut1CycleT, &lblOut1CycleTDisplay}, true);
+  if (pid && !output1IsAnalog()) enableAll({&HSOut1CycleT, &lblOut1CycleTDisplay}, true);
   autoTuneRule();
   if (chkOut1AutoPID.value() != 0) {
     chkOut1Start.setEnabled(true);

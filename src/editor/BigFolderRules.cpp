@@ -24,7 +24,7 @@ void setPointRule(const ComboBox& setup, TextBox& high, TextBox& low) {
 
 // The dialog decides while it stands open: what it has chosen enters the model with OK.
 bool hasAnalogOutput() {
-  return Hardware.Out1.Analog != False || (isLoaded<frmHardware>() && form<frmHardware>().optOut[3].value());
+  return output1IsAnalog() || (isLoaded<frmHardware>() && form<frmHardware>().optOut[3].value());
 }
 
 }  // namespace
@@ -155,7 +155,7 @@ void frmBigFolder::rdSOffsetDisable(bool show) {
   fraNoSOffset.setVisible(!show);
   plotReading.setVisible(show);
   for (int finer : {rec::optDpoint + 2, rec::optDpoint + 3}) {
-    if (show || Memo[finer].flag == False) continue;
+    if (show || !isChosen(finer)) continue;
     Memo[finer].flag = False;
     Memo[rec::optDpoint + 1].flag = True;
     optDpoint(1).setValue(true);

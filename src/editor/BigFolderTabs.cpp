@@ -19,8 +19,8 @@ namespace {
 // The choosers offer the one channel that the communication tab has chosen.
 template <class Chooser>
 void offerChosenChannel(Chooser& chooser) {
-  chooser.cmdNetwork.setEnabled(Memo[rec::optCommunicationMode + 1].flag != False);
-  chooser.cmdSerial.setEnabled(Memo[rec::optCommunicationMode].flag != False);
+  chooser.cmdNetwork.setEnabled(isChosen(rec::optCommunicationMode + 1));
+  chooser.cmdSerial.setEnabled(overSerial());
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 
 #include "core/Global.h"
 #include "core/NumberText.h"
-#include "core/Program.h"
+#include "platform/Program.h"
 #include "dialogs/SetupFiles.h"
 #include "editor/frmBigFolder.h"
 

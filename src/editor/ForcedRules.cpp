@@ -10,16 +10,14 @@ namespace torvane {
 
 namespace {
 
-bool flag(int record) { return Memo[record].flag != False; }
 bool ticked(int record) { return Memo[record].value != 0; }
-bool hasAnalogOutput() { return Hardware.Out1.Analog != False; }
 bool isAlarmsOnly() { return setupHasMenu(menu::alarmsOnly); }
 bool isSimpleMenu() { return setupHasMenu(menu::simple); }
 
-bool isTemperature() { return flag(rec::optInType) || flag(rec::optInType + 1); }
-bool hasFineFormat() { return flag(rec::optDpoint + 2) || flag(rec::optDpoint + 3); }
+bool isTemperature() { return isChosen(rec::optInType) || isChosen(rec::optInType + 1); }
+bool hasFineFormat() { return isChosen(rec::optDpoint + 2) || isChosen(rec::optDpoint + 3); }
 
-bool hasNoFormat() { return !flag(rec::optDpoint) && !flag(rec::optDpoint + 1) && !hasFineFormat(); }
+bool hasNoFormat() { return !isChosen(rec::optDpoint) && !isChosen(rec::optDpoint + 1) && !hasFineFormat(); }
 
 bool isBandWithoutDeviation(int control, int setup) {
   return Memo[control].value == 0 && Memo[setup].value >= alarmSetup::band;
@@ -30,11 +28,11 @@ bool isInPid(int control, int automatic) { return ticked(control) && ticked(auto
 bool startsTuningInVain() {
   const bool first = !isSimpleMenu() && isInPid(rec::cboOut1Ctrl, rec::chkOut1AutoPID);
   const bool second = !isSimpleMenu() && isInPid(rec::cboOut2Ctrl, rec::chkOut2AutoPID);
-  const bool forced = hasAnalogOutput() && ticked(rec::chkOut1AutoPID);
+  const bool forced = output1IsAnalog() && ticked(rec::chkOut1AutoPID);
   return ticked(rec::chkOut1Start) && !first && !second && !forced;
 }
 
-bool areBothLevelsSet() { return flag(rec::optIDCode + 1) && flag(rec::optIDCode + 2); }
+bool areBothLevelsSet() { return isChosen(rec::optIDCode + 1) && isChosen(rec::optIDCode + 2); }
 
 }  // namespace
 
@@ -70,14 +68,14 @@ std::span<const ForcedRule> forcedRules() {
       {{rec::chkAnalogOutputEnabled},
        "Simple menu with an analog output",
        "The analog output is on",
-       [] { return isSimpleMenu() && hasAnalogOutput(); }},
+       [] { return isSimpleMenu() && output1IsAnalog(); }},
       {{rec::chkLBAEnabled}, "Alarms only", "The loop break alarm is off", isAlarmsOnly},
       {{rec::chkAnalogOutputEnabled}, "Rkw77 line", "The analog output is off", onRkw77Line},
-      {{rec::cboOut1Ctrl}, "Output 1 is analog", "PID", hasAnalogOutput},
+      {{rec::cboOut1Ctrl}, "Output 1 is analog", "PID", output1IsAnalog},
       {{rec::chkAl1Enabled},
        "Output 1 is analog and takes alarm 1's place",
        "Alarm 1 is off",
-       [] { return hasAnalogOutput() && !onRkw77Line(); }},
+       [] { return output1IsAnalog() && !onRkw77Line(); }},
       {{rec::chkOut1Start},
        "Auto-tune is to start, and no output is in PID with auto PID",
        "It doesn't start",
@@ -86,7 +84,7 @@ std::span<const ForcedRule> forcedRules() {
       {{rec::optRS232, rec::optRS485},
        "The bus is chosen, and it is to be left as found",
        "Left as found",
-       [] { return flag(rec::optNoChange); }},
+       [] { return isChosen(rec::optNoChange); }},
       {{rec::chkIDEnabled},
        "The ID code is not in force",
        "It is in force",

@@ -74,8 +74,8 @@ UnitImage asUnit(const EitherFile& file) {
   return file.setup ? imageOf(*file.setup) : UnitImage();
 }
 
-EncodedSetup asSetup(const EitherFile& file) {
-  if (file.copy) return setupOf(*file.copy, true);
+EncodedSetup asSetup(const EitherFile& file, bool withBus) {
+  if (file.copy) return setupOf(*file.copy, withBus);
   return file.setup ? *file.setup : EncodedSetup();
 }
 

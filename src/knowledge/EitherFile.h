@@ -28,6 +28,6 @@ std::size_t longestEither();
 
 // As one side of a comparison and as the other; a file without a fault.
 UnitImage asUnit(const EitherFile& file);
-EncodedSetup asSetup(const EitherFile& file);
+EncodedSetup asSetup(const EitherFile& file, bool withBus);  // of a copy: bus format and address too
 
 }  // namespace torvane

@@ -51,8 +51,8 @@ class RecordsPutBack {
 // The bus settings go out on the user's wish alone, the address only for a bus that has one.
 bool isWished(const RegisterStep& row) {
   if (row.rule != StepRule::busFormat && row.rule != StepRule::busAddress) return true;
-  if (Memo[rec::optNoChange].flag != False) return false;
-  return row.rule == StepRule::busFormat || Memo[rec::optRS485].flag != False;
+  if (isChosen(rec::optNoChange)) return false;
+  return row.rule == StepRule::busFormat || isChosen(rec::optRS485);
 }
 
 bool fits(const std::string& payload, const RegisterRow& row) {

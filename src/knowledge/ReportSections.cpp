@@ -19,7 +19,7 @@ std::string text(int record) { return Memo[record].text; }
 std::string number(int record) { return numberText(std::int32_t{Memo[record].value}); }
 std::string seconds(int record) { return number(record) + "s"; }
 std::string item(int record) { return choiceAt(choicesOf(record), Memo[record].value); }
-std::string flag(int record) { return choiceAt(choices::truths, Memo[record].flag != False); }
+std::string flag(int record) { return choiceAt(choices::truths, isChosen(record)); }
 std::string isOne(int record) { return choiceAt(choices::truths, Memo[record].value == 1); }
 std::string abled(int record) { return choiceAt(choices::abilities, Memo[record].value == 1); }
 
@@ -32,8 +32,8 @@ std::string color(int record) {
 std::string protection(int record) { return choiceAt(choices::protections, record - rec::optIDCode); }
 
 std::string inputType(int first) {
-  if (Memo[first].flag != False) return "TC " + item(rec::lstTCTypes) + "-type";
-  if (Memo[first + 1].flag == False) return "Process " + item(rec::lstProc);
+  if (isChosen(first)) return "TC " + item(rec::lstTCTypes) + "-type";
+  if (!isChosen(first + 1)) return "Process " + item(rec::lstProc);
   return "RTD " + item(rec::cboRTDValue) + " ohm  " + item(rec::cboRTDWires) + " wires  " +
          item(rec::cboRTDCurves);
 }
@@ -41,11 +41,11 @@ std::string inputType(int first) {
 // The first one that is set, the last one where none is.
 std::string decimalPoint(int first) {
   int chosen = 0;
-  while (chosen < 3 && Memo[first + chosen].flag == False) ++chosen;
+  while (chosen < 3 && !isChosen(first + chosen)) ++chosen;
   return choiceAt(choices::readingFormats, chosen);
 }
 
-std::string voltOrCurrent(int record) { return choiceAt(choices::analogModes, Memo[record].flag == False); }
+std::string voltOrCurrent(int record) { return choiceAt(choices::analogModes, !isChosen(record)); }
 
 // ---- conditions
 
@@ -59,7 +59,7 @@ bool notReadable() { return !readable(); }
 
 template <int record>
 bool isSet() {
-  return Memo[record].flag != False;
+  return isChosen(record);
 }
 template <int record>
 bool isOnOff() {

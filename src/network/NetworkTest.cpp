@@ -2,6 +2,7 @@
 // The wizard's test of the bridge and of the unit behind it.
 #include "network/NetworkTest.h"
 
+#include "core/BridgePorts.h"
 #include "core/Global.h"
 #include "core/Memo.h"
 #include "core/Model.h"
@@ -24,7 +25,6 @@ constexpr double retryRest = 1.0;
 constexpr double versionRest = 1.0;
 
 constexpr int versionTries = 3;
-constexpr int terminalServerPort = 2000;
 
 enum : std::int16_t { unitAnswers = 1, somethingElse = 0, terminalServer = -1, lineEchoes = -2 };
 
@@ -94,7 +94,7 @@ bool connectsToBridge(Run& run, NetworkChannel& channel) {
 
 void prepareSecondTry(Run& run, NetworkChannel& channel, bool onTerminalServerPort) {
   channel.socket().close();
-  if (onTerminalServerPort) run.view.chooseBridgePort(terminalServerPort);
+  if (onTerminalServerPort) run.view.chooseBridgePort(bridgePort::terminalServer);
   waitOut(retryRest);
 }
 
@@ -129,7 +129,7 @@ bool findsUnitBehindBridge(Run& run, NetworkChannel& channel) {
     publish(run, 3);
     Global.DetectionDone = 0;
     if (code == unitAnswers) return true;
-    if (code == terminalServer) channel.socket().remotePort = channel.NetPort = terminalServerPort;
+    if (code == terminalServer) channel.socket().remotePort = channel.NetPort = bridgePort::terminalServer;
     if (lastTry || complaintOf(code) == nullptr) {
       tellWhatAnswered(run, channel, code);
       return false;

@@ -57,6 +57,7 @@ class Channel {
   std::int32_t registerMask = 0;
   // A fault that ends a run has been seen. Cleared by the runs, never here.
   std::int16_t wiringProblem = 0;
+  bool isMiswired() const { return wiringProblem != 0; }
   // The last readRegister gave up.
   std::int16_t readFailed = 0;
 

@@ -22,9 +22,9 @@ constexpr Notice badLoopBreakTime{
 std::string hexDigits(double number, std::size_t width) { return padLeft(hexText(toInt16(number)), width); }
 
 int decimalCode() {
-  if (Memo[rec::optDpoint].flag != False) return 1;
-  if (Memo[rec::optDpoint + 1].flag != False) return 2;
-  if (Memo[rec::optDpoint + 2].flag != False) return 3;
+  if (isChosen(rec::optDpoint)) return 1;
+  if (isChosen(rec::optDpoint + 1)) return 2;
+  if (isChosen(rec::optDpoint + 2)) return 3;
   return 4;
 }
 

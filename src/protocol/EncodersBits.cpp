@@ -24,7 +24,6 @@ class RegisterSum {
 };
 
 std::int16_t valueOf(int record) { return Memo[record].value; }
-bool isFlagged(int record) { return Memo[record].flag != False; }
 
 // Curve "392" counts the wires from 0, curve "385" from 3; more wires than three kinds count as none.
 int curveAndWires() {
@@ -42,9 +41,9 @@ void addRTD(RegisterSum& sum) {
 
 // Not the codes of fabASp: with no format chosen this register says one decimal.
 int readingFormatCode() {
-  if (isFlagged(rec::optDpoint)) return 1;
-  if (isFlagged(rec::optDpoint + 2)) return 3;
-  if (isFlagged(rec::optDpoint + 3)) return 4;
+  if (isChosen(rec::optDpoint)) return 1;
+  if (isChosen(rec::optDpoint + 2)) return 3;
+  if (isChosen(rec::optDpoint + 3)) return 4;
   return 2;
 }
 
@@ -55,7 +54,7 @@ bool isAl1On() {
 
 // With an analog output in position 1, alarm 2's latch asks for alarm 1's too.
 bool isAl1Latched() {
-  return valueOf(rec::cboAl1Latch) == 0 || (Hardware.Out1.Analog != False && valueOf(rec::cboAl2Latch) == 0);
+  return valueOf(rec::cboAl1Latch) == 0 || (output1IsAnalog() && valueOf(rec::cboAl2Latch) == 0);
 }
 
 // The simple menu keeps an alarm's "Above" in the output's action.
@@ -79,9 +78,9 @@ int colorCode(int record) {
 
 Encoded makeInput() {
   RegisterSum sum;
-  if (isFlagged(rec::optInType)) {
+  if (isChosen(rec::optInType)) {
     sum.field(2, valueOf(rec::lstTCTypes));
-  } else if (isFlagged(rec::optInType + 1)) {
+  } else if (isChosen(rec::optInType + 1)) {
     addRTD(sum);
   } else {
     sum.field(0, 2);
@@ -118,14 +117,14 @@ Encoded makeAl2Cnfg() {
   sum.bit(2, valueOf(rec::cboAl2Latch) == 0);
   sum.bit(3, valueOf(rec::cboAl2Closure) != 0);
   sum.field(4, valueOf(rec::cboAl2Setup));
-  sum.bit(7, !isFlagged(rec::optAOutV));
+  sum.bit(7, !isChosen(rec::optAOutV));
   return {sum.digits(), maskFor<0x0A>()};
 }
 
 // On the Rkw77 line a current of 4-20 mA counts twice: it carries into bit 7, which that line's mask hides,
 // and leaves bits 6 and 0 clear.
 Encoded makeOut1Cnfg() {
-  const bool from4mA = isFlagged(rec::opt420mA);
+  const bool from4mA = isChosen(rec::opt420mA);
   RegisterSum sum;
   if (onRkw77Line() && from4mA) {
     sum.bit(6, true);
@@ -144,7 +143,7 @@ Encoded makeOut1Cnfg() {
 Encoded makeOut2Cnfg() {
   RegisterSum sum;
   // The menu alone decides here, also of a unit that only monitors.
-  if (Memo[rec::menuKind].extra != 2) sum.field(0, valueOf(rec::cboOut2Ctrl));
+  if (!setupHasMenu(menu::simple)) sum.field(0, valueOf(rec::cboOut2Ctrl));
   sum.field(1, action(rec::cboAl2Setup, rec::cboOut2Action));
   sum.field(2, valueOf(rec::chkOut2AutoPID));
   sum.field(3, valueOf(rec::chkRampEn));
@@ -163,8 +162,8 @@ Encoded makeColors() {
 
 Encoded makeMiscellaneous() {
   RegisterSum sum;
-  sum.bit(2, isFlagged(rec::optIDCode + 1));
-  sum.bit(3, isFlagged(rec::optIDCode + 2));
+  sum.bit(2, isChosen(rec::optIDCode + 1));
+  sum.bit(3, isChosen(rec::optIDCode + 2));
   sum.bit(4, valueOf(rec::chkOut1Self) == 1);
   sum.bit(7, valueOf(rec::chkSPDeviation) == 1);
   return {sum.digits(), maskFor<0x24>()};
@@ -174,7 +173,7 @@ Encoded makeMiscellaneous() {
 Encoded makeBusFormat() {
   RegisterSum sum;
   sum.bit(2, true);
-  sum.bit(3, onRkw77Line() ? Hardware.BusMode >= 1 : isFlagged(rec::optRS485));
+  sum.bit(3, onRkw77Line() ? Hardware.BusMode >= 1 : isChosen(rec::optRS485));
   sum.bit(4, true);
   sum.bit(5, true);
   return {sum.digits(), maskFor<0x1F>()};

@@ -160,7 +160,7 @@ void judgeVersion(Run& run) {
 
 void announce(Run& run, std::int16_t type, const std::string& lastReply) {
   DeviceState.DeviceClass = type;
-  BaseModel = type == 0 ? "Rkw77[case]" : factoryBaseModel;
+  BaseModel = type == 0 ? rkw77BaseModel : factoryBaseModel;
   const std::string version = lastReply.size() > 3 ? lastReply.substr(3, 3) : "";
   constexpr std::size_t last = std::size(typeWords) - 1;
   const TypeWords& words = typeWords[type < static_cast<int>(last) ? static_cast<std::size_t>(type) : last];

@@ -100,7 +100,7 @@ const Notice* offsetNotice(const Mantissa& mantissa) {
   return mantissa.exponent + 2 > 8 ? &offsetOverflow : nullptr;
 }
 
-bool isCurrentOutput() { return Memo[rec::optAOutI].flag != False; }
+bool isCurrentOutput() { return isChosen(rec::optAOutI); }
 
 // Every digit is worth a place of ten, so what is cut here goes into the exponent. A number with more places
 // than it has digits ends as 0.
@@ -144,8 +144,8 @@ DecimalParts takeApart(const std::string& text, bool belowZero) {
 }  // namespace
 
 bool isReadInTenths() {
-  const bool temperature = Memo[rec::optInType].flag != False || Memo[rec::optInType + 1].flag != False;
-  return temperature && Memo[rec::optDpoint + 1].flag != False;
+  const bool temperature = isChosen(rec::optInType) || isChosen(rec::optInType + 1);
+  return temperature && isChosen(rec::optDpoint + 1);
 }
 
 Mantissa TextToMantissa(double r) {

@@ -38,7 +38,7 @@ class WriteWalk {
   void note(const RegisterStep& row, const Encoded& encoded, const std::string& result);
   void noteUntried(const RegisterStep& row, const std::string& reason);
   void moveBar(const RegisterStep& row);
-  bool wiringFault() const { return channel_.rules().heedsWiring && channel_.wiringProblem != False; }
+  bool wiringFault() const { return channel_.rules().heedsWiring && channel_.isMiswired(); }
   bool endAtWiringFault();
 
   Run& run_;
@@ -55,7 +55,7 @@ void WriteWalk::walk() {
       endAtWiringFault();
       return;
     }
-    if (Global.CancelFlag != False) {
+    if (isCancelled()) {
       run_.outcome.end = RunEnd::cancelled;
       return;
     }
@@ -122,12 +122,12 @@ bool WriteWalk::goesOnWithoutLine() {
 }
 
 void WriteWalk::writeBusSettings(Rows rows) {
-  if (Memo[rec::optNoChange].flag != False) {
+  if (isChosen(rec::optNoChange)) {
     run_.view.upStat(false, std::string(rows[0].writeLabel) + "\r");
     return;
   }
   writeRow(rows[0]);
-  if (Memo[rec::optRS485].flag != False) writeRow(rows[1]);
+  if (isChosen(rec::optRS485)) writeRow(rows[1]);
 }
 
 void WriteWalk::writeRow(const RegisterStep& row) {

@@ -58,15 +58,15 @@ void frmSerial::Form_Activate() {
   Global.CancelFlag = False;
   upProg(0);
   windowActive = True;
-  if (readMode != False && Global.ReadConfirmed == 0) {
+  if (reads() && Global.ReadConfirmed == 0) {
     unload();
     return;
   }
   history.begin();
-  if (Global.AutoDetect == False && !looksOnly()) form<frmBigFolder>().forgetRun();
+  if (!isLinkTest() && !looksOnly()) form<frmBigFolder>().forgetRun();
   showTarget();
   beginOutcome(thisWay(), lblTarget.caption());
-  const bool serial = Memo[rec::optCommunicationMode].flag != False;
+  const bool serial = overSerial();
   if (serial && !serialPath()) return;
   if (!serial) networkPath();
   if (Global.DetectionDone == 1) unload();
@@ -75,7 +75,7 @@ void frmSerial::Form_Activate() {
 // Each statement on its own: what fails is skipped, and the window still comes to its end. False when no unit
 // answered and the window has gone.
 bool frmSerial::serialPath() {
-  if (Global.AutoDetect != False) {
+  if (isLinkTest()) {
     attempt([this] { SerialTestConnect(); });
     Global.AutoDetect = False;
     return true;
@@ -114,7 +114,7 @@ void frmSerial::runOverSerial() {
     return;
   }
   commitTabs();
-  if (readMode != False) {
+  if (reads()) {
     if (Global.ReadConfirmed != 0) attempt([this] { ReadConfigurationFromDevice(); });
     Global.ReadConfirmed = 0;
   } else {
@@ -125,7 +125,7 @@ void frmSerial::runOverSerial() {
 // A failed connection ends like a run that took place, after its box. A read that took place is no longer
 // due, and the window goes for good at the end of this showing.
 void frmSerial::networkPath() {
-  if (Global.AutoDetect != False) {
+  if (isLinkTest()) {
     Global.DetectionDone = 1;
     attempt([this] { NetworkTestConnect(); });
     Global.AutoDetect = False;
@@ -137,7 +137,7 @@ void frmSerial::networkPath() {
   if (result == -1) messageBox("Failed to connnect to Relayon");
   if (result == 0) {
     resetWhenWanted([this] { NetworkCommunicationOK(true); });
-    if (readMode != False && Global.ReadConfirmed == 0) unload();
+    if (reads() && Global.ReadConfirmed == 0) unload();
   }
   takeUnitAddress();
   finish(lastWords());
@@ -145,11 +145,11 @@ void frmSerial::networkPath() {
 
 const char* frmSerial::lastWords() const {
   if (job) return " and Done\r";
-  return readMode != False ? " and Configuration Read\r" : " and Configuration Sent\r";
+  return reads() ? " and Configuration Read\r" : " and Configuration Sent\r";
 }
 
 void frmSerial::resetWhenWanted(const Handler& reset) {
-  if (Global.ResetAfterWrite == False || readMode != False) return;
+  if (!resetsAfterWrite() || reads()) return;
   attempt(reset);
   upProg(97);
 }
@@ -159,7 +159,7 @@ void frmSerial::takeUnitAddress() {
   if (job) return;  // what the unit has for an address is not what the boxes say
   constexpr const char* busAddress = "21";
   const bool known = run.reading ? run.outcome.understood(busAddress) : run.outcome.settled(busAddress);
-  if (Memo[rec::optRS485].flag == False || !known) return;
+  if (!isChosen(rec::optRS485) || !known) return;
   attempt([] { Hardware.BusAddress = toInt16(Val(Memo[rec::txtRS485Address].text)); });
   attempt([] { form<frmHardware>().txtAddress.setText(Memo[rec::txtRS485Address].text); });
 }
@@ -175,7 +175,7 @@ void frmSerial::finish(std::string_view lastWords) {
 }
 
 std::string frmSerial::whatIsInTheWay() {
-  const bool serial = Memo[rec::optCommunicationMode].flag != False;
+  const bool serial = overSerial();
   if (!serial || channel.everOpened()) return adviceFor(run.outcome, searchWords_);
   run.outcome.end = RunEnd::noPort;
   return MSComm1->commPort > 0 ? host().serialPortHint(MSComm1->commPort) : noWay::noPortChosen.advice;
@@ -212,7 +212,7 @@ void frmSerial::cmdCancel_Click() {
 }
 
 void frmSerial::showTarget() {
-  const bool serial = Memo[rec::optCommunicationMode].flag != False;
+  const bool serial = overSerial();
   lblTarget.setToolTip("");
   std::string target = serial ? serialTarget() : networkTarget();
   if (!isUnaddressed()) target += ", address " + numberText(std::int32_t{Hardware.BusAddress});
@@ -230,7 +230,7 @@ std::string frmSerial::networkTarget() const {
 }
 
 Run& frmSerial::thisWay() {
-  run.reading = readMode != False;
+  run.reading = reads();
   return run;
 }
 

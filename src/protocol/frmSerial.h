@@ -42,6 +42,7 @@ class frmSerial : public Form, public RunView {
   CommandButton cmdCancel{*this, "cmdCancel", "&Cancel"};
 
   // What a showing does.
+  bool reads() const { return readMode != 0; }
   std::int16_t readMode = 0;      // a read run rather than a write run; written by the choosers
   UnitJob job;                    // done in place of a write or a read; empty: these
   std::int16_t windowActive = 0;  // between activation and deactivation
@@ -116,7 +117,7 @@ class frmSerial : public Form, public RunView {
   void networkPath();
   void runOverSerial();
   void resetWhenWanted(const Handler& reset);
-  bool looksOnly() const { return job && readMode != 0; }  // no run that is kept
+  bool looksOnly() const { return job && reads(); }  // no run that is kept
   void takeUnitAddress();
   void finish(std::string_view lastWords);
   const char* lastWords() const;

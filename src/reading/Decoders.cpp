@@ -74,9 +74,9 @@ std::string parseTime(const std::string& reply, int record) {
 }  // namespace
 
 int decimalScale() {
-  if (Memo[rec::optDpoint + 3].flag != False) return 1000;
-  if (Memo[rec::optDpoint + 2].flag != False) return 100;
-  if (Memo[rec::optDpoint + 1].flag != False) return 10;
+  if (isChosen(rec::optDpoint + 3)) return 1000;
+  if (isChosen(rec::optDpoint + 2)) return 100;
+  if (isChosen(rec::optDpoint + 1)) return 10;
   return 1;
 }
 

@@ -133,7 +133,7 @@ std::string parseRdOffset(const std::string& reply) {
 
 std::string parseAnalogOffset(const std::string& reply) {
   return decoded(reply, [](const std::string& payload) {
-    const double full = Memo[rec::optAOutI].flag != False ? 20 : 10;  // mA or V
+    const double full = isChosen(rec::optAOutI) ? 20 : 10;  // mA or V
     const float offset = offsetIn(payload);
     const double y2 = startingY2(rec::txtAOutOut2, full);
     const Points at = Rebuild{flooredScale(Global.AnalogScale), offset, y2, full, y2}.points();

@@ -3,6 +3,7 @@
 #include "reading/MeterType.h"
 
 #include <functional>
+#include <iterator>
 
 #include "core/Model.h"
 #include "core/NumberText.h"
@@ -17,12 +18,6 @@ namespace {
 
 constexpr float settle = 0.5F;  // seconds of rest
 
-struct TypeCode {
-  const char* ending;  // of the U04 reply
-  std::int16_t type;
-};
-
-constexpr TypeCode typeCodes[] = {{"TMP", 1}, {"PRC", 2}, {"STR", 3}, {"GR2", 4}, {"RHT", 5}};
 constexpr std::int16_t lastWithOptions = 3;
 constexpr std::int16_t anyOther = 6;
 constexpr std::int16_t rkw77Line = 0;
@@ -69,8 +64,8 @@ void checkMeterType(Run& run, std::int16_t& type, const TypeQuery& query) {
   type = none;
   const std::string reply = query(framed("U04"), false);
   publish(run, 5);
-  for (const auto& [ending, code] : typeCodes) {
-    if (reply.ends_with(ending)) type = code;
+  for (std::size_t code = 1; code < std::size(unitTypes); ++code) {
+    if (reply.ends_with(unitTypes[code])) type = static_cast<std::int16_t>(code);
   }
   if (type == none) {
     type = anyOther;

@@ -49,7 +49,7 @@ bool findsUnitOn(Run& run, SerialChannel& channel, int port, int progress) {
   std::int16_t mode = 0;
   const bool found = comOK(run, channel, mode).empty();
   run.view.wizardProgress(progress);
-  if (found || Global.CancelFlag == False) return found;
+  if (found || !isCancelled()) return found;
   const Answer answer = run.view.box(cancelQuestion, "", Icon::question, Buttons::noYes);
   if (answer != Answer::yes) Global.CancelFlag = False;
   return false;
@@ -61,7 +61,7 @@ std::optional<int> scanPorts(Run& run, SerialChannel& channel, int except) {
   for (int port = 1; port <= lastPort; ++port, progress += portProgress) {
     if (port == except) continue;
     if (findsUnitOn(run, channel, port, progress)) return port;
-    if (Global.CancelFlag != False) return {};
+    if (isCancelled()) return {};
   }
   return {};
 }

@@ -62,7 +62,7 @@ void readStep(Run& run, Channel& channel, Rows rows) {
     readRow(run, channel, row);
   }
   const bool tellsOfWiring = rows.front().rule == StepRule::firstContact && channel.rules().heedsWiring;
-  if (tellsOfWiring && channel.wiringProblem != False) {
+  if (tellsOfWiring && channel.isMiswired()) {
     run.view.box("A communications connection/wiring problem seems to exist");
   }
 }
@@ -86,8 +86,8 @@ void readConfiguration(Run& run, Channel& channel) {
       channel.registerMask = 0;
       readStep(run, channel, rows);
       host().yield();
-      if (Global.CancelFlag != False) run.outcome.end = RunEnd::cancelled;
-      if (Global.CancelFlag != False || givesUp(run, channel, failedSteps)) return;
+      if (isCancelled()) run.outcome.end = RunEnd::cancelled;
+      if (isCancelled() || givesUp(run, channel, failedSteps)) return;
     }
   });
   run.view.showTabs();

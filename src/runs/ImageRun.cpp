@@ -21,15 +21,15 @@ void moveBar(Run& run, const RegisterStep& row) {
 // False: the user has had enough, or the line is out of order.
 bool goesOn(Run& run, const Channel& channel) {
   host().yield();
-  if (channel.rules().heedsWiring && channel.wiringProblem != False) run.outcome.end = RunEnd::wiring;
-  if (Global.CancelFlag != False) run.outcome.end = RunEnd::cancelled;
+  if (channel.rules().heedsWiring && channel.isMiswired()) run.outcome.end = RunEnd::wiring;
+  if (isCancelled()) run.outcome.end = RunEnd::cancelled;
   return run.outcome.end == RunEnd::finished;
 }
 
 // The unit that has just been probed.
 UnitImage identified(const Run& run) {
   UnitImage image;
-  image.model = Global.DeviceSpecified != False ? Hardware.ModelNumber : run.outcome.unit;
+  image.model = isModelFixed() ? Hardware.ModelNumber : run.outcome.unit;
   image.kind = meterKind();
   image.version = Global.FirmwareVersion;
   image.line = run.outcome.line;

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "core/Program.h"
+#include "platform/Program.h"
 #include "tool/Completion.h"
 #include "tool/Declare.h"
 #include "tool/ManPage.h"

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // How a unit or a file differs from a setup.
-#include <variant>
 
 #include "core/Model.h"
 #include "platform/Host.h"
@@ -22,18 +21,6 @@ void declare(CLI::App& app, Arguments& arguments) {
   declareUnit(app, arguments.line);
 }
 
-using Either = std::variant<EncodedSetup, UnitImage>;
-
-EncodedSetup asSetup(const Either& either) {
-  if (const auto* copy = std::get_if<UnitImage>(&either)) return setupOf(*copy, false);
-  return std::get<EncodedSetup>(either);
-}
-
-UnitImage asImage(const Either& either) {
-  if (const auto* setup = std::get_if<EncodedSetup>(&either)) return imageOf(*setup);
-  return std::get<UnitImage>(either);
-}
-
 ExitCode tell(Json object, const Comparison& comparison, const Output& output) {
   object["settings"] = differingSettings(comparison);
   object["registers"] = registerChanges(comparison);
@@ -43,7 +30,7 @@ ExitCode tell(Json object, const Comparison& comparison, const Output& output) {
 }
 
 ExitCode compareUnit(const Arguments& arguments, const Output& output) {
-  const EncodedSetup setup = asSetup(loadEither(arguments.setup));
+  const EncodedSetup setup = asSetup(loadEither(arguments.setup), false);
   LineArguments line = arguments.line;
   line.name = lineNamed(arguments.first);
   DeviceState.IsRkw77 = asFlag(setup.kind == kind::rkw77);
@@ -59,8 +46,8 @@ ExitCode compareUnit(const Arguments& arguments, const Output& output) {
 
 ExitCode run(const Arguments& arguments, const Output& output) {
   if (!host().fileExists(arguments.first)) return compareUnit(arguments, output);
-  const UnitImage first = asImage(loadEither(arguments.first));
-  const EncodedSetup setup = asSetup(loadEither(arguments.setup));
+  const UnitImage first = asUnit(loadEither(arguments.first));
+  const EncodedSetup setup = asSetup(loadEither(arguments.setup), false);
   Json object = answer("compare");
   object["line"] = arguments.first;
   return tell(object, compare(first, setup), output);

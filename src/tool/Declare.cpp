@@ -61,8 +61,8 @@ void declareUnit(CLI::App& app, LineArguments& line) {
     if (!fault.empty()) throw Problem(ExitCode::usage, fault);
     line.model = text;
   };
-  app.add_option_function<std::string>(
-         "--model", takeModel, "what the unit must be: a part number, or TMP, PRC, STR, GR2, RHT, Rkw77")
+  app.add_option_function<std::string>("--model", takeModel,
+                                       "what the unit must be: a part number, or " + typeNames())
       ->type_name("MODEL");
 }
 

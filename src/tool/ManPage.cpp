@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "core/Program.h"
+#include "platform/Program.h"
 #include "tool/ExitCodes.h"
 
 namespace torvane::tool {
@@ -97,13 +97,14 @@ std::string optionText(const CLI::App& app) {
 std::string manPage(const CLI::App& app) {
   const std::string version =
       std::to_string(program::majorVersion) + '.' + std::to_string(program::minorVersion);
-  std::string text =
-      ".TH TORVANE\\-UNIT 1 \"\" \"Torvane Configuration " + version + "\" \"User Commands\"\n" +
-      ".SH NAME\ntorvane\\-unit \\- process controllers from a shell, one or five hundred\n" +
-      ".SH SYNOPSIS\n" + bold("torvane-unit") + ' ' + slanted("command") + " [" + slanted("argument") +
-      "]...\n.SH DESCRIPTION\n" + plain(app.get_description()) + "\n.PP\n" + slanted("LINE") +
-      " is COM1 and so on, the path of a device, or host:port of a bridge.\n" + ".SH OPTIONS\n" +
-      optionText(app) + ".SH COMMANDS\n";
+  std::string text = ".TH TORVANE\\-UNIT 1 \"\" \"" + std::string(program::title) + ' ' + version +
+                     "\" \"User Commands\"\n" +
+                     ".SH NAME\ntorvane\\-unit \\- process controllers from a shell, one or five hundred\n" +
+                     ".SH SYNOPSIS\n" + bold("torvane-unit") + ' ' + slanted("command") + " [" +
+                     slanted("argument") + "]...\n.SH DESCRIPTION\n" + plain(app.get_description()) +
+                     "\n.PP\n" + slanted("LINE") +
+                     " is COM1 and so on, the path of a device, or host:port of a bridge.\n" +
+                     ".SH OPTIONS\n" + optionText(app) + ".SH COMMANDS\n";
   for (const CLI::App* const command : app.get_subcommands({})) text += commandText(*command);
   return text + ".SH EXIT STATUS\n" + exitText() + ".SH SEE ALSO\n" + bold("torvane-configuration") +
          "(1), " + bold("unit-simulator") + "(1)\n";

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <string_view>
 
 #include "core/Model.h"
@@ -14,11 +15,8 @@ namespace torvane::tool {
 
 namespace {
 
-// By DeviceState.DeviceClass.
-constexpr std::array<const char*, 6> types = {"Rkw77", "TMP", "PRC", "STR", "GR2", "RHT"};
-
 bool isType(const std::string& model) {
-  return std::ranges::any_of(types, [&](const char* type) { return distance(type, model) == 0; });
+  return std::ranges::any_of(unitTypes, [&](const char* type) { return distance(type, model) == 0; });
 }
 
 // The first digit of the outputs, behind the model and its brackets: 5 is an analog output.
@@ -31,18 +29,24 @@ bool wantsAnalog(const std::string& partNumber) {
 }  // namespace
 
 UnitFamily lineOf(const std::string& model) {
-  const bool rkw77 = distance(types[0], model) == 0 || namesRkw77(model);
+  const bool rkw77 = distance(unitTypes[0], model) == 0 || namesRkw77(model);
   return rkw77 ? UnitFamily::rkw77 : UnitFamily::torvane;
 }
 
+std::string typeNames() {
+  std::string names;
+  for (std::size_t type = 1; type < std::size(unitTypes); ++type) names.append(unitTypes[type]).append(", ");
+  return names + unitTypes[0];
+}
+
 std::string typeOfUnit() {
-  if (onRkw77Line()) return types[0];
+  if (onRkw77Line()) return unitTypes[0];
   const auto place = static_cast<std::size_t>(DeviceState.DeviceClass);
-  return DeviceState.DeviceClass > 0 && place < types.size() ? types[place] : "";
+  return DeviceState.DeviceClass > 0 && place < std::size(unitTypes) ? unitTypes[place] : "";
 }
 
 std::string typeIn(const std::string& unit) {
-  if (unit == "Larkspur") return types[0];
+  if (unit == "Larkspur") return unitTypes[0];
   const std::size_t blank = unit.find(' ');
   return blank == std::string::npos ? std::string() : unit.substr(blank + 1);
 }
@@ -63,7 +67,7 @@ std::string modelTextFault(const std::string& model) {
   constexpr std::array<std::string_view, 3> beginnings = {"Tv", "Mqv", "Rkv"};
   const auto begins = [&](std::string_view start) { return std::string_view(model).starts_with(start); };
   if (isType(model) || namesRkw77(model) || std::ranges::any_of(beginnings, begins)) return "";
-  return '"' + model + "\" is no part number and no type: TMP, PRC, STR, GR2, RHT, Rkw77";
+  return '"' + model + "\" is no part number and no type: " + typeNames();
 }
 
 }  // namespace torvane::tool

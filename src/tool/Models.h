@@ -12,6 +12,8 @@ enum class UnitFamily { torvane, rkw77 };
 inline bool namesLine(const std::string& model) { return !model.empty(); }
 UnitFamily lineOf(const std::string& model);
 
+// "TMP, PRC, ...": all types.
+std::string typeNames();
 // "TMP" of the unit that was met last; empty: not known.
 std::string typeOfUnit();
 // "TMP" of "Torvane TMP", as an outcome names a unit.

@@ -22,7 +22,7 @@ void declare(CLI::App& app, Arguments& arguments) {
 // The setup is for the unit that was read.
 void takeUnit(const LineArguments& line) {
   const bool rkw77 = onRkw77Line();
-  BaseModel = rkw77 ? "Rkw77[case]" : factoryBaseModel;
+  BaseModel = rkw77 ? rkw77BaseModel : factoryBaseModel;
   DeviceState.DeviceClass = rkw77 ? 0 : std::max(DeviceState.DeviceClass, 1);
   const bool isPartNumber = !line.model.empty() && line.model != typeOfUnit();
   if (isPartNumber) Hardware.ModelNumber = line.model;

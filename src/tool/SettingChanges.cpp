@@ -158,8 +158,7 @@ int rankOf(const Wish& wish) {
 
 // Without an analog output its enable would switch alarm 1 on, with which it shares a bit.
 bool isOutOfReach(const Setting& setting, int choice) {
-  return setting.records.front() == rec::chkAnalogOutputEnabled && choice != 0 &&
-         Hardware.Out1.Analog == False;
+  return setting.records.front() == rec::chkAnalogOutputEnabled && choice != 0 && !output1IsAnalog();
 }
 
 int positionIn(const std::string& value, int least) {

@@ -189,7 +189,7 @@ std::string wiresAndCurve() {
 
 std::string chosenWord(const Setting& setting) {
   for (std::size_t place = 0; place < setting.records.size(); ++place) {
-    if (Memo[setting.records[place]].flag != False) return setting.words[place];
+    if (isChosen(setting.records[place])) return setting.words[place];
   }
   return "";
 }

@@ -3,26 +3,24 @@
 #include "tool/Setup.h"
 
 #include <QFileInfo>
-#include <array>
 #include <utility>
 
+#include "core/Choices.h"
 #include "core/ConfigCheck.h"
 #include "core/ConfigFile.h"
 #include "core/Global.h"
 #include "core/Memo.h"
 #include "core/Model.h"
 #include "core/NumberText.h"
-#include "core/Program.h"
 #include "knowledge/UnitFile.h"
 #include "platform/Host.h"
+#include "platform/Program.h"
 #include "tool/Problem.h"
 
 namespace torvane::tool {
 
 namespace {
 
-constexpr std::array<const char*, 7> bauds = {"300", "600", "1200", "2400", "4800", "9600", "19200"};
-constexpr std::array<const char*, 3> parities = {"none", "odd", "even"};
 constexpr std::int16_t factoryBaud = 5;
 constexpr std::int16_t onABus = 1;
 
@@ -70,17 +68,16 @@ UnitImage takeCopy(const std::string& path, std::string_view bytes) {
   return std::move(*content.image);
 }
 
-template <class Names>
-std::int16_t placeOf(const Names& names, const std::string& name) {
+std::int16_t placeOf(Choices names, const std::string& name) {
   for (std::size_t place = 0; place < names.size(); ++place) {
-    if (names[place] == name) return static_cast<std::int16_t>(place);
+    if (name == names[place]) return static_cast<std::int16_t>(place);
   }
   return 0;
 }
 
 void takeOptions(const LineArguments& line) {
-  if (line.baud) Memo[rec::cboBaud].value = placeOf(bauds, std::to_string(*line.baud));
-  if (!line.parity.empty()) Memo[rec::cboParity].value = placeOf(parities, line.parity);
+  if (line.baud) Memo[rec::cboBaud].value = placeOf(choices::bauds, std::to_string(*line.baud));
+  if (!line.parity.empty()) Memo[rec::cboParity].value = placeOf(choices::parities, line.parity);
   if (line.data) Memo[rec::cboData].value = *line.data == 8 ? 1 : 0;
   if (line.stop) Memo[rec::cboStop].value = *line.stop == 2 ? 1 : 0;
   if (line.notAddressed) Hardware.BusMode = 0;
@@ -112,7 +109,7 @@ void beginRecords() {
   Memo[rec::cboData].value = storedNumber("Data", 0);
   Memo[rec::cboStop].value = storedNumber("Stop", 0);
   BaseModel = factoryBaseModel;
-  Hardware = {.ModelNumber = "Tv(8,16,32)[case]", .Out1 = {.SSR = True}, .Out2 = {.SSR = True}};
+  Hardware = {.ModelNumber = factoryModelNumber, .Out1 = {.SSR = True}, .Out2 = {.SSR = True}};
   const std::string unaddressed = preference("rs232");
   Hardware.BusMode = unaddressed.empty() || unaddressed == "True" ? 0 : onABus;
   Hardware.BusAddress = storedNumber("address", 1);
@@ -159,23 +156,23 @@ UnitImage loadCopy(const std::string& path) { return takeCopy(path, readWhole(pa
 
 void saveCopy(const std::string& path, const UnitImage& copy) { replaceWhole(path, unitFileText(copy)); }
 
-std::variant<EncodedSetup, UnitImage> loadEither(const std::string& path) {
-  const std::string bytes = readWhole(path, longestConfiguration());
-  if (isUnitFile(bytes)) return takeCopy(path, bytes);
+EitherFile loadEither(const std::string& path) {
+  const std::string bytes = readWhole(path, longestEither());
+  if (isUnitFile(bytes)) return {.setup = {}, .copy = takeCopy(path, bytes), .fault = {}};
   loadSetup(path);
-  return encodeSetup();
+  return {.setup = encodeSetup(), .copy = {}, .fault = {}};
 }
 
 std::string chooseLine(const LineArguments& line) {
   takeOptions(line);
   takeWay(line.name);
-  const auto at = [](const auto& names, int record) {
+  const auto at = [](Choices names, int record) {
     const auto place = static_cast<std::size_t>(Memo[record].value);
     return std::string(place < names.size() ? names[place] : names[0]);
   };
   const auto baud = Memo[rec::cboBaud].value;
-  const std::string speed = baud < 0 ? bauds[factoryBaud] : at(bauds, rec::cboBaud);
-  const std::string parity = at(parities, rec::cboParity).substr(0, 1);
+  const std::string speed = baud < 0 ? choices::bauds[factoryBaud] : at(choices::bauds, rec::cboBaud);
+  const std::string parity = at(choices::parities, rec::cboParity).substr(0, 1);
   return speed + ',' + parity + ',' + (Memo[rec::cboData].value == 1 ? '8' : '7') + ',' +
          (Memo[rec::cboStop].value == 1 ? '2' : '1');
 }

@@ -4,10 +4,9 @@
 
 #include <optional>
 #include <string>
-#include <variant>
 
 #include "editor/SetupEditor.h"
-#include "knowledge/EncodedSetup.h"
+#include "knowledge/EitherFile.h"
 #include "knowledge/UnitImage.h"
 #include "tool/Arguments.h"
 #include "tool/ToolHost.h"
@@ -40,7 +39,7 @@ UnitImage loadCopy(const std::string& path);
 void saveCopy(const std::string& path, const UnitImage& copy);
 
 // Either, as its first line tells. A setup is loaded into the records by the way.
-std::variant<EncodedSetup, UnitImage> loadEither(const std::string& path);
+EitherFile loadEither(const std::string& path);
 
 // Options before what the records hold: the way, its settings, mode and address. Returns "9600,o,7,1".
 std::string chooseLine(const LineArguments& line);

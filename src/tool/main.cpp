@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "core/Program.h"
+#include "platform/Program.h"
 #include "platform/RuntimeError.h"
 #include "platform/qt/io/Terminal.h"
 #include "tool/BatchWorker.h"

@@ -17,7 +17,7 @@ namespace {
 
 constexpr int addresses = 200;
 enum : std::int16_t { pointToPoint = 0, onBus = 1 };
-enum : std::int16_t { fullMenu = 0, simpleMenu = 2, simpleMenuNoMore = 3 };  // what revisionClass tells
+enum : std::int16_t { oldUnit = 2, oldUnitNoMore = 3 };  // what revisionClass tells
 
 // What is known of the unit, to be put back.
 class ModelBefore {
@@ -54,7 +54,7 @@ void frmWizard::Form_Load() {
   (Hardware.BusMode == 0 || Hardware.BusMode == 2 ? opt232 : opt485).setValue(true);
   // A stored address may be one that no unit has.
   attempt([this] { cboAddress.setListIndex(Hardware.BusAddress); });
-  wizardPage = Memo[rec::optCommunicationMode].flag != False ? page::serialWelcome : page::networkWelcome;
+  wizardPage = overSerial() ? page::serialWelcome : page::networkWelcome;
   displayMenu();
 }
 
@@ -175,10 +175,10 @@ void frmWizard::leaveForTab() {
 void frmWizard::search() {
   const ModelBefore before;
   const std::int16_t revision = run();
-  if (unitFound == False) {
+  if (!hasFoundUnit()) {
     before.putBack();
-  } else if (revision == simpleMenu || revision == simpleMenuNoMore) {
-    wizardResultMode = revision == simpleMenu ? simpleMenu : fullMenu;
+  } else if (revision == oldUnit || revision == oldUnitNoMore) {
+    wizardResultMode = revision == oldUnit ? menu::simple : menu::full;
     DeviceState.MenuKind = wizardResultMode;
   }
   endRun();
@@ -188,10 +188,10 @@ void frmWizard::test() {
   const ModelBefore before;
   resetDeviceState();
   const std::int16_t revision = run();
-  if (unitFound == False) {
+  if (!hasFoundUnit()) {
     before.putBack();
   } else if (revision != 0) {
-    wizardResultMode = simpleMenu;
+    wizardResultMode = menu::simple;
   }
   if (wizardStopped == False) endRun();
 }
@@ -210,13 +210,13 @@ std::int16_t frmWizard::run() {
 }
 
 void frmWizard::endRun() {
-  if (unitFound != False) form<frmBigFolder>().applyDeviceClass();
+  if (hasFoundUnit()) form<frmBigFolder>().applyDeviceClass();
   torvane::unload<frmHardware>();
   torvane::unload<frmSerial>();
   showPart(Part::nothing);
   cmdNext.setEnabled(true);
   cmdBack.setEnabled(true);
-  if (Global.CancelFlag != False) hide();
+  if (isCancelled()) hide();
 }
 
 }  // namespace torvane

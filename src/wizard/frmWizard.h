@@ -40,8 +40,9 @@ class frmWizard : public Form {
   std::int16_t wizardActive = 0;      // has been shown
   std::int16_t wizardResultMode = 0;  // 2: the unit found has the simple menu; taken over by the main window
   std::int16_t wizardStopped = 0;     // the line echoes: the test has closed every way but Cancel
-  std::int16_t unitFound = 0;         // a run has found a unit: the main window is to fit it
-  std::int16_t WizardManual = 0;      // the user goes on by hand
+  bool hasFoundUnit() const { return unitFound != 0; }
+  std::int16_t unitFound = 0;     // a run has found a unit: the main window is to fit it
+  std::int16_t WizardManual = 0;  // the user goes on by hand
 
   // Puts wizardPage on show and does what belongs to it; a run is over when this returns.
   void displayMenu();

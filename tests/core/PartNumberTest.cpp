@@ -20,6 +20,8 @@ std::string numberWith(int output1, int output2) {
   return partNumber({.model = "Tv8", .output1 = output1, .output2 = output2, .option = -1});
 }
 
+TEST(ListedModels, AreAllOfTheCatalogueButOne) { EXPECT_EQ(listedModels(), listed); }
+
 TEST(PartNumber, TellsTheFirstOutputByItsFirstDigit) {
   const std::array<const char*, 4> digits = {"2", "3", "4", "5"};
   for (int output = 0; output < 4; ++output) {

@@ -14,10 +14,13 @@ using FamilyChoice = HardwareBench;
 using Variant = HardwareBench;
 using Address = HardwareBench;
 
-constexpr const char* others[] = {"Tv[8,16,32]", "Tv8",   "Tv8C",  "Tv8D[H/V]", "Tv32",  "Tv16",
-                                  "Tv16D",       "Mqv8",  "Mqv8C", "Rkv8",      "Rkv8C", "Rkv8D[H/V]",
-                                  "Rkv32",       "Mqv16", "Rkv16", "Rkv16D"};
-constexpr const char* rkw77[] = {"Rkw77[case]", "IRkw77[case]"};
+Lines modelsOf(bool ofRkw77) {
+  Lines models = listedModels();
+  std::erase_if(models, [&](const std::string& model) { return namesRkw77(model) != ofRkw77; });
+  return models;
+}
+const Lines others = modelsOf(false);
+const Lines rkw77 = modelsOf(true);
 
 TEST_F(Number, HoldsADigitForEachOutput) {
   const char* digits1[] = {"2", "3", "4", "5"};
@@ -33,7 +36,7 @@ TEST_F(Number, HoldsADigitForEachOutput) {
 }
 
 TEST_F(Number, EndsOnTheOptionOfAModelOutsideTheRkw77Line) {
-  for (const char* model : others) {
+  for (const std::string& model : others) {
     choose(model);
     const char* suffixes[] = {"-C24", "-C24", "-EIS", "-EI", "-C4EI"};
     for (int row = 0; row < 5; ++row) {
@@ -44,7 +47,7 @@ TEST_F(Number, EndsOnTheOptionOfAModelOutsideTheRkw77Line) {
 }
 
 TEST_F(Number, EndsOnTheOptionOfTheRkw77Line) {
-  for (const char* model : rkw77) {
+  for (const std::string& model : rkw77) {
     choose(model);
     dialog().lstOption.userChose(1);
     EXPECT_EQ(number(), std::string(model) + "22-C4");
@@ -91,7 +94,7 @@ TEST_F(Number, IsWhatMakeModelGivesAtEveryOpening) {
   DeviceState.DeviceClass = 1;
   for (std::int32_t index : {-1, 0, 7}) {
     DeviceState.ModelIndex = index;
-    for (const char* model : others) {
+    for (const std::string& model : others) {
       Hardware.ModelNumber = std::string(model) + "22";
       EXPECT_EQ(number(), dialog().makeModel());
       close();
@@ -107,7 +110,7 @@ TEST_F(Number, DoesNotHeedShowAllModels) {
 }
 
 TEST_F(FamilyChoice, OfTheRkw77LineHasNoVariantsAndTwoOptions) {
-  for (const char* model : rkw77) {
+  for (const std::string& model : rkw77) {
     choose(model);
     EXPECT_EQ(DeviceState.IsRkw77, True);
     EXPECT_TRUE(dialog().optOut[3].visible() && dialog().optOut[7].visible());
@@ -121,7 +124,7 @@ TEST_F(FamilyChoice, OfTheRkw77LineHasNoVariantsAndTwoOptions) {
 }
 
 TEST_F(FamilyChoice, OfAnyOtherHasVariantsAndFiveOptions) {
-  for (const char* model : others) {
+  for (const std::string& model : others) {
     choose("Rkw77[case]");
     choose(model);
     EXPECT_EQ(DeviceState.IsRkw77, False);

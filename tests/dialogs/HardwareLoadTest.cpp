@@ -8,9 +8,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-const Lines models = {"Rkw77[case]", "IRkw77[case]", "Tv[8,16,32]", "Tv8",   "Tv8C",  "Tv8D[H/V]",
-                      "Tv32",        "Tv16",         "Tv16D",       "Mqv8",  "Mqv8C", "Rkv8",
-                      "Rkv8C",       "Rkv8D[H/V]",   "Rkv32",       "Mqv16", "Rkv16", "Rkv16D"};
+const Lines models = listedModels();
 
 using HardwareLoad = HardwareBench;
 

@@ -3,9 +3,9 @@
 #include <cmath>
 
 #include "core/PartNumber.h"
-#include "core/Program.h"
 #include "dialogs/frmPreferences.h"
 #include "dialogs/frmSplash.h"
+#include "platform/Program.h"
 #include "tests/editor/EditorTest.h"
 
 namespace torvane {

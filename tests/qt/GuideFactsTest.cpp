@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "core/IndexWords.h"
+#include "core/PartNumber.h"
 #include "editor/ForcedRules.h"
 #include "editor/frmBigFolder.h"
 #include "platform/qt/HelpGuide.h"
@@ -49,6 +50,15 @@ TEST(GuideFacts, EveryCauseOfNoWayToTheUnitIsListedInTheWordsOfTheProgram) {
   QList<QStringList> said;
   for (const NoWay* each : noWays()) said << QStringList{each->cause, each->advice};
   EXPECT_TRUE(tableAfter("no-way.html", "The line and the unit").mid(1) == said);
+}
+
+TEST(GuideFacts, TheModelsAreThoseOfTheHardwareDialog) {
+  QFile file(":/help/hardware-setup.html");
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  const QString told = QString::fromUtf8(file.readAll()).section("The models: ", 1, 1).section(".</p>", 0, 0);
+  QStringList models;
+  for (const std::string& model : listedModels()) models << QString::fromStdString(model);
+  EXPECT_EQ(told.simplified().toStdString(), models.join(", ").toStdString());
 }
 
 class GuideKeys : public QtTest {};

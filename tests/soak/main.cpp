@@ -14,11 +14,11 @@
 #include <string>
 #include <vector>
 
-#include "core/Program.h"
 #include "dialogs/frmHardware.h"
 #include "dialogs/frmRead.h"
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
+#include "platform/Program.h"
 #include "protocol/frmSerial.h"
 #include "session/ScriptedHost.h"
 #include "sim/PseudoTerminal.h"

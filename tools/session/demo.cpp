@@ -9,7 +9,6 @@
 #include <QFileInfo>
 #include <cstdio>
 
-#include "core/Program.h"
 #include "dialogs/frmCommModeWarning.h"
 #include "dialogs/frmCompare.h"
 #include "dialogs/frmHardware.h"
@@ -22,6 +21,7 @@
 #include "dialogs/frmWarning.h"
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
+#include "platform/Program.h"
 #include "platform/qt/HelpWindow.h"
 #include "platform/qt/Outlines.h"
 #include "protocol/frmSerial.h"

@@ -14,6 +14,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "platform/Program.h"
 #include "platform/qt/Binder.h"
 #include "platform/qt/Bounds.h"
 #include "platform/qt/HelpWindow.h"
@@ -106,7 +107,7 @@ Answer QtHost::messageBox(std::string_view text, std::string_view title, Icon ic
   const QPointer<QMessageBox> box(new QMessageBox(front()));
   box->setTextFormat(Qt::PlainText);
   box->setText(breakable(shown(text), longestLineOfBox));
-  box->setWindowTitle(title.empty() ? QString(programTitle) : shown(title));
+  box->setWindowTitle(title.empty() ? QString(program::title) : shown(title));
   box->setIcon(iconOf(icon));
   setButtons(*box, buttons);
   const Answer answer = answerOf(box->exec());

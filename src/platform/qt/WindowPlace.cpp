@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <string>
 
+#include "platform/Program.h"
 #include "platform/qt/io/QtText.h"
 
 namespace torvane {
@@ -13,7 +14,7 @@ namespace {
 
 constexpr int farthest = 100'000;  // no desktop is wider; more than that is a fault of the file
 
-std::string pathOf(const char* key) { return std::string(programTitle) + "/Window/" + key; }
+std::string pathOf(const char* key) { return std::string(program::title) + "/Window/" + key; }
 
 std::optional<int> number(const QtSettings& settings, const char* key) {
   bool isNumber = false;

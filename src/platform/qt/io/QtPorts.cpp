@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <algorithm>
 
+#include "platform/Program.h"
 #include "platform/qt/io/DeviceFile.h"
 #include "platform/qt/io/QtText.h"
 
@@ -27,7 +28,7 @@ QString canonical(const QString& path) {
 }  // namespace
 
 std::string QtPorts::chosen(int commPort) const {
-  return settings_.value(std::string(programTitle) + "/Ports/" + portName(commPort));
+  return settings_.value(std::string(program::title) + "/Ports/" + portName(commPort));
 }
 
 std::string QtPorts::device(int commPort) {

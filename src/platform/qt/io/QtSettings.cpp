@@ -2,24 +2,23 @@
 // The per-user settings tree, on the toolkit's INI files.
 #include "platform/qt/io/QtSettings.h"
 
+#include "platform/Program.h"
 #include "platform/qt/io/QtText.h"
 
 namespace torvane {
 
 namespace {
 
-constexpr const char* companyName = "Ashgrove Electronics";
-
 QString keyOf(const std::string& path) {
   const QString whole = shown(path);
-  const QString title = QString::fromUtf8(programTitle) + '/';
+  const QString title = QString::fromUtf8(program::title) + '/';
   return whole.startsWith(title) ? whole.mid(title.size()) : whole;
 }
 
 }  // namespace
 
 QtSettings::QtSettings()
-    : tree_(QSettings::IniFormat, QSettings::UserScope, companyName, QString::fromUtf8(programTitle)) {
+    : tree_(QSettings::IniFormat, QSettings::UserScope, program::company, QString::fromUtf8(program::title)) {
   tree_.setFallbacksEnabled(false);
 }
 

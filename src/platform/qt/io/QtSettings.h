@@ -25,6 +25,4 @@ class QtSettings {
   QSettings tree_;
 };
 
-constexpr const char* programTitle = "Torvane Configuration";
-
 }  // namespace torvane
