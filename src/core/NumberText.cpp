@@ -94,14 +94,22 @@ std::optional<Decimal> takeDecimal(std::string_view& text) {
   return number;
 }
 
+// Infinite for what is too large.
 double valueOf(const Decimal& number) {
   if (number.digits.empty()) return 0;
   const std::string text = "0." + number.digits + "E" + std::to_string(number.point);
   double value = 0;
   const auto [end, fault] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (fault == std::errc() && std::isfinite(value)) return number.negative ? -value : value;
-  if (number.point > 0) failOverflow();
-  return 0;
+  if (fault != std::errc()) {
+    if (number.point <= 0) return 0;
+    value = std::numeric_limits<double>::infinity();
+  }
+  return number.negative ? -value : value;
+}
+
+double finite(double value) {
+  if (!std::isfinite(value)) failOverflow();
+  return value;
 }
 
 std::string_view hexDigitsOf(std::string_view text) {
@@ -115,7 +123,6 @@ double valueOfHex(std::string_view text) {
   if (digits.size() <= 8) return hexValue(digits);
   double value = 0;
   for (char c : digits) value = value * 16 + hexDigit(c);
-  if (!std::isfinite(value)) failOverflow();
   return value;
 }
 
@@ -198,7 +205,9 @@ Whole toWhole(double value) {
 
 }  // namespace
 
-double Val(std::string_view text) {
+double Val(std::string_view text) { return finite(unboundedVal(text)); }
+
+double unboundedVal(std::string_view text) {
   takeBlanks(text);
   if (text.starts_with("&H") || text.starts_with("&h")) return valueOfHex(text.substr(2));
   std::string dense(text);
@@ -256,7 +265,7 @@ double numberOfText(std::string_view text) {
   const std::optional<Decimal> number = takeDecimal(text);
   takeBlanks(text);
   if (!number || !text.empty()) throw RuntimeError(Fault::typeMismatch, "Type mismatch");
-  return valueOf(*number);
+  return finite(valueOf(*number));
 }
 
 }  // namespace torvane

@@ -13,7 +13,10 @@ namespace torvane {
 // optional exponent are taken; anything else ends it, and no number gives 0. "&H" in front means hexadecimal:
 // digits up to the first other character, up to four a signed 16-bit number ("&HFFFF" is -1), five to eight a
 // signed 32-bit one.
+// A number too large for the machine is an overflow error.
 double Val(std::string_view text);
+// The same, but such a number is infinite.
+double unboundedVal(std::string_view text);
 
 // The digits at the start of a hexadecimal text without "&H", up to eight after any zeros, as 32 bits:
 // "FFF6" is 65526; none is 0. What was padded to any length thus keeps its value.

@@ -2,8 +2,8 @@
 // The text boxes repair what is typed: on Enter, on leaving, and where the reading format has changed.
 #include "core/Global.h"
 #include "core/Model.h"
+#include "core/NumberText.h"
 #include "dialogs/frmWarning.h"
-#include "editor/EntryRules.h"
 #include "editor/frmBigFolder.h"
 #include "platform/Host.h"
 
@@ -13,7 +13,7 @@ namespace {
 
 // While a warning stands, what is repaired beneath it needs no second one.
 void warn() {
-  if (Global.WarningsOff != False) return;
+  if (!warnsOfEntries()) return;
   if (isLoaded<frmWarning>() && form<frmWarning>().visible()) return;
   form<frmWarning>().showModal();
   unload<frmWarning>();
@@ -26,16 +26,13 @@ constexpr double setPointLimits[] = {0, 999.9, 99.99, 9.99};
 }  // namespace
 
 void frmBigFolder::wireEntries() {
-  for (TextBox* box :
-       {&txtIDCode,       &txtSp1,          &txtSp2,      &txtIn1,         &txtIn2,       &txtRd1,
-        &txtRd2,          &txtAl1HiSp,      &txtAl1LoSp,  &txtAl2HiSp,     &txtAl2LoSp,   &txtAl1Deadband,
-        &txtAl2Deadband,  &txtLBATime,      &txtTAdjust,  &txtOut1PB,      &txtOut1Reset, &txtOut1Rate,
-        &txtOut1DeadBand, &txtOut2DeadBand, &txtOut2PB,   &txtRampT,       &txtSoakT,     &txtAOutRd1,
-        &txtAOutOut1,     &txtAOutRd2,      &txtAOutOut2, &txtRS485Address}) {
-    box->onKeyPress =
-        box->onValidate = [this, box, &field = entryField(box->name())] { validate(*box, field); };
-    const std::size_t end = box->toolTip().find(", in the format of the Reading tab");
-    if (end != std::string::npos) readingTips_.emplace_back(box, box->toolTip().substr(0, end));
+  for (const SetupBox& box : setupBoxes()) {
+    if (!box.rule) continue;
+    TextBox& control = *std::get<TextBox*>(controlOf(*this, box));
+    control.onKeyPress = control.onValidate = [this, &box] { validate(box); };
+    if (!isOfReading(*box.rule)) continue;
+    const std::size_t end = control.toolTip().find(", in the format of the Reading tab");
+    readingTips_.emplace_back(&box, control.toolTip().substr(0, end));
   }
   for (int index = 0; index < 4; ++index) {
     optDpoint(static_cast<std::size_t>(index)).onClick = [this, index] { optDpoint_Click(index); };
@@ -47,62 +44,54 @@ void frmBigFolder::showRanges() {
   const std::string unit = optInType(2).value() ? " counts" : " " + cboTUnit.text();
   for (const auto& [box, tip] : readingTips_) {
     std::string withRange = tip + ", ";
-    withRange += readingRangeText(entryField(box->name()), {formDPt(), optAOutV.value()});
+    withRange += readingRangeText(*box->rule, {formDPt(), optAOutV.value()});
     withRange += unit;
-    box->setToolTip(withRange);
+    std::get<TextBox*>(controlOf(*this, *box))->setToolTip(withRange);
   }
 }
 
 // "12" and "012.0": a warning that says no more than that the text has changed is a riddle.
 void frmBigFolder::explain(const std::string& typed, const std::string& repaired) {
   const bool same = !typed.empty() && typed.find_first_not_of("0123456789.-") == typed.npos &&
-                    entryNumber(typed) == entryNumber(repaired);
+                    unboundedVal(typed) == unboundedVal(repaired);
   Global.WarningReason =
       same ? "The number is the same: \"" + typed + "\" is written \"" + repaired + "\" here." : "";
 }
 
-// The warning comes first: what was typed stands behind it until it has been read.
-void frmBigFolder::validate(TextBox& box, const EntryField& field) {
-  const Repair repaired = repair(field, box.text(), {formDPt(), optAOutV.value()});
-  explain(box.text(), repaired.text);
+// The warning comes first: what was typed stands behind it until it has been read. What was said last stays
+// for a box that has no words of its own.
+void frmBigFolder::validate(const SetupBox& box) {
+  TextBox& control = *std::get<TextBox*>(controlOf(*this, box));
+  const Repair repaired = repair(*box.rule, control.text(), {formDPt(), optAOutV.value()});
+  if (repaired.warning != nullptr) Global.WarningText = repaired.warning;
+  explain(control.text(), repaired.text);
   if (repaired.differs) warn();
-  box.setText(repaired.text);
-}
-
-void frmBigFolder::validate(std::initializer_list<TextBox*> boxes) {
-  for (TextBox* box : boxes) validate(*box, entryField(box->name()));
+  control.setText(repaired.text);
 }
 
 // The boxes that depend on the reading format are repaired and committed as they come on show.
 void frmBigFolder::reForm() {
-  switch (tabBig.tab()) {
-    case tab::setpoints:
-      validate({&txtSp1, &txtSp2});
-      return writeMemo(tab::setpoints);
-    case tab::alarm1:
-      validate({&txtAl1HiSp, &txtAl1LoSp});
-      return writeMemo(tab::alarm1);
-    case tab::alarm2:
-      validate({&txtAl2HiSp, &txtAl2LoSp});
-      return writeMemo(tab::alarm2);
-    case tab::out1:
-      validate({&txtOut1DeadBand, &txtOut1PB, &txtOut1Reset});
-      return writeMemo(tab::out1);
-    default:
-      return;
+  const std::int16_t tab = tabBig.tab();
+  bool any = false;
+  for (const SetupBox& box : setupBoxes()) {
+    if (box.tabs.shown != tab || box.arrival != Arrival::repaired) continue;
+    validate(box);
+    any = true;
   }
+  if (any) writeMemo(tab);
 }
 
 // The range is still that of the old format, which stands in the records until the tab is left.
 void frmBigFolder::optDpoint_Click(int index) {
   formatChosen_ = true;
   const double limit = setPointLimits[index];
-  if (index > 0 && (entryNumber(txtSp1.text()) > limit || entryNumber(txtSp2.text()) > limit)) {
+  if (index > 0 && (unboundedVal(txtSp1.text()) > limit || unboundedVal(txtSp2.text()) > limit)) {
     messageBox(" Reenter setpoints values", "Setpoints overrange");
   }
-  validate({&txtSp1, &txtSp2});
+  validate(boxOf(&BigFolderControls::txtSp1));
+  validate(boxOf(&BigFolderControls::txtSp2));
   torvane::unload<frmWarning>();
-  validate({&txtOut1PB});
+  validate(boxOf(&BigFolderControls::txtOut1PB));
   torvane::unload<frmWarning>();
 }
 

@@ -40,7 +40,7 @@ std::int16_t storedNumber(const std::string& text, std::int16_t ifMissing) {
 
 }  // namespace
 
-frmBigFolder::frmBigFolder() : MSComm1(host().makeSerialPort()), fields_(fieldTable()) {
+frmBigFolder::frmBigFolder() : MSComm1(host().makeSerialPort()) {
   takesFiles = true;
   wireTabs();
   wireKeys();

@@ -7,7 +7,6 @@
 #include "core/Model.h"
 #include "core/NumberText.h"
 #include "editor/AlarmSetup.h"
-#include "editor/EntryRules.h"
 #include "editor/frmBigFolder.h"
 #include "platform/RuntimeError.h"
 
@@ -41,8 +40,8 @@ void frmBigFolder::showRecords(const Handler& between) {
   }
   settleReadingFormat();
   for (std::int16_t tab : tabsShownTwice) loadMemo(tab);
-  for (const Field& field : fields_) {
-    if (field.loadTab < tab::comm) attempt([&] { showNearest(field); });
+  for (const SetupBox& box : setupBoxes()) {
+    if (box.tabs.shown < tab::comm) attempt([&] { showNearest(box); });
   }
   showAlarmSetups();
   cboOut1Ctrl_Click();  // an analog output forces it, also where the setup before showed the same choice
@@ -62,14 +61,15 @@ void frmBigFolder::settleReadingFormat() {
 
 // Of what a list or a bar refused, the end that comes nearest. The percentages of the Rkw77 line, which its
 // tab doesn't show, are taken over as well: the tab commits them.
-void frmBigFolder::showNearest(const Field& field) {
-  const MemoField& record = Memo[field.record];
-  if (auto* const* list = std::get_if<ListControl*>(&field.control)) {
-    const int index = field.copy == Copy::extra ? record.extra : record.value;
+void frmBigFolder::showNearest(const SetupBox& box) {
+  const MemoField& record = Memo[box.record];
+  const AnyControl control = controlOf(*this, box);
+  if (auto* const* list = std::get_if<ListControl*>(&control)) {
+    const int index = box.copy == Copy::inExtra ? record.extra : record.value;
     if (*list != &cboAl1Setup && *list != &cboAl2Setup)
       (*list)->setListIndex(std::clamp(index, 0, (*list)->listCount() - 1));
-  } else if (auto* const* bar = std::get_if<ScrollBar*>(&field.control)) {
-    const double position = field.copy == Copy::positionText ? entryNumber(record.text) : record.value;
+  } else if (auto* const* bar = std::get_if<ScrollBar*>(&control)) {
+    const double position = box.copy == Copy::asText ? unboundedVal(record.text) : record.value;
     (*bar)->setValue(toInt16(std::clamp<double>(position, (*bar)->min(), (*bar)->max())));
   }
 }
@@ -95,13 +95,13 @@ void frmBigFolder::commitForRun(const Handler& between) {
 // into it than a user could; after a change of the format all are held against the new range. Of two boxes of
 // one record only the one that was committed counts.
 void frmBigFolder::repairReadings() {
-  for (const Field& field : fields_) {
-    if (field.copy != Copy::reading || field.storeTab == notStored || !isInUse(field)) continue;
-    TextBox& box = *std::get<TextBox*>(field.control);
-    if (box.text() != Memo[field.record].text) continue;
-    if (!formatChosen_ && isInPicture(box.text(), formDPt())) continue;
-    validate(box, entryField(box.name()));
-    writeMemo(static_cast<std::int16_t>(field.storeTab));
+  for (const SetupBox& box : setupBoxes()) {
+    if (box.copy != Copy::asReading || !isInUse(box)) continue;
+    const std::string& text = std::get<TextBox*>(controlOf(*this, box))->text();
+    if (text != Memo[box.record].text) continue;
+    if (!formatChosen_ && isInPicture(text, formDPt())) continue;
+    validate(box);
+    writeMemo(static_cast<std::int16_t>(box.tabs.committed));
   }
 }
 
@@ -112,13 +112,11 @@ void frmBigFolder::followMenu() {
 }
 
 void frmBigFolder::showDeadBands() {
-  const std::pair<TextBox*, int> boxes[] = {{&txtAl1Deadband, rec::txtOut1DeadBand},
-                                            {&txtOut1DeadBand, rec::txtOut1DeadBand},
-                                            {&txtAl2Deadband, rec::txtOut2DeadBand},
-                                            {&txtOut2DeadBand, rec::txtOut2DeadBand}};
-  for (const auto& [box, record] : boxes) {
-    const std::string& text = Memo[record].text;
-    if (box->text() != text) attempt([&, shown = box] { shown->setText(formatText(text, formDPt())); });
+  for (const DeadBand& band : deadBands()) {
+    const std::string& text = Memo[boxOf(band.ofOutput).record].text;
+    for (TextBox* box : {&(this->*band.ofAlarm), &(this->*band.ofOutput)}) {
+      if (box->text() != text) attempt([&] { box->setText(formatText(text, formDPt())); });
+    }
   }
 }
 

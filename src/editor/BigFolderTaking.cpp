@@ -8,45 +8,52 @@
 
 namespace torvane {
 
+namespace {
+
+// What is chosen, ticked, or the position of a bar; a list keeps its choice where it has no such item.
+struct Chooser {
+  int choice;
+
+  void operator()(const TextBox* /*text*/) const { throw std::logic_error("a text is no choice"); }
+  void operator()(CheckBox* check) const { check->setValue(choice); }
+  void operator()(OptionButton* option) const { option->setValue(choice != 0); }
+  void operator()(ListControl* list) const {
+    if (choice < list->listCount()) list->setListIndex(choice);
+  }
+  void operator()(ScrollBar* bar) const { bar->setValue(std::clamp(choice, bar->min(), bar->max())); }
+};
+
+}  // namespace
+
 // A dead band has two boxes; the one in use is that of the menu.
-const frmBigFolder::Field& frmBigFolder::fieldOf(int record) const {
-  const auto found = std::ranges::find_if(fields_, [&](const Field& field) {
-    const bool isBoth = field.loadTab != notShown && field.storeTab != notStored;
-    return field.record == record && isBoth && isInUse(field);
-  });
-  if (found == fields_.end()) throw std::logic_error("record " + numberText(record) + " has no control");
+const SetupBox& frmBigFolder::boxOfRecord(int record) {
+  const auto boxes = setupBoxes();
+  const auto found =
+      std::ranges::find_if(boxes, [&](const SetupBox& box) { return box.record == record && isInUse(box); });
+  if (found == boxes.end()) throw std::logic_error("record " + numberText(record) + " has no control");
   return *found;
 }
 
 // The protection is shown on one tab and committed with the next one.
-void frmBigFolder::commit(const Field& field) {
-  writeMemo(static_cast<std::int16_t>(field.loadTab));
-  writeMemo(static_cast<std::int16_t>(field.storeTab));
+void frmBigFolder::commit(const SetupBox& box) {
+  writeMemo(static_cast<std::int16_t>(box.tabs.shown));
+  writeMemo(static_cast<std::int16_t>(box.tabs.committed));
 }
 
 void frmBigFolder::takeText(int record, std::string_view text) {
-  const Field& field = fieldOf(record);
-  tabBig.setTab(field.loadTab);
-  TextBox& box = *std::get<TextBox*>(field.control);
-  box.setText(text);
-  if (box.onValidate) box.onValidate();
-  commit(field);
+  const SetupBox& box = boxOfRecord(record);
+  tabBig.setTab(box.tabs.shown);
+  TextBox& control = *std::get<TextBox*>(controlOf(*this, box));
+  control.setText(text);
+  if (control.onValidate) control.onValidate();
+  commit(box);
 }
 
 void frmBigFolder::takeChoice(int record, int choice) {
-  const Field& field = fieldOf(record);
-  tabBig.setTab(field.loadTab);
-  if (auto* const* check = std::get_if<CheckBox*>(&field.control)) {
-    (*check)->setValue(choice);
-  } else if (auto* const* option = std::get_if<OptionButton*>(&field.control)) {
-    (*option)->setValue(choice != 0);
-  } else if (auto* const* list = std::get_if<ListControl*>(&field.control)) {
-    if (choice < (*list)->listCount()) (*list)->setListIndex(choice);
-  } else {
-    ScrollBar& bar = *std::get<ScrollBar*>(field.control);
-    bar.setValue(std::clamp(choice, bar.min(), bar.max()));
-  }
-  commit(field);
+  const SetupBox& box = boxOfRecord(record);
+  tabBig.setTab(box.tabs.shown);
+  std::visit(Chooser{choice}, controlOf(*this, box));
+  commit(box);
 }
 
 }  // namespace torvane

@@ -4,9 +4,9 @@
 
 #include "core/Global.h"
 #include "core/NumberText.h"
-#include "platform/Program.h"
 #include "dialogs/SetupFiles.h"
 #include "editor/frmBigFolder.h"
+#include "platform/Program.h"
 
 namespace torvane {
 
@@ -47,13 +47,11 @@ void frmBigFolder::Form_Settled() {
 void frmBigFolder::Form_FileDropped(const std::string& path) { openNamed(path); }
 
 // With what stands in the boxes and is not committed yet.
-bool frmBigFolder::differsFromFile() const {
+bool frmBigFolder::differsFromFile() {
   if (!inFile_) return false;
   const MemoArray& inFile = *inFile_;
   MemoArray now = Memo;
-  for (const Field& field : fields_) {
-    if (field.storeTab != notStored && isInUse(field)) store(field, now[field.record]);
-  }
+  for (int tab = 0; tab < tab::count; ++tab) commitTab(tab, now);
   for (int record = 0; record <= rec::optNoChange; ++record) {
     if (!isOfTheWay(record) && !meansTheSame(now[record], inFile[record])) return true;
   }

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
-// How typed texts become legal ones: one row for each text box, and the arithmetic behind the rows.
+// How typed texts become legal ones: what a rule for a text box consists of, and the arithmetic.
 //
 // Nothing is refused. A number too large for the machine counts as infinite, and so as the limit of its
-// field. Whatever is said about a repair is left in Global.WarningText.
+// box. Which box has which rule stands in SetupBoxes.cpp.
 #pragma once
 
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -23,20 +22,19 @@ enum class Value {
   code,        // valCode
 };
 
-// Limits of a field that has them itself; one kept to the range of the reading has none here.
+// Limits of a box that has them itself; one kept to the range of the reading has none here.
 struct Limits {
   double minimum = 0;
   double maximum = 0;
   const char* maximumText = nullptr;  // says that the maximum was exceeded; none: nothing of its own
 };
 
-struct EntryField {
-  const char* box;           // the name of the text box
+struct EntryRule {
   Value value;               // how
   const char* changedText;   // what is said of a repair; none: the words of the repair before it stand
   const char* negativeText;  // what is said of a value below 0; none: not looked for
   const char* compare;  // picture in which the new value is compared with what was typed; none: no warning
-  const char* show;     // picture in which it is shown; a negative value in one digit less where told
+  const char* show;     // picture in which it is shown; a negative value of signedInt in one digit less
   Limits limits = {};
   Limits currentLimits = {};  // in place of the limits while the analog output is a current; none: the same
 };
@@ -46,9 +44,12 @@ inline constexpr const char* inReadingFormat = "reading";
 inline constexpr const char* asIs = "";
 inline constexpr const char* noWarning = nullptr;
 
-std::span<const EntryField> entryFields();
-// The row of a box; std::logic_error if it has none.
-const EntryField& entryField(std::string_view box);
+inline bool isOfReading(const EntryRule& rule) {
+  return rule.value == Value::reading || rule.value == Value::absReading;
+}
+
+// Pictures of the reading, by its decimals.
+inline constexpr const char* readingPictures[] = {"0000.", "000.0", "00.00", "0.000"};
 
 // What the form tells of itself.
 struct EntryForm {
@@ -57,27 +58,31 @@ struct EntryForm {
 };
 
 struct Repair {
-  std::string text;      // what the box is to hold
-  bool differs = false;  // from what was typed, as far as the field warns of it
+  std::string text;               // what the box is to hold
+  bool differs = false;           // from what was typed, as far as the rule warns of it
+  const char* warning = nullptr;  // what there is to say; none: the words of the repair before it stand
 };
 
-// The common validator. Sets Global.WarningText by the way.
-Repair repair(const EntryField& field, const std::string& typed, const EntryForm& form);
+// The common validator.
+Repair repair(const EntryRule& rule, const std::string& typed, const EntryForm& form);
 
-// What a box of the reading may hold, as "-199.9 to 999.9"; empty for a field with limits of its own.
-std::string readingRangeText(const EntryField& field, const EntryForm& form);
+// What a box of the reading may hold, as "-199.9 to 999.9"; empty for a rule with limits of its own.
+std::string readingRangeText(const EntryRule& rule, const EntryForm& form);
 
-// The number at the start of the text, kept to the range of the reading format of the records. A value out of
-// range gives the limit and leaves what to do about it in Global.WarningText. Not yet formatted.
-std::string valSp(std::string_view text);
+// A value not yet formatted, and what is said of it where a limit took its place; none: nothing.
+struct Limited {
+  std::string text;
+  const char* warning = nullptr;
+};
+
+// The number at the start of the text, kept to the range of the reading format of the records.
+Limited valSp(std::string_view text);
 // "5:3" is "50:30", "1:75" is "10:59": two digits, a colon, two digits of at most 59.
 std::string valTime(std::string_view text);
 // A whole number of four characters, filled up on its right: "12" is "1200".
 std::string valCode(std::string_view text);
 
-// Val, but infinite where Val overflows.
-double entryNumber(std::string_view text);
-// The first so many characters of a UTF-8 text, none of them cut.
+// The first `count` characters of a UTF-8 text, none of them cut.
 std::string firstCharacters(std::string_view text, std::size_t count);
 
 }  // namespace torvane

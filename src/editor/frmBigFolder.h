@@ -5,24 +5,21 @@
 #pragma once
 
 #include <cstdint>
-#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
-#include <variant>
 #include <vector>
 
 #include "core/Registry.h"
 #include "editor/BigFolderControls.h"
+#include "editor/SetupBoxes.h"
 #include "editor/SetupSnapshot.h"
 #include "platform/SerialPort.h"
 #include "runs/RunRecord.h"
 
 namespace torvane {
-
-struct EntryField;
 
 inline constexpr const char* serialAutoDetect =
     "Find my device. Required Comm params to be: 9600 Baud, Odd Parity, 7 Databits, 1 Stop bit, Echo: On, "
@@ -137,33 +134,17 @@ class frmBigFolder : public BigFolderControls {
   friend SetupSnapshot takeSnapshot(const frmBigFolder& editor);
   friend void putBack(frmBigFolder& editor, const SetupSnapshot& snapshot);
 
-  // How a record and its control are copied into each other.
-  enum class Copy { flag, value, extra, plain, fourDigits, tenths, reading, position, positionText };
-  enum class Menu { any, inSimpleMenu };
-  using AnyControl = std::variant<TextBox*, CheckBox*, OptionButton*, ListControl*, ScrollBar*>;
-  struct Field {
-    int loadTab;   // notShown: stored only
-    int storeTab;  // notStored: shown only
-    int record;
-    Copy copy;
-    AnyControl control;
-    Menu menu = Menu::any;
-  };
-  static constexpr int notShown = 0x10000;  // no tab has such a number
-  static constexpr int notStored = notShown;
-
-  std::vector<Field> fieldTable();
-  const Field& fieldOf(int record) const;
-  void commit(const Field& field);
+  static const SetupBox& boxOfRecord(int record);
+  void commit(const SetupBox& box);
   void alignDeadBands();
-  static bool isInUse(const Field& field);
-  void load(const Field& field);
-  void store(const Field& field) const { store(field, Memo[field.record]); }
-  void store(const Field& field, MemoField& record) const;
-  bool differsFromFile() const;
+  static bool isInUse(const SetupBox& box);
+  void load(const SetupBox& box);
+  void store(const SetupBox& box, MemoArray& records);
+  void commitTab(int tab, MemoArray& records);
+  bool differsFromFile();
   void showTitle();
   void settleReadingFormat();
-  void showNearest(const Field& field);
+  void showNearest(const SetupBox& box);
   void showAlarmSetups();
   void repairReadings();
   void showDeadBands();
@@ -186,8 +167,7 @@ class frmBigFolder : public BigFolderControls {
   void showRanges();
   void showChart();
   static void explain(const std::string& typed, const std::string& repaired);
-  void validate(TextBox& box, const EntryField& field);
-  void validate(std::initializer_list<TextBox*> boxes);
+  void validate(const SetupBox& box);
   void showPortState(std::uint32_t color, std::string_view words, std::string_view hint);
   void showNetworkTarget();
   void pickPortOption();
@@ -222,12 +202,11 @@ class frmBigFolder : public BigFolderControls {
   void autoTuneRule();
   void txtOut2CycleT_KeyPress();
 
-  const std::vector<Field> fields_;
   bool simpleMenuShown_ = false;     // the menu that the boxes of the dead bands were last shown for
   bool formatChosen_ = false;        // a reading format was chosen since all records were shown or committed
   std::optional<MemoArray> inFile_;  // the setup as the file holds it
   std::string modelInFile_;
-  std::vector<std::pair<TextBox*, std::string>>
+  std::vector<std::pair<const SetupBox*, std::string>>
       readingTips_;  // boxes whose tip ends in a range, and its beginning
   Registry settings_;
   std::optional<SetupSnapshot> undo_;

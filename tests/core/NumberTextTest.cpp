@@ -381,6 +381,13 @@ TEST(GarbageTexts, OfGreatLengthAreQuick) {
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
 }
 
+TEST(UnboundedVal, IsInfiniteWhereTheNumberIsTooLargeForTheMachine) {
+  EXPECT_EQ(unboundedVal("12.5x"), 12.5);
+  EXPECT_EQ(unboundedVal("1E999"), HUGE_VAL);
+  EXPECT_EQ(unboundedVal("\t-1E999"), -HUGE_VAL);
+  EXPECT_EQ(unboundedVal("&H" + std::string(300, 'F')), HUGE_VAL);
+}
+
 }  // namespace
 
 }  // namespace torvane

@@ -4,7 +4,6 @@
 #include <cstdio>
 #include <ctime>
 
-#include "editor/EntryRules.h"
 #include "tests/editor/EditorTest.h"
 #include "tests/support/RandomMemo.h"
 
@@ -27,12 +26,12 @@ class Walk : public EditorTest {
   int pick(int count) { return between(random, 0, count - 1); }
 
   // What has been left holds what its own rule would make of it.
-  void expectRepaired(const TextBox& box) {
-    const auto fields = entryFields();
-    const auto field = std::ranges::find(fields, box.name(), &EntryField::box);
-    if (field == fields.end() || !box.reachable()) return;
+  void expectRepaired(TextBox& box) {
     const EntryForm form{editor.formDPt(), editor.optAOutV.value()};
-    EXPECT_EQ(repair(*field, box.text(), form).text, box.text()) << box.name();
+    for (const SetupBox& row : setupBoxes()) {
+      if (!row.rule || controlOf(editor, row) != AnyControl(&box) || !box.reachable()) continue;
+      EXPECT_EQ(repair(*row.rule, box.text(), form).text, box.text()) << box.name();
+    }
   }
 
   // As a user, who reaches only what is in use.
@@ -95,8 +94,8 @@ class Walk : public EditorTest {
   // A reading keeps the range of an old format until the new one is committed and its box is left again.
   void leaveEveryBox() {
     editor.reCover();
-    for (const EntryField& field : entryFields()) {
-      dynamic_cast<const TextBox&>(named(editor, field.box)).onValidate();
+    for (const SetupBox& box : setupBoxes()) {
+      if (box.rule) std::get<TextBox*>(controlOf(editor, box))->onValidate();
     }
   }
 

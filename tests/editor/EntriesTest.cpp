@@ -3,7 +3,6 @@
 #include <random>
 
 #include "core/NumberText.h"
-#include "editor/EntryRules.h"
 #include "tests/editor/EditorTest.h"
 #include "tests/support/RandomMemo.h"
 
@@ -54,17 +53,18 @@ using DecimalPoint = Entries;
 TEST_F(Entries, EveryFieldIsRepairedOnEnterAndOnLeaving) {
   Global.WarningsOff = True;
   openEverything();
-  for (const EntryField& field : entryFields()) {
+  for (const SetupBox& row : setupBoxes()) {
+    if (!row.rule) continue;
     for (const auto leave : {&TextBox::userPressedEnter, &TextBox::userLeft}) {
-      TextBox& target = box(field.box);
+      TextBox& target = *std::get<TextBox*>(controlOf(editor, row));
       openEverything();
       reach(target);
-      ASSERT_TRUE(target.reachable()) << field.box;
+      ASSERT_TRUE(target.reachable()) << target.name();
       target.userTyped("x7");
-      const std::string expected = repair(field, "x7", {"000.0", true}).text;
-      EXPECT_EQ(target.text(), "x7") << field.box;
+      const std::string expected = repair(*row.rule, "x7", {"000.0", true}).text;
+      EXPECT_EQ(target.text(), "x7") << target.name();
       (target.*leave)();
-      EXPECT_EQ(target.text(), expected) << field.box;
+      EXPECT_EQ(target.text(), expected) << target.name();
     }
   }
 }
@@ -319,9 +319,11 @@ TEST_F(Entries, WhateverIsTypedTheEncodersTakeOrAnswer) {
     chooseUnit(round % 5, between(random, 0, 1) == 1);
     chooseFormat(between(random, 0, 3));
     editor.loadMemo(3);
-    for (const EntryField& field : entryFields()) {
-      box(field.box).setText(anyText(random));
-      box(field.box).onValidate();
+    for (const SetupBox& row : setupBoxes()) {
+      if (!row.rule) continue;
+      TextBox& target = *std::get<TextBox*>(controlOf(editor, row));
+      target.setText(anyText(random));
+      target.onValidate();
     }
     editor.reCover();
     EXPECT_EQ(registerWithoutAnswer(), "") << round;

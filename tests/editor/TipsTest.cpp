@@ -3,7 +3,6 @@
 // that is off has no set points in use.
 #include "core/NumberText.h"
 #include "dialogs/frmWarning.h"
-#include "editor/EntryRules.h"
 #include "tests/editor/EditorTest.h"
 
 namespace torvane {
@@ -24,10 +23,12 @@ TEST_F(Tips, TellTheRangeInTheFormatAndUnitOfTheReading) {
 }
 
 TEST_F(Tips, WithLimitsOfTheirOwnTellThoseOfTheRules) {
-  for (const EntryField& field : entryFields()) {
-    if (field.limits.maximum == 0) continue;
-    const std::string range = numberText(field.limits.minimum) + " to " + numberText(field.limits.maximum);
-    EXPECT_NE(named(editor, field.box).toolTip().find(range), std::string::npos) << field.box << " " << range;
+  for (const SetupBox& box : setupBoxes()) {
+    if (!box.rule || box.rule->limits.maximum == 0) continue;
+    const Limits& limits = box.rule->limits;
+    const std::string range = numberText(limits.minimum) + " to " + numberText(limits.maximum);
+    const TextBox& control = *std::get<TextBox*>(controlOf(editor, box));
+    EXPECT_NE(control.toolTip().find(range), std::string::npos) << control.name() << " " << range;
   }
 }
 
