@@ -2,24 +2,21 @@
 // A unit read at 9600 baud to be compared, beside the time that its bytes need on the line; the window that
 // shows what differs, and many rows in it.
 #include <QApplication>
-#include <QDir>
-#include <QFile>
 #include <QScrollBar>
-#include <QTemporaryDir>
 #include <cstdio>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "Figures.h"
+#include "SlowLine.h"
 #include "TimedHost.h"
 #include "core/Global.h"
 #include "core/Model.h"
-#include "core/Program.h"
 #include "dialogs/frmCompare.h"
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
 #include "platform/qt/RowTable.h"
-#include "sim/PseudoTerminal.h"
 
 using namespace torvane;
 
@@ -29,7 +26,6 @@ constexpr int compares = 5;
 constexpr int openings = 30;
 constexpr int manyRows = 5000;
 constexpr int rowsOfAPage = 20;
-constexpr double baud = 9600;
 constexpr double milliseconds = 1000;
 
 struct Times {
@@ -37,35 +33,10 @@ struct Times {
   double filling = 0;
 };
 
-sim::UnitSetup setup() {
-  sim::UnitSetup unit;
-  unit.turnaround = 0;
-  unit.lineRate = baud;
-  return unit;
-}
-
-// COM 1 at 9600 baud.
-void choosePort() {
-  const QString folder = qEnvironmentVariable("XDG_CONFIG_HOME") + "/" + program::company;
-  QDir().mkpath(folder);
-  QFile file(folder + "/" + program::title + ".ini");
-  if (file.open(QFile::WriteOnly)) file.write("[Persist]\nCommPort=0\nBaud=5\n");
-}
-
-double timeOnLine(const std::vector<sim::LogEntry>& log) {
-  std::size_t bytes = 0;
-  for (const sim::LogEntry& entry : log) bytes += entry.text.size();
-  return static_cast<double>(bytes) * sim::bitsPerCharacter(setup().line) / baud;
-}
-
 // Every bit differs from what the boxes say, so that the window is as full as it gets.
 void spoilRegisters(sim::Unit& unit) {
-  constexpr std::string_view digits = "0123456789ABCDEF";
   for (const std::string& index : unit.registerNames()) {
-    if (index == "1F" || index == "21") continue;
-    std::string hex = unit.registerHex(index);
-    for (char& digit : hex) digit = digits[15 - digits.find(digit)];
-    unit.setRegister(index, hex);
+    if (mayChange(index)) unit.setRegister(index, turnedOver(unit.registerHex(index)));
   }
   unit.takeLog();
 }
@@ -175,24 +146,11 @@ void print(const Times& times) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const QTemporaryDir preferences;
-  qputenv("XDG_CONFIG_HOME", preferences.path().toUtf8());
-  choosePort();
-  QApplication application(argc, argv);
-  sim::Unit unit(setup());
-  sim::Server server(unit);
-  server.start();
-  Onlooker user(server.path());
-  setHost(&user);
   Times times;
-  plan(user, server, times);
-  form<frmBigFolder>();
-  while (isLoaded<frmBigFolder>()) user.idle(1.0);
-  unloadAllForms();
-  if (!user.done() || !user.boxes.empty()) {
-    std::fputs("the runs did not go as planned\n", stderr);
-    return 1;
-  }
-  print(times);
-  return 0;
+  const auto makeUser = [](const std::string& device) { return std::make_unique<Onlooker>(device); };
+  const bool went = runSession(
+      argc, argv, makeUser,
+      [&](TimedHost& user, sim::Server& server) { plan(dynamic_cast<Onlooker&>(user), server, times); }, 0);
+  if (went) print(times);
+  return went ? 0 : 1;
 }

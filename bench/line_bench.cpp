@@ -1,61 +1,32 @@
 // SPDX-License-Identifier: MIT
 // A whole write at 9600 baud beside the time that its bytes need on the line, and what the program takes of
 // the processor while it waits.
-#include <QApplication>
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <cstdio>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "BareLine.h"
 #include "Figures.h"
+#include "SlowLine.h"
 #include "TimedHost.h"
 #include "core/Global.h"
 #include "core/Model.h"
-#include "core/Program.h"
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
-#include "sim/PseudoTerminal.h"
 
 using namespace torvane;
 
 namespace {
 
 constexpr int writes = 5;
-constexpr double baud = 9600;
 
 using Registers = std::map<std::string, std::string>;
 
 struct Times {
   std::vector<double> open, closed, pressed, bare, beside, between, share, silent;
 };
-
-sim::UnitSetup setup() {
-  sim::UnitSetup unit;
-  unit.turnaround = 0;
-  unit.lineRate = baud;
-  return unit;
-}
-
-// COM 1 at 9600 baud.
-void choosePort() {
-  const QString folder = qEnvironmentVariable("XDG_CONFIG_HOME") + "/" + program::company;
-  QDir().mkpath(folder);
-  QFile file(folder + "/" + program::title + ".ini");
-  if (file.open(QFile::WriteOnly)) file.write("[Persist]\nCommPort=0\nBaud=5\n");
-}
-
-std::string turnedOver(std::string hex) {
-  constexpr std::string_view digits = "0123456789ABCDEF";
-  for (char& digit : hex) digit = digits[15 - digits.find(digit)];
-  return hex;
-}
-
-// Bus format and address say how the unit is spoken to.
-bool mayChange(const std::string& index) { return index != "1F" && index != "21"; }
 
 // Every bit differs from what the last write left, so that every register is written.
 Registers spoilRegisters(sim::Unit& unit) {
@@ -71,12 +42,6 @@ Registers spoilRegisters(sim::Unit& unit) {
 
 void restore(sim::Unit& unit, const Registers& registers) {
   for (const auto& [index, hex] : registers) unit.setRegister(index, hex);
-}
-
-double timeOnLine(const std::vector<sim::LogEntry>& log) {
-  std::size_t bytes = 0;
-  for (const sim::LogEntry& entry : log) bytes += entry.text.size();
-  return static_cast<double>(bytes) * sim::bitsPerCharacter(setup().line) / baud;
 }
 
 // What is left when nothing of the program is in the way.
@@ -158,24 +123,10 @@ void print(const Times& times) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const QTemporaryDir preferences;
-  qputenv("XDG_CONFIG_HOME", preferences.path().toUtf8());
-  choosePort();
-  QApplication application(argc, argv);
-  sim::Unit unit(setup());
-  sim::Server server(unit);
-  server.start();
-  TimedHost user(server.path());
-  setHost(&user);
   Times times;
-  plan(user, server, times);
-  form<frmBigFolder>();
-  while (isLoaded<frmBigFolder>()) user.idle(1.0);
-  unloadAllForms();
-  if (!user.done() || user.boxes.size() != 1) {
-    std::fputs("the runs did not go as planned\n", stderr);
-    return 1;
-  }
-  print(times);
-  return 0;
+  const auto makeUser = [](const std::string& device) { return std::make_unique<TimedHost>(device); };
+  const bool went = runSession(
+      argc, argv, makeUser, [&](TimedHost& user, sim::Server& server) { plan(user, server, times); }, 1);
+  if (went) print(times);
+  return went ? 0 : 1;
 }

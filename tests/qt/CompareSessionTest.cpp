@@ -17,16 +17,14 @@
 
 #include "core/Global.h"
 #include "dialogs/frmCompare.h"
-#include "dialogs/frmHardware.h"
 #include "dialogs/frmRead.h"
 #include "dialogs/frmRecord.h"
 #include "dialogs/frmWrite.h"
-#include "editor/frmBigFolder.h"
 #include "knowledge/UnitFile.h"
 #include "platform/qt/RowTable.h"
 #include "protocol/frmSerial.h"
-#include "qt/QuickHost.h"
 #include "qt/TestForm.h"
+#include "qt/UserSession.h"
 #include "sim/PseudoTerminal.h"
 #include "sim/TcpServer.h"
 
@@ -34,30 +32,9 @@ namespace torvane {
 
 namespace {
 
-frmBigFolder& editor() { return form<frmBigFolder>(); }
-
-QuickHost* user = nullptr;
-
-// What both ways have in common. The program is started and the model chosen once.
-class UnitSession : public ::testing::Test {
+// What both ways have in common.
+class UnitSession : public UserSession {
  protected:
-  static void SetUpTestSuite() {
-    user = new QuickHost;
-    setHost(user);
-    user->saveSetting("Torvane Configuration/Persist/CommPort", "-1");
-    user->saveSetting("Torvane Configuration/Persist/Baud", "5");
-    user->saveSetting("Torvane Configuration/Persist/Warn", "True");
-    form<frmBigFolder>();
-    user->whenShown("frmHardware", [] { click(*user, form<frmHardware>(), "cmdOk"); });
-    click(*user, editor(), "cmdCnfg");
-  }
-  static void TearDownTestSuite() {
-    unloadAllForms();
-    setHost(nullptr);
-    delete user;
-  }
-  ~UnitSession() override { EXPECT_TRUE(user->done()); }
-
   QString file(const char* name) const { return folder.filePath(name); }
   QByteArray contentOf(const char* name) const {
     QFile there(file(name));

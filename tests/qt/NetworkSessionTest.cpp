@@ -10,12 +10,10 @@
 
 #include "core/Global.h"
 #include "core/Memo.h"
-#include "dialogs/frmHardware.h"
 #include "dialogs/frmRead.h"
 #include "dialogs/frmWrite.h"
-#include "editor/frmBigFolder.h"
 #include "protocol/frmSerial.h"
-#include "qt/QuickHost.h"
+#include "qt/UserSession.h"
 #include "sim/TcpServer.h"
 #include "wizard/frmWizard.h"
 
@@ -23,27 +21,8 @@ namespace torvane {
 
 namespace {
 
-frmBigFolder& editor() { return form<frmBigFolder>(); }
-
-QuickHost* user = nullptr;
-
-// The program is started and the model chosen once, since the splash stands for six seconds.
-class NetworkSession : public ::testing::Test {
+class NetworkSession : public UserSession {
  protected:
-  static void SetUpTestSuite() {
-    user = new QuickHost;
-    setHost(user);
-    user->saveSetting("Torvane Configuration/Persist/Warn", "True");
-    form<frmBigFolder>();
-    user->whenShown("frmHardware", [] { click(*user, form<frmHardware>(), "cmdOk"); });
-    click(*user, editor(), "cmdCnfg");
-  }
-  static void TearDownTestSuite() {
-    unloadAllForms();
-    setHost(nullptr);
-    delete user;
-  }
-
   NetworkSession() : port(server.listen(0, bridge)) {
     server.start();
     user->boxes.clear();
@@ -53,10 +32,7 @@ class NetworkSession : public ::testing::Test {
     type(*user, editor(), "txtTCPPort", std::to_string(port).c_str());
     clickTab(*user, editor(), "tabBig", 1);
   }
-  ~NetworkSession() override {
-    server.stop();
-    EXPECT_TRUE(user->done());
-  }
+  ~NetworkSession() override { server.stop(); }
 
   static void writeToUnit() {
     user->whenShown("frmWrite", [] { click(*user, form<frmWrite>(), "cmdNetwork"); });
