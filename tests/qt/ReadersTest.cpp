@@ -79,10 +79,33 @@ TEST_F(Readers, HearTheEditLineOfTheModelList) {
 
 TEST_F(Readers, HearOfATabThatItIsOutOfUse) {
   auto& bar = heard("tabBig");
-  editor_->tabBig.setTabAvailable(tab::analog, false);
-  EXPECT_EQ(nameOf(*bar.child(tab::analog)), "Analog, out of use");
-  editor_->tabBig.setTabAvailable(tab::analog, true);
-  EXPECT_EQ(nameOf(*bar.child(tab::analog)), "Analog");
+  for (const bool inUse : {false, true}) {
+    editor_->tabBig.setTabAvailable(tab::analog, inUse);
+    QAccessibleInterface& tab = *bar.child(tab::analog);
+    EXPECT_EQ(nameOf(tab), "Analog");
+    EXPECT_EQ(tab.role(), QAccessible::PageTab);
+    EXPECT_EQ(tab.state().disabled, !inUse);
+    EXPECT_EQ(tab.actionInterface()->actionNames().empty(), !inUse);
+    EXPECT_EQ(bar.indexOfChild(&tab), tab::analog);
+  }
+}
+
+TEST_F(Readers, ComeToATabAndHearThatItIsChosen) {
+  auto& bar = heard("tabBig");
+  EXPECT_EQ(bar.childCount(), 12);
+  bar.child(tab::alarm1)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_EQ(editor_->tabBig.tab(), tab::alarm1);
+  EXPECT_TRUE(bar.child(tab::alarm1)->state().selected);
+  EXPECT_FALSE(bar.child(tab::alarm2)->state().selected);
+}
+
+// A helper's text goes into the box without a key: what is on show is what goes to the unit.
+TEST_F(Readers, ChangeATextAndTheSetupHasIt) {
+  heard("txtSp1").setText(QAccessible::Value, "123.4");
+  EXPECT_EQ(editor_->txtSp1.text(), "123.4");
+  auto& edit = *heard("txtSp1").editableTextInterface();
+  edit.replaceText(0, 3, "045");
+  EXPECT_EQ(editor_->txtSp1.text(), "045.4");
 }
 
 TEST_F(Readers, HearSlidersAsSlidersWithTheirNames) {

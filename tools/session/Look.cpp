@@ -3,6 +3,7 @@
 #include "session/Look.h"
 
 #include <QApplication>
+#include <QFont>
 #include <QPalette>
 
 namespace torvane {
@@ -55,6 +56,14 @@ void takeLook(const QString& name) {
     palette.setColor(QPalette::Disabled, shade.role, QColor(dark ? shade.dark : shade.contrast));
   }
   QApplication::setPalette(palette);
+}
+
+void takeFont(const QString& name) {
+  if (name != "large") return;
+  QFont font = QApplication::font();
+  font.setPointSizeF(font.pointSizeF() + 2);
+  font.setBold(true);
+  QApplication::setFont(font);
 }
 
 }  // namespace torvane

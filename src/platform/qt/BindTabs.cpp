@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The tab strip: a bar over a stack of pages. A page that can't be chosen is greyed and can be on show.
+#include <QAccessible>
+
 #include "platform/qt/Bindings.h"
 #include "platform/qt/io/QtText.h"
 
@@ -28,12 +30,20 @@ void showPage(QTabBar& bar, QStackedWidget& pages, int index) {
   if (goes && pages.isVisible()) moveKeyboard(bar, pages);
 }
 
+void tellReaders(QTabBar& bar, int index) {
+  QAccessible::State changed;
+  changed.disabled = true;
+  QAccessibleStateChangeEvent event(&bar, changed);
+  event.setChild(index);
+  QAccessible::updateAccessibility(&event);
+}
+
 // The bar moves away from a tab that becomes greyed, so the one on show is set last.
 void showStrip(const TabStrip& control, QTabBar& bar, QStackedWidget* pages) {
   for (int index = 0; index < control.tabs(); ++index) {
     if (bar.isTabEnabled(index) != control.tabAvailable(index)) {
       bar.setTabEnabled(index, control.tabAvailable(index));
-      bar.setAccessibleTabName(index, control.tabAvailable(index) ? "" : bar.tabText(index) + ", out of use");
+      tellReaders(bar, index);
     }
   }
   if (bar.currentIndex() != control.tab()) bar.setCurrentIndex(control.tab());

@@ -98,7 +98,9 @@ Stay* watchStay(Binding* binding, TextBox& control, Widget& widget) {
 Binding* bind(TextBox& control, QLineEdit& widget) {
   auto* binding = new Binding(control, widget, [&] { showText(control, widget); });
   auto* stay = watchStay(binding, control, widget);
-  QObject::connect(&widget, &QLineEdit::textEdited, binding, [=, &control](const QString& text) {
+  // A text may come from a hand or from a program that helps one, which edits no line as a hand does.
+  QObject::connect(&widget, &QLineEdit::textChanged, binding, [=, &control](const QString& text) {
+    if (binding->showing()) return;
     stay->enter();
     binding->userDidWithin([&] { control.userTyped(typed(text)); });
   });

@@ -199,6 +199,13 @@ void applyColumns(QLabel& label, int columns) {
                      label.property("rows").toInt() * label.fontMetrics().lineSpacing());
 }
 
+// A layout's least size is for the letters that it was drawn with: larger ones need more.
+void growToText(QPushButton& button) {
+  if (!button.property("drawnFor").isValid()) button.setProperty("drawnFor", button.minimumSize());
+  const QSize drawnFor = button.property("drawnFor").toSize();
+  if (!drawnFor.isNull()) button.setMinimumSize(drawnFor.expandedTo(button.sizeHint()));
+}
+
 }  // namespace
 
 void bindForm(Form& form, QWidget& window) {
@@ -236,6 +243,7 @@ void applyColumns(QWidget& window) {
     if (auto* area = qobject_cast<QAbstractScrollArea*>(widget)) applyColumns(*area, columns);
     if (auto* label = qobject_cast<QLabel*>(widget)) applyColumns(*label, columns);
   }
+  for (QPushButton* button : window.findChildren<QPushButton*>()) growToText(*button);
 }
 
 }  // namespace torvane

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-// The pages of the main window, each with a layout of its own. Their place in the strip stands in the layout
-// of the window.
+// The pages of the main window, each with a layout of its own; a page that the window has no room for
+// scrolls. Their place in the strip stands in the layout of the window.
 #pragma once
 
 #include <QWidget>
 
+#include "platform/qt/ScrollRoom.h"
 #include "ui_pageAlarm1.h"
 #include "ui_pageAlarm2.h"
 #include "ui_pageAnalog.h"
@@ -21,9 +22,17 @@
 namespace torvane {
 
 template <class Ui>
-class Page : public QWidget {
+class Page : public ScrollRoom {
  public:
-  explicit Page(QWidget* parent = nullptr) : QWidget(parent) { Ui().setupUi(this); }
+  explicit Page(QWidget* parent = nullptr) : ScrollRoom(leastLines, parent) {
+    auto* content = new QWidget;
+    Ui().setupUi(content);
+    content->setObjectName("box_" + content->objectName());
+    hold(content);
+  }
+
+ private:
+  static constexpr int leastLines = 8;
 };
 
 using PageIdCode = Page<Ui::pageIdCode>;

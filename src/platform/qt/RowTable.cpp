@@ -15,6 +15,8 @@ namespace {
 
 constexpr int mostOfCell = 120;  // characters
 constexpr int air = 6;           // pixels above and below the text of a row
+constexpr QSize wanted(72, 14);  // characters and rows
+constexpr QSize least(36, 6);
 
 }  // namespace
 
@@ -100,6 +102,15 @@ void RowTable::showRows(const Table& control) {
   const QModelIndex chosen = rows_.index(control.listIndex(), 0);
   if (!selectionModel()->isRowSelected(chosen.row())) setCurrentIndex(chosen);
 }
+
+QSize RowTable::roomFor(QSize characters) const {
+  const int row = fontMetrics().height() + air;
+  return {characters.width() * fontMetrics().horizontalAdvance(QChar('0')), characters.height() * row};
+}
+
+QSize RowTable::sizeHint() const { return roomFor(wanted); }
+
+QSize RowTable::minimumSizeHint() const { return roomFor(least); }
 
 void RowTable::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);

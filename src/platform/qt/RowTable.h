@@ -40,11 +40,15 @@ class RowTable : public QTableView {
 
   void showRows(const Table& control);
 
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
  protected:
   void changeEvent(QEvent* event) override;
 
  private:
   void fitRows();
+  QSize roomFor(QSize characters) const;
 
   RowModel rows_{this};
 };

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPushButton>
@@ -24,6 +25,7 @@
 #include "platform/qt/Guard.h"
 #include "platform/qt/Layouts.h"
 #include "platform/qt/Readers.h"
+#include "platform/qt/Room.h"
 #include "platform/qt/WindowPlace.h"
 #include "platform/qt/io/QtText.h"
 
@@ -58,6 +60,7 @@ bool isRemembered(const QWidget& window) { return window.property("remembered").
 FormWindow::FormWindow(Form& form, QtSettings& settings) : form_(&form), settings_(settings) {
   tellScreenReaders();
   layoutOf(form).build(*this);
+  letScroll(*this);
   bindForm(form, *this);
   setWindowTitle(shortened(shown(form.caption())));
   if (property("splash").toBool()) setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
@@ -126,11 +129,14 @@ void FormWindow::showOver(QWidget* below, bool modal, bool takesKeyboard) {
 void FormWindow::setFirstSize() {
   if (sized_) return;
   sized_ = true;
+  // What the controls have just shown is laid out now: the size is known, and the place follows from it.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+  layout()->activate();
   if (takeFormerPlace()) return;
   QSize size = sizeHint().expandedTo(minimumSizeHint());
   // Texts that are broken into lines ask for their height only when they know their width.
   if (hasHeightForWidth()) size.setHeight(std::max(size.height(), heightForWidth(size.width())));
-  resize(size.boundedTo(screen()->availableSize()));
+  resize(size.boundedTo(screen()->availableSize() - titleBar()));
 }
 
 // The frame is not known before the window is shown; but for a title it is thin.
@@ -176,7 +182,8 @@ void FormWindow::centre() {
 // A window that is not on show yet is sized, and so placed, when it has all of its texts.
 void FormWindow::moveToCentre() {
   if (former_) return;
-  move(screen()->availableGeometry().center() - rect().center());
+  const QRect room = screen()->availableGeometry();
+  move(placeWithin({room}, QRect(room.center() - rect().center(), size()), titleBar()).topLeft());
 }
 
 // Whether the window goes is the form's choice.

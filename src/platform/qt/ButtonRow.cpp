@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+// Buttons in a row that goes on in a second line where the window is too narrow.
+#include "platform/qt/ButtonRow.h"
+
+#include <algorithm>
+
+namespace torvane {
+
+namespace {
+
+bool stretches(const QLayoutItem& item) {
+  return item.widget() == nullptr && (item.expandingDirections() & Qt::Horizontal) != 0;
+}
+
+// A gap has no place at the end of a line.
+bool isGap(const QLayoutItem& item) { return item.widget() == nullptr; }
+
+}  // namespace
+
+ButtonRow::ButtonRow(QLayout& row) {
+  setContentsMargins(row.contentsMargins());
+  setSpacing(row.spacing());
+  while (QLayoutItem* item = row.takeAt(0)) {
+    if (item->widget() != nullptr) addChildWidget(item->widget());
+    addItem(item);
+  }
+}
+
+ButtonRow::~ButtonRow() { qDeleteAll(items_); }
+
+QLayoutItem* ButtonRow::takeAt(int index) {
+  return index < 0 || index >= count() ? nullptr : items_.takeAt(index);
+}
+
+// As many in a line as fit, one at the least.
+QList<ButtonRow::Line> ButtonRow::linesWithin(int width) const {
+  QList<Line> lines(1);
+  for (QLayoutItem* item : items_) {
+    Line longer = lines.last() + Line{item};
+    if (widthOf(longer) > width && !lines.last().isEmpty() && !isGap(*item)) {
+      lines << Line{item};
+    } else {
+      lines.last() = longer;
+    }
+  }
+  for (Line& line : lines) {
+    while (lines.size() > 1 && line.size() > 1 && isGap(*line.last())) line.removeLast();
+  }
+  return lines;
+}
+
+int ButtonRow::widthOf(const Line& line) const {
+  int width = -spacing();
+  for (const QLayoutItem* item : line) width += spacing() + item->sizeHint().width();
+  return width;
+}
+
+int ButtonRow::heightOf(const Line& line) {
+  int height = 0;
+  for (const QLayoutItem* item : line) height = std::max(height, item->sizeHint().height());
+  return height;
+}
+
+int ButtonRow::heightForWidth(int width) const {
+  const QMargins margins = contentsMargins();
+  int height = margins.top() + margins.bottom() - spacing();
+  for (const Line& line : linesWithin(width - margins.left() - margins.right())) {
+    height += spacing() + heightOf(line);
+  }
+  return height;
+}
+
+QSize ButtonRow::sizeHint() const {
+  return QSize(widthOf(items_), heightOf(items_)).grownBy(contentsMargins());
+}
+
+QSize ButtonRow::minimumSize() const {
+  QSize least;
+  for (const QLayoutItem* item : items_) least = least.expandedTo(item->minimumSize());
+  return least.grownBy(contentsMargins());
+}
+
+void ButtonRow::setGeometry(const QRect& rect) {
+  QLayout::setGeometry(rect);
+  QRect room = rect.marginsRemoved(contentsMargins());
+  for (const Line& line : linesWithin(room.width())) {
+    place(line, QRect(room.topLeft(), QSize(room.width(), heightOf(line))));
+    room.setTop(room.top() + heightOf(line) + spacing());
+  }
+}
+
+void ButtonRow::place(const Line& line, QRect room) const {
+  int left = std::max(room.width() - widthOf(line), 0);
+  auto stretching =
+      static_cast<int>(std::ranges::count_if(line, [](auto* item) { return stretches(*item); }));
+  if (stretching == 0 && line.size() < items_.size()) room.setLeft(room.left() + left);
+  for (QLayoutItem* item : line) {
+    int width = item->sizeHint().width();
+    if (stretches(*item)) {
+      const int share = left / stretching--;
+      width += share;
+      left -= share;
+    }
+    item->setGeometry(QRect(room.topLeft(), QSize(width, room.height())));
+    room.setLeft(room.left() + width + spacing());
+  }
+}
+
+}  // namespace torvane

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+// What a small screen has no room for scrolls.
+#include "platform/qt/ScrollRoom.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QScreen>
+#include <QScrollBar>
+#include <QStyle>
+#include <algorithm>
+
+namespace torvane {
+
+namespace {
+
+constexpr int linesAround = 8;    // of text, that a window's title, buttons and margins may take beside it
+constexpr int columnsAround = 4;  // of the widest letter
+constexpr int air = 8;            // pixels to be seen around what has the keyboard
+
+}  // namespace
+
+ScrollRoom::ScrollRoom(int leastLines, QWidget* parent) : QScrollArea(parent), leastLines_(leastLines) {
+  setFrameShape(QFrame::NoFrame);
+  setFocusPolicy(Qt::NoFocus);
+  setWidgetResizable(true);
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { follow(now); });
+}
+
+// The ground is the window's own; an area's would be a field to type in.
+void ScrollRoom::hold(QWidget* content) {
+  setWidget(content);
+  content->setAutoFillBackground(false);
+  viewport()->setAutoFillBackground(false);
+  content->installEventFilter(this);
+}
+
+QSize ScrollRoom::sizeHint() const {
+  return onScreen(widget()->sizeHint().expandedTo(widget()->minimumSizeHint()));
+}
+
+QSize ScrollRoom::minimumSizeHint() const {
+  const QSize least = onScreen(widget()->minimumSizeHint());
+  if (leastLines_ == 0) return least;
+  return {least.width(), std::min(least.height(), leastLines_ * fontMetrics().lineSpacing())};
+}
+
+bool ScrollRoom::hasHeightForWidth() const { return leastLines_ == 0 && widget()->hasHeightForWidth(); }
+
+int ScrollRoom::heightForWidth(int width) const {
+  return std::min(widget()->heightForWidth(width), mostOnScreen().height());
+}
+
+// A bar on one side takes its room from the other.
+QSize ScrollRoom::onScreen(QSize wanted) const {
+  const QSize most = mostOnScreen();
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+  const QSize bars(wanted.height() > most.height() ? bar : 0, wanted.width() > most.width() ? bar : 0);
+  return (wanted + bars).boundedTo(most);
+}
+
+QSize ScrollRoom::mostOnScreen() const {
+  const QSize around(columnsAround * fontMetrics().horizontalAdvance(QChar('W')),
+                     linesAround * fontMetrics().lineSpacing());
+  return screen()->availableSize() - around;
+}
+
+// What the user comes to with the keyboard is brought into view.
+void ScrollRoom::follow(QWidget* keyboard) {
+  if (keyboard != nullptr && isAncestorOf(keyboard)) ensureWidgetVisible(keyboard, air, air);
+}
+
+// What the content needs has changed, so the window around is laid out anew.
+bool ScrollRoom::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == widget() && event->type() == QEvent::LayoutRequest) updateGeometry();
+  return QScrollArea::eventFilter(watched, event);
+}
+
+}  // namespace torvane

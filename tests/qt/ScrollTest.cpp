@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+// Windows that have less room than they want: what scrolls, and what stays on show.
+#include <QApplication>
+#include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
+
+#include "dialogs/frmWrite.h"
+#include "editor/frmBigFolder.h"
+#include "qt/TestForm.h"
+
+namespace torvane {
+
+namespace {
+
+class Scroll : public QtTest {
+ protected:
+  ~Scroll() override { host_.release(*editor_); }
+
+  // The main window as large as this, with this page in front.
+  QWidget& editor(QSize size, int page) {
+    editor_->tabBig.setTab(page);
+    host_.show(*editor_, false);
+    QWidget& window = host_.window(*editor_);
+    window.setMinimumSize(1, 1);
+    window.resize(size);
+    host_.yield();
+    QApplication::setActiveWindow(&window);
+    return window;
+  }
+  static bool seen(const QWidget& widget, const QWidget& window) {
+    const QRect place(widget.mapTo(&window, QPoint()), widget.size());
+    return window.rect().contains(place) && !widget.visibleRegion().isEmpty() &&
+           widget.visibleRegion().boundingRect() == widget.rect();
+  }
+
+  std::shared_ptr<frmBigFolder> editor_ = std::make_shared<frmBigFolder>();
+};
+
+TEST_F(Scroll, TheKeyboardComesToNothingUnseen) {
+  for (const int page : {tab::inputType, tab::alarm1, tab::out1, tab::comm}) {
+    QWidget& window = editor({480, 360}, page);
+    window.setFocus();
+    for (int step = 0; step < 40; ++step) {
+      QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+      const QWidget& at = *window.focusWidget();
+      const bool isBox = at.height() < 60 && at.width() < 300;
+      if (isBox) {
+        EXPECT_TRUE(seen(at, window)) << page << ' ' << at.objectName().toStdString();
+      }
+    }
+  }
+}
+
+TEST_F(Scroll, TheCommandsStayOnShowInAsManyLinesAsTheyTake) {
+  for (const int width : {1100, 819, 640, 512, 400}) {
+    QWidget& window = editor({width, 384}, tab::comm);
+    for (const char* name : {"cmdHelp", "cmdWrite", "cmdFactoryDefaults", "cmdNext", "cmdQuit"}) {
+      EXPECT_TRUE(seen(*window.findChild<QWidget*>(name), window)) << width << ' ' << name;
+    }
+  }
+}
+
+TEST_F(Scroll, NothingScrollsWhereThereIsRoom) {
+  QWidget& window = editor({1200, 900}, tab::comm);
+  int areas = 0;
+  for (const auto* area : window.findChildren<QScrollArea*>()) {
+    if (!area->isVisible()) continue;
+    ++areas;
+    EXPECT_FALSE(area->verticalScrollBar()->isVisible()) << area->objectName().toStdString();
+    EXPECT_FALSE(area->horizontalScrollBar()->isVisible()) << area->objectName().toStdString();
+  }
+  EXPECT_EQ(areas, 2);
+}
+
+TEST_F(Scroll, AWindowThatGrowsInItsTextsStillShowsThemAll) {
+  auto& chooser = form<frmWrite>();
+  host_.show(chooser, false);
+  chooser.Label4.setCaption(
+      "Choose Network to write the current configuration to the controller. The bridge "
+      "and its port are those of the tab Comm, and are tried before anything is sent.");
+  host_.yield();
+  const auto& label = *host_.window(chooser).findChild<QLabel*>("Label4");
+  EXPECT_LE(label.heightForWidth(label.width()), label.height());
+}
+
+}  // namespace
+
+}  // namespace torvane
