@@ -2,7 +2,11 @@
 // The per-user settings tree, on the toolkit's INI files.
 #include "platform/qt/io/QtSettings.h"
 
+#include <QFile>
+#include <QFileDevice>
+
 #include "platform/Program.h"
+#include "platform/qt/io/IniText.h"
 #include "platform/qt/io/QtText.h"
 
 namespace torvane {
@@ -15,16 +19,37 @@ QString keyOf(const std::string& path) {
   return whole.startsWith(title) ? whole.mid(title.size()) : whole;
 }
 
+bool readText(QIODevice& file, QSettings::SettingsMap& values) {
+  for (const auto& [path, value] : valuesOf(file.readAll()).asKeyValueRange()) values[path] = value;
+  return true;
+}
+
+// The old file is still there while the new one is written.
+bool writeText(QIODevice& file, const QSettings::SettingsMap& values) {
+  IniValues texts;
+  for (const auto& [path, value] : values.asKeyValueRange()) texts[path] = value.toString();
+  const auto* named = qobject_cast<QFileDevice*>(&file);
+  QFile before(named == nullptr ? QString() : named->fileName());
+  const QByteArray text = before.open(QIODevice::ReadOnly) ? before.readAll() : QByteArray();
+  const QByteArray result = changed(text, texts);
+  return file.write(result) == result.size();
+}
+
+// The toolkit's own way of writing would sort the lines and lose the remarks.
+QSettings::Format format() {
+  static const QSettings::Format own = QSettings::registerFormat("ini", readText, writeText);
+  return own;
+}
+
 }  // namespace
 
 QtSettings::QtSettings()
-    : tree_(QSettings::IniFormat, QSettings::UserScope, program::company, QString::fromUtf8(program::title)) {
+    : tree_(format(), QSettings::UserScope, program::company, QString::fromUtf8(program::title)) {
   tree_.setFallbacksEnabled(false);
 }
 
-// A text with commas that was written by hand, without quotes, comes as a list.
 std::string QtSettings::value(const std::string& path) const {
-  return typed(tree_.value(keyOf(path)).toStringList().join(QStringLiteral(",")));
+  return typed(tree_.value(keyOf(path)).toString());
 }
 
 void QtSettings::save(const std::string& path, const std::string& value) {
