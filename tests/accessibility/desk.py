@@ -6,8 +6,8 @@ import time
 import gi
 
 gi.require_version("Atspi", "2.0")
-from gi.repository import GLib  # noqa: E402
-import pyatspi  # noqa: E402
+from gi.repository import GLib
+import pyatspi
 
 PATIENCE = float(os.environ.get("PATIENCE", "60"))  # seconds until something is given up
 

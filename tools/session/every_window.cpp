@@ -35,7 +35,8 @@ int main(int argc, char** argv) {
       ++misfits;
       std::printf("%s: %s\n", what.c_str(), qPrintable(misfit));
     }
-    if (folder.isEmpty()) return;
+    if (folder.isEmpty() || what.find("-opt") != std::string::npos)
+      return;  // an option more is no other picture
     const QString file = QDir(folder).filePath(QString::fromStdString(what + ".png"));
     const_cast<QWidget&>(window).grab().save(file);
   });

@@ -83,7 +83,7 @@ void nameForScreenReaders(const QWidget& window) {
     if (!isOurs(*widget) || !needsName(*widget) || !widget->accessibleName().isEmpty()) continue;
     const auto* group = qobject_cast<QGroupBox*>(widget->parentWidget());
     const QString name = widget->toolTip().isEmpty() && group != nullptr ? group->title() : widget->toolTip();
-    widget->setAccessibleName(name.isEmpty() ? widget->objectName() : name);
+    widget->setAccessibleName(name);  // a picture for the eye alone has none
   }
   for (const QComboBox* box : window.findChildren<QComboBox*>()) {
     if (box->isEditable()) box->lineEdit()->setAccessibleName(box->accessibleName());

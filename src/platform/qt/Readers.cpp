@@ -6,6 +6,7 @@
 #include <QRadioButton>
 
 #include "platform/qt/ChartView.h"
+#include "platform/qt/PictureView.h"
 #include "platform/qt/TabsForReaders.h"
 #include "platform/qt/Windows.h"
 
@@ -62,6 +63,8 @@ QAccessibleInterface* interfaceOf(const QString&, QObject* object) {
   if (auto* button = qobject_cast<QRadioButton*>(object)) return new OptionForReaders(*button);
   if (auto* chart = qobject_cast<ChartView*>(object)) {
     return new QAccessibleWidget(chart, QAccessible::Graphic);
+  if (auto* picture = qobject_cast<PictureView*>(object)) {
+    return new QAccessibleWidget(picture, QAccessible::Graphic);
   }
   if (auto* bar = qobject_cast<QTabBar*>(object)) return tabsForReaders(*bar);
   if (auto* window = dynamic_cast<FormWindow*>(object)) return new WindowForReaders(*window);
