@@ -63,6 +63,7 @@ QAccessibleInterface* interfaceOf(const QString&, QObject* object) {
   if (auto* button = qobject_cast<QRadioButton*>(object)) return new OptionForReaders(*button);
   if (auto* chart = qobject_cast<ChartView*>(object)) {
     return new QAccessibleWidget(chart, QAccessible::Graphic);
+  }
   if (auto* picture = qobject_cast<PictureView*>(object)) {
     return new QAccessibleWidget(picture, QAccessible::Graphic);
   }
