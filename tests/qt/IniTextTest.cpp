@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSettings>
+#include <QTemporaryDir>
 #include <random>
 
 #include "platform/qt/io/QtSettings.h"
@@ -79,7 +80,7 @@ const QString anyKey = QStringLiteral("ab 1f\\\";,=@%[]#\n\r\t\x01\x7f-\u00e4\u2
 
 TEST(IniText, AnyTextComesBackAndTheToolkitReadsTheSame) {
   std::mt19937 random(16);
-  const QString file = QDir::temp().filePath("torvane-ini-text-test.ini");
+  const QTemporaryDir folder;
   for (int round = 0; round < 300; ++round) {
     IniValues values;
     for (int each = 0; each < 5; ++each) {
@@ -88,6 +89,8 @@ TEST(IniText, AnyTextComesBackAndTheToolkitReadsTheSame) {
     }
     const QByteArray text = changed("", values);
     EXPECT_TRUE(valuesOf(text) == values) << text.toStdString();
+    // The toolkit remembers a file that it has read.
+    const QString file = folder.filePath(QString::number(round) + ".ini");
     QFile written(file);
     ASSERT_TRUE(written.open(QIODevice::WriteOnly));
     written.write(text);
@@ -97,7 +100,6 @@ TEST(IniText, AnyTextComesBackAndTheToolkitReadsTheSame) {
       EXPECT_EQ(toolkit.value(path).toString(), value) << text.toStdString();
     }
   }
-  QFile::remove(file);
 }
 
 TEST(QtSettingsFile, KeepsAHandsLinesWhenTheProgramSavesItsOwn) {

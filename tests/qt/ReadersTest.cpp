@@ -91,6 +91,7 @@ TEST_F(Readers, HearOfATabThatItIsOutOfUse) {
 }
 
 TEST_F(Readers, ComeToATabAndHearThatItIsChosen) {
+  editor_->show();
   auto& bar = heard("tabBig");
   EXPECT_EQ(bar.childCount(), 12);
   bar.child(tab::alarm1)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
@@ -101,6 +102,8 @@ TEST_F(Readers, ComeToATabAndHearThatItIsChosen) {
 
 // A helper's text goes into the box without a key: what is on show is what goes to the unit.
 TEST_F(Readers, ChangeATextAndTheSetupHasIt) {
+  editor_->show();
+  editor_->tabBig.setTab(tab::setpoints);
   heard("txtSp1").setText(QAccessible::Value, "123.4");
   EXPECT_EQ(editor_->txtSp1.text(), "123.4");
   auto& edit = *heard("txtSp1").editableTextInterface();

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Windows that have less room than they want: what scrolls, and what stays on show.
 #include <QApplication>
-#include <QLabel>
 #include <QScrollArea>
 #include <QScrollBar>
 
-#include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
 #include "qt/TestForm.h"
 
@@ -71,17 +69,6 @@ TEST_F(Scroll, NothingScrollsWhereThereIsRoom) {
     EXPECT_FALSE(area->horizontalScrollBar()->isVisible()) << area->objectName().toStdString();
   }
   EXPECT_EQ(areas, 2);
-}
-
-TEST_F(Scroll, AWindowThatGrowsInItsTextsStillShowsThemAll) {
-  auto& chooser = form<frmWrite>();
-  host_.show(chooser, false);
-  chooser.Label4.setCaption(
-      "Choose Network to write the current configuration to the controller. The bridge "
-      "and its port are those of the tab Comm, and are tried before anything is sent.");
-  host_.yield();
-  const auto& label = *host_.window(chooser).findChild<QLabel*>("Label4");
-  EXPECT_LE(label.heightForWidth(label.width()), label.height());
 }
 
 }  // namespace

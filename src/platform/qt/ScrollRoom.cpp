@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QLayout>
 #include <QScreen>
 #include <QScrollBar>
 #include <QStyle>
@@ -64,9 +65,18 @@ QSize ScrollRoom::mostOnScreen() const {
   return screen()->availableSize() - around;
 }
 
-// What the user comes to with the keyboard is brought into view.
+// What the user comes to with the keyboard is brought into view, in the innermost room first: an outer one
+// follows where it has gone.
 void ScrollRoom::follow(QWidget* keyboard) {
-  if (keyboard != nullptr && isAncestorOf(keyboard)) ensureWidgetVisible(keyboard, air, air);
+  bool innermost = true;
+  for (QWidget* at = keyboard; at != nullptr; at = at->parentWidget()) {
+    auto* room = qobject_cast<ScrollRoom*>(at);
+    if (room == nullptr || at == keyboard) continue;
+    if (innermost && room != this) return;
+    innermost = false;
+    room->widget()->layout()->activate();
+    room->ensureWidgetVisible(keyboard, air, air);
+  }
 }
 
 // What the content needs has changed, so the window around is laid out anew.

@@ -26,6 +26,7 @@
 #include "platform/qt/Layouts.h"
 #include "platform/qt/Readers.h"
 #include "platform/qt/Room.h"
+#include "platform/qt/ScrollRoom.h"
 #include "platform/qt/WindowPlace.h"
 #include "platform/qt/io/QtText.h"
 
@@ -130,7 +131,7 @@ void FormWindow::setFirstSize() {
   if (sized_) return;
   sized_ = true;
   // What the controls have just shown is laid out now: the size is known, and the place follows from it.
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+  for (auto* room : findChildren<ScrollRoom*>()) room->updateGeometry();
   layout()->activate();
   if (takeFormerPlace()) return;
   QSize size = sizeHint().expandedTo(minimumSizeHint());
