@@ -78,6 +78,14 @@ def edit(main):
     turn_to(main, "Setpoints")
 
 
+def say_which_unit(app, main):
+    press(main, "Hardware")
+    dialog = window(app, "Hardware")
+    check_dialog(dialog)
+    press(dialog, "OK")
+    gone(app, "Hardware")
+
+
 def write_unit(app, main):
     press(main, "Write")
     chooser = window(app, "Write to")
@@ -119,11 +127,19 @@ def session():
     main = window(app, "Torvane")
     expect(role(main) == "frame", f"the main window as a frame, not a {role(main)}")
     check_tabs(main)
+    say_which_unit(app, main)
     edit(main)
     chooser = write_unit(app, main)
     save_and_print(app, chooser)
     read_unit(app, main)
     press(main, "Quit")
+
+
+def what_is_on_show():
+    """The windows, with the words of all but the main one."""
+    app = application("Torvane Configuration")
+    return [(each.name, [node.name for node in everything(each) if role(node) == "label"][:4])
+            for each in children(app) if attempt(lambda: shown(each))]
 
 
 def start():
@@ -149,7 +165,7 @@ def main():
         settings = (FOLDER / "Ashgrove Electronics/Torvane Configuration.ini").read_text()
         expect(settings.startswith("; the bench at the window\n[Ports]\n" + BY_HAND + "\n"), "the line by hand")
     except Missing as missing:
-        print(f"missed: {missing}", file=sys.stderr)
+        print(f"missed: {missing}; on show: {what_is_on_show()}", file=sys.stderr)
         return 1
     finally:
         unit.terminate()
