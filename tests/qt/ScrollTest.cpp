@@ -36,7 +36,7 @@ class Scroll : public QtTest {
 };
 
 TEST_F(Scroll, TheKeyboardComesToNothingUnseen) {
-  for (const int page : {tab::inputType, tab::alarm1, tab::out1, tab::comm}) {
+  for (const int page : {tab::inputType, tab::alarm1, tab::comm}) {
     QWidget& window = editor({480, 360}, page);
     window.setFocus();
     for (int step = 0; step < 40; ++step) {

@@ -26,7 +26,6 @@
 #include "platform/qt/Layouts.h"
 #include "platform/qt/Readers.h"
 #include "platform/qt/Room.h"
-#include "platform/qt/ScrollRoom.h"
 #include "platform/qt/WindowPlace.h"
 #include "platform/qt/io/QtText.h"
 
@@ -111,7 +110,8 @@ void FormWindow::release() {
 void FormWindow::showOver(QWidget* below, bool modal, bool takesKeyboard) {
   const bool beside = property("beside").toBool();
   setFirstSize();
-  if (std::exchange(centreDue_, false)) moveToCentre();
+  const bool toCentre = std::exchange(centreDue_, false);
+  if (toCentre) moveToCentre();
   setAttribute(Qt::WA_ShowWithoutActivating, beside || !takesKeyboard);
   setWindowModality(modal ? Qt::WindowModal : Qt::NonModal);  // the user guide stays in reach
   if (modal) setWindowFlag(Qt::Dialog);
@@ -122,6 +122,7 @@ void FormWindow::showOver(QWidget* below, bool modal, bool takesKeyboard) {
   placeOver(modal ? below : nullptr);
   if (property("choiceFirst").toBool() && focusWidget() == nullptr) setFocus();
   QWidget::show();
+  if (toCentre) moveToCentre();  // one of a fixed size takes it when it shows
   raise();
   if (!testAttribute(Qt::WA_ShowWithoutActivating)) activateWindow();
 }
@@ -131,7 +132,6 @@ void FormWindow::setFirstSize() {
   if (sized_) return;
   sized_ = true;
   // What the controls have just shown is laid out now: the size is known, and the place follows from it.
-  for (auto* room : findChildren<ScrollRoom*>()) room->updateGeometry();
   layout()->activate();
   if (takeFormerPlace()) return;
   QSize size = sizeHint().expandedTo(minimumSizeHint());
