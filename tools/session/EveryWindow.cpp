@@ -6,7 +6,6 @@
 #include <QRadioButton>
 
 #include "core/Global.h"
-#include "core/Program.h"
 #include "dialogs/ShowHelp.h"
 #include "dialogs/frmCommModeWarning.h"
 #include "dialogs/frmCompare.h"
@@ -21,6 +20,7 @@
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
 #include "knowledge/CompareRows.h"
+#include "platform/Program.h"
 #include "platform/qt/HelpWindow.h"
 #include "protocol/frmSerial.h"
 #include "runs/NoWay.h"

@@ -9,7 +9,7 @@
 #include <QStyle>
 #include <cstdio>
 
-#include "core/Program.h"
+#include "platform/Program.h"
 #include "platform/qt/Outlines.h"
 #include "session/EveryWindow.h"
 #include "session/Fit.h"
