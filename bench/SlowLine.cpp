@@ -58,7 +58,7 @@ bool runSession(int argc, char** argv, const MakeUser& makeUser,
   sim::Server server(unit);
   server.start();
   const std::unique_ptr<TimedHost> user = makeUser(server.path());
-  setHost(user.get());
+  setMachine(user.get());
   plan(*user, server);
   form<frmBigFolder>();
   while (isLoaded<frmBigFolder>()) user->idle(1.0);

@@ -113,7 +113,7 @@ void enlist() {
 int main(int argc, char** argv) {
   QCoreApplication application(argc, argv);
   QtHost machine;
-  setHost(&machine);
+  setMachine(&machine);
   // One after the other they would meet different loads of the machine.
   std::vector<char*> arguments(argv, argv + argc);
   std::string ours[] = {"--benchmark_enable_random_interleaving=true", "--benchmark_repetitions=25",

@@ -60,7 +60,7 @@ void open(benchmark::State& state, Bench& bench) {
 }
 
 void openEditor(Bench& bench) {
-  setHost(&bench.user);
+  setMachine(&bench.user);
   bool open = false;
   bench.user.whenShown("frmBigFolder", [&] { open = true; });
   form<frmBigFolder>();

@@ -186,7 +186,7 @@ int main(int argc, char** argv) {
   const int port = server.listen(0, bridge);
   server.start();
   WatchingHost user;
-  setHost(&user);
+  setMachine(&user);
   form<frmBigFolder>();
   chooseBridge(port);
   Times times;
@@ -195,7 +195,7 @@ int main(int argc, char** argv) {
   measureChannel(port, log, times);
   measureSilence(server, bridge, times);
   unloadAllForms();
-  setHost(nullptr);
+  setMachine(nullptr);
   print(times);
   return 0;
 }

@@ -26,7 +26,7 @@ struct Bench {
 };
 
 void openEditor(Bench& bench) {
-  setHost(&bench.user);
+  setMachine(&bench.user);
   bench.user.pdf = bench.folder.filePath("report.pdf");
   bool open = false;
   bench.user.whenShown("frmBigFolder", [&] { open = true; });

@@ -76,7 +76,7 @@ void walk(benchmark::State& state, Bench& bench, int tab) {
 }
 
 void openEditor(Bench& bench) {
-  setHost(&bench.user);
+  setMachine(&bench.user);
   bool open = false;
   bench.user.whenShown("frmBigFolder", [&] { open = true; });
   form<frmBigFolder>();

@@ -31,7 +31,7 @@ int main(int argc, char** argv) {
   takeOutlines();
   QApplication::setWindowIcon(programIcon());
   QtHost machine;
-  setHost(&machine);
+  setMachine(&machine);
   try {
     form<frmBigFolder>();
     machine.beforeTheEnd = keepForRescue;

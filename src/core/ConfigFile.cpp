@@ -9,7 +9,7 @@
 
 #include "core/Memo.h"
 #include "core/Model.h"
-#include "platform/Host.h"
+#include "platform/Files.h"
 
 namespace torvane {
 
@@ -26,7 +26,7 @@ class ConfigWriter {
   }
   void stamp(double value) { number(std::bit_cast<std::uint64_t>(value)); }
   void text(const std::string& value) {
-    const std::string coded = host().toCodePage(value).substr(0, longestText);
+    const std::string coded = host<Files>().toCodePage(value).substr(0, longestText);
     number(static_cast<std::uint16_t>(coded.size()));
     bytes += coded;
   }
@@ -53,7 +53,7 @@ class ConfigReader {
     value.clear();
     std::uint16_t count = 0;
     number(count);
-    value = host().fromCodePage(take(count));
+    value = host<Files>().fromCodePage(take(count));
   }
   std::string_view take(std::size_t count) {
     const std::string_view taken = rest_.substr(0, count);
@@ -103,12 +103,12 @@ void deviceStateFields(auto& file) {
 }
 
 void readBaseModel(ConfigReader& file) {
-  std::string model = host().toCodePage(BaseModel);
+  std::string model = host<Files>().toCodePage(BaseModel);
   std::ranges::copy(file.take(model.size()), model.begin());
   const std::size_t nul = model.find('\0');
   const std::size_t position = nul == std::string::npos ? model.size() : nul + 1;
   if (position > 1) model.resize(position - 1);
-  BaseModel = host().fromCodePage(model);
+  BaseModel = host<Files>().fromCodePage(model);
 }
 
 }  // namespace
@@ -126,7 +126,7 @@ std::string configSetupPart(std::int16_t tab, double stamp) {
   file.number(tab);
   file.stamp(stamp);
   memoRecords(file, recordsBeforeStamp, recordsStored);
-  file.bytes += host().toCodePage(BaseModel);
+  file.bytes += host<Files>().toCodePage(BaseModel);
   deviceStateFields(file);
   return file.bytes;
 }

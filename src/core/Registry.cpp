@@ -2,7 +2,7 @@
 // Preferences on the platform's settings tree.
 #include "core/Registry.h"
 
-#include "platform/Host.h"
+#include "platform/Settings.h"
 
 namespace torvane {
 
@@ -10,10 +10,10 @@ namespace {
 std::string path(const Registry& at) { return at.Appname + "/" + at.Section + "/" + at.Key; }
 }  // namespace
 
-void Registry::RegGet() { Setting = host().setting(path(*this)); }
+void Registry::RegGet() { Setting = host<Settings>().setting(path(*this)); }
 
-void Registry::RegSave() const { host().saveSetting(path(*this), Setting); }
+void Registry::RegSave() const { host<Settings>().saveSetting(path(*this), Setting); }
 
-void Registry::RegDel() const { host().deleteSetting(path(*this)); }
+void Registry::RegDel() const { host<Settings>().deleteSetting(path(*this)); }
 
 }  // namespace torvane

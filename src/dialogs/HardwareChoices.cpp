@@ -6,7 +6,7 @@
 #include "dialogs/frmHardware.h"
 #include "editor/ControlGroups.h"
 #include "editor/frmBigFolder.h"
-#include "platform/Host.h"
+#include "platform/WindowSystem.h"
 
 namespace torvane {
 
@@ -69,7 +69,7 @@ void frmHardware::fitMainWindow() const {
     setTabsAvailable({tab::alarm1}, false);
   }
   setTabsAvailable({tab::analog}, true);
-  host().repaint(editor);
+  host<WindowSystem>().repaint(editor);
 }
 
 void frmHardware::rebuild() {

@@ -5,8 +5,11 @@
 #include "core/NumberText.h"
 #include "dialogs/TextOutput.h"
 #include "knowledge/UnitFile.h"
-#include "platform/Host.h"
+#include "platform/Boxes.h"
+#include "platform/Files.h"
 #include "platform/Program.h"
+#include "platform/RuntimeError.h"
+#include "platform/Settings.h"
 
 namespace torvane {
 
@@ -26,11 +29,11 @@ std::string gapsOf(const UnitImage& unit) {
 
 // The first name that is free.
 std::string freeName(const UnitImage& unit) {
-  std::string stem = host().dataFolder() + "/" + proposedFileName(unit);
+  std::string stem = host<Files>().dataFolder() + "/" + proposedFileName(unit);
   stem.resize(stem.size() - std::string_view(".unit").size());
   for (std::int32_t number = 1;; ++number) {
     std::string path = stem + "_" + numberText(number) + ".unit";
-    if (!host().fileExists(path)) return path;
+    if (!host<Files>().fileExists(path)) return path;
   }
 }
 
@@ -41,12 +44,12 @@ bool writesAllTheSame(const std::string& why) {
 
 }  // namespace
 
-bool keepsCopies() { return host().setting(preference()) == "True"; }
+bool keepsCopies() { return host<Settings>().setting(preference()) == "True"; }
 
-void setKeepsCopies(bool on) { host().saveSetting(preference(), on ? "True" : "False"); }
+void setKeepsCopies(bool on) { host<Settings>().saveSetting(preference(), on ? "True" : "False"); }
 
 void saveCopy(const UnitImage& unit) {
-  const std::string path = host().proposeFileToSave(unitFilter, proposedFileName(unit));
+  const std::string path = host<Files>().proposeFileToSave(unitFilter, proposedFileName(unit));
   if (saveOrSay(path, unitFileText(unit)) && countUnread(unit) > 0) {
     messageBox("The copy is kept in\r" + path + "\r\r" + gapsOf(unit), "", Icon::information);
   }
@@ -55,10 +58,10 @@ void saveCopy(const UnitImage& unit) {
 bool keepBeforeWrite(const UnitImage& unit, std::string& path) {
   try {
     const std::string name = freeName(unit);
-    host().replaceFile(name, unitFileText(unit));
+    host<Files>().replaceFile(name, unitFileText(unit));
     path = name;
   } catch (const RuntimeError& error) {
-    return writesAllTheSame("No copy of the unit could be kept in\r" + host().dataFolder() + "\r" +
+    return writesAllTheSame("No copy of the unit could be kept in\r" + host<Files>().dataFolder() + "\r" +
                             error.what());
   }
   const std::string gaps = gapsOf(unit);

@@ -10,8 +10,12 @@
 #include "core/NumberText.h"
 #include "editor/frmBigFolder.h"
 #include "knowledge/ReportSections.h"
-#include "platform/Host.h"
+#include "platform/Boxes.h"
+#include "platform/Clock.h"
+#include "platform/Printer.h"
+#include "platform/Printing.h"
 #include "platform/Program.h"
+#include "platform/RuntimeError.h"
 
 namespace torvane {
 
@@ -111,7 +115,7 @@ void printUnit(Printer& printer) {
   PrintText(printer, "   Part Number (user specified):  " + Hardware.ModelNumber + "\n");
   if (meterKind() == kind::simpleMenu) PrintText(printer, "   Feature:   -SM (Simplified Menu)\n");
   PrintText(printer, "   Firmware Version#:  " + Global.FirmwareVersion + "\n");
-  PrintText(printer, "   Date:  " + host().today() + "\n");
+  PrintText(printer, "   Date:  " + host<Clock>().today() + "\n");
   PrintText(printer, emptyLine);
 }
 
@@ -141,7 +145,7 @@ void printDocument(Printer& printer) {
 
 bool printReport() {
   return attempt([] {
-    const auto printer = host().choosePrinter(Global.FileName);
+    const auto printer = host<Printing>().choosePrinter(Global.FileName);
     printDocument(*printer);
   });
 }

@@ -6,7 +6,7 @@
 #include "core/Model.h"
 #include "dialogs/frmHardware.h"
 #include "editor/frmBigFolder.h"
-#include "platform/Host.h"
+#include "platform/Boxes.h"
 
 namespace torvane {
 

@@ -14,8 +14,11 @@
 #include "editor/Replacement.h"
 #include "editor/frmBigFolder.h"
 #include "knowledge/UnitFile.h"
-#include "platform/Host.h"
+#include "platform/Boxes.h"
+#include "platform/Clock.h"
+#include "platform/Files.h"
 #include "platform/Program.h"
+#include "platform/RuntimeError.h"
 
 namespace torvane {
 
@@ -72,30 +75,30 @@ std::string proposedName() {
   for (const char sign : Hardware.ModelNumber) {
     if (std::isalnum(static_cast<unsigned char>(sign)) != 0 || sign == '-') model += sign;
   }
-  return model + "-" + host().utcNow().substr(0, std::string_view("2026-03-01").size()) + ".cfg";
+  return model + "-" + host<Clock>().utcNow().substr(0, std::string_view("2026-03-01").size()) + ".cfg";
 }
 
-std::string rescueFile() { return host().dataFolder() + "/rescue.cfg"; }
+std::string rescueFile() { return host<Files>().dataFolder() + "/rescue.cfg"; }
 
 // The name under which a rescued setup stays: the next number that is free.
 std::string settledName() {
   for (std::int32_t number = 1;; ++number) {
-    std::string name = host().dataFolder() + "/rescued-" + numberText(number) + ".cfg";
-    if (!host().fileExists(name)) return name;
+    std::string name = host<Files>().dataFolder() + "/rescued-" + numberText(number) + ".cfg";
+    if (!host<Files>().fileExists(name)) return name;
   }
 }
 
 // The file's present name: where it can't be renamed it keeps its own.
 std::string settle(const std::string& path) {
   std::string name = settledName();
-  return attempt([&] { host().renameFile(path, name); }) ? name : path;
+  return attempt([&] { host<Files>().renameFile(path, name); }) ? name : path;
 }
 
 }  // namespace
 
 // Hardware goes in as it is before the tabs are committed.
 std::string presentConfiguration() {
-  const double stamp = std::fmod(host().now(), secondsOfDay);
+  const double stamp = std::fmod(host<Clock>().now(), secondsOfDay);
   std::string file = configModelPart(stamp);
   auto& editor = form<frmBigFolder>();
   editor.reCover();
@@ -105,7 +108,7 @@ std::string presentConfiguration() {
 bool openConfiguration(const std::string& path) {
   ConfigCheck check;
   try {
-    const std::string bytes = host().readFile(path, longestConfiguration());
+    const std::string bytes = host<Files>().readFile(path, longestConfiguration());
     if (isUnitFile(bytes)) {
       refuse("This is a copy of a unit, not a setup:", path, copyHint);
       return false;
@@ -118,7 +121,7 @@ bool openConfiguration(const std::string& path) {
   if (!check.fault.empty() && !isWanted(path, check.fault)) return false;
   const Replacement undoable("open");
   // The reader takes as many bytes as this has characters.
-  if (check.fault.empty() && !check.older) BaseModel = host().fromCodePage(check.baseModel);
+  if (check.fault.empty() && !check.older) BaseModel = host<Files>().fromCodePage(check.baseModel);
   form<frmBigFolder>().FileOpen(path);
   remember(path);
   return true;
@@ -135,7 +138,7 @@ void openNamed(const std::string& path) {
 
 std::vector<std::string> recentFiles() {
   std::vector<std::string> files = storedFiles();
-  std::erase_if(files, [](const std::string& path) { return !host().fileExists(path); });
+  std::erase_if(files, [](const std::string& path) { return !host<Files>().fileExists(path); });
   return files;
 }
 
@@ -143,7 +146,7 @@ bool saveConfiguration(const std::string& path) {
   const std::string before = Global.FileName;
   Global.FileName = path;
   try {
-    host().exchangeFile(path, presentConfiguration());
+    host<Files>().exchangeFile(path, presentConfiguration());
     form<frmBigFolder>().takeAsInFile();
     remember(path);
     return true;
@@ -155,7 +158,7 @@ bool saveConfiguration(const std::string& path) {
 }
 
 void saveConfigurationAs() {
-  const std::string path = host().proposeFileToSave(configFilter, proposedName());
+  const std::string path = host<Files>().proposeFileToSave(configFilter, proposedName());
   if (!path.empty()) saveConfiguration(path);
 }
 
@@ -164,8 +167,8 @@ std::string keepForRescue() {
     if (!isLoaded<frmBigFolder>()) return "";
     const std::string setup = presentConfiguration();
     const std::string path = rescueFile();
-    if (host().fileExists(path)) settle(path);
-    host().exchangeFile(path, setup);
+    if (host<Files>().fileExists(path)) settle(path);
+    host<Files>().exchangeFile(path, setup);
     return "Your setup is kept and is offered at the next start:\r" + path;
   } catch (...) {
     return "";  // the error that ends the program is the one to show
@@ -173,7 +176,7 @@ std::string keepForRescue() {
 }
 
 void offerRescue() {
-  if (!host().fileExists(rescueFile())) return;
+  if (!host<Files>().fileExists(rescueFile())) return;
   const std::string path = settle(rescueFile());
   const Answer answer = messageBox(
       "The program ended with an error. The setup of that moment was kept:\r" + path + "\r\rOpen it now?", "",

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "platform/Host.h"
+#include "platform/Help.h"
 
 namespace torvane {
 
@@ -25,7 +25,7 @@ std::string guideFile(std::int16_t which) {
 }  // namespace
 
 void ShowHelp(std::int16_t which, std::string_view windowName) {
-  host().showHelp(guideFile(which).append(">").append(windowName));
+  host<Help>().showHelp(guideFile(which).append(">").append(windowName));
 }
 
 }  // namespace torvane

@@ -3,7 +3,11 @@
 #include "dialogs/TextOutput.h"
 
 #include "dialogs/Report.h"
-#include "platform/Host.h"
+#include "platform/Boxes.h"
+#include "platform/Files.h"
+#include "platform/Printer.h"
+#include "platform/Printing.h"
+#include "platform/RuntimeError.h"
 
 namespace torvane {
 
@@ -32,7 +36,7 @@ std::string fitForPaper(std::string_view line) {
 bool saveOrSay(const std::string& path, std::string_view bytes) {
   if (path.empty()) return false;
   try {
-    host().replaceFile(path, bytes);
+    host<Files>().replaceFile(path, bytes);
     return true;
   } catch (const RuntimeError& error) {
     messageBox(
@@ -56,7 +60,7 @@ void printLines(Printer& printer, const std::string& title, std::string_view tex
 
 void choosePrinterFor(const std::string& title, std::string_view text) {
   try {
-    printLines(*host().choosePrinter(title), title, text);
+    printLines(*host<Printing>().choosePrinter(title), title, text);
   } catch (const RuntimeError& error) {
     if (error.number == static_cast<int>(Fault::cancelled)) return;
     messageBox(std::string("It could not be printed.\r") + error.what(), "", Icon::critical);

@@ -19,7 +19,10 @@
 #include "editor/frmBigFolder.h"
 #include "knowledge/Compare.h"
 #include "knowledge/UnitFile.h"
-#include "platform/Host.h"
+#include "platform/Boxes.h"
+#include "platform/Files.h"
+#include "platform/RuntimeError.h"
+#include "platform/SerialPort.h"
 #include "protocol/frmSerial.h"
 #include "runs/AsLeftRun.h"
 #include "runs/ImageRun.h"
@@ -129,11 +132,11 @@ void followAddress(const RunOutcome& outcome, UnitImage copy) {
 }
 
 std::optional<UnitImage> openCopy() {
-  const std::string path = host().chooseFileToOpen(unitFilter);
+  const std::string path = host<Files>().chooseFileToOpen(unitFilter);
   if (path.empty()) return std::nullopt;
   UnitFileContent content;
   try {
-    content = readUnitFile(host().readFile(path, longestUnitFile + 1));
+    content = readUnitFile(host<Files>().readFile(path, longestUnitFile + 1));
   } catch (const RuntimeError& error) {
     content.fault = std::string("It can't be read: ") + error.what();
   }

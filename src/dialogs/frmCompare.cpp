@@ -5,7 +5,10 @@
 #include "core/Model.h"
 #include "dialogs/KeptCopies.h"
 #include "dialogs/TextOutput.h"
-#include "platform/Host.h"
+#include "platform/Boxes.h"
+#include "platform/Files.h"
+#include "platform/RuntimeError.h"
+#include "platform/WindowSystem.h"
 
 namespace torvane {
 
@@ -34,8 +37,8 @@ frmCompare::frmCompare() : Form("frmCompare", "Compare") {
   chkBus.onClick = [this] { compareAgain(); };
   cmdFirst.onClick = [this] { choose(first_); };
   cmdSecond.onClick = [this] { choose(second_); };
-  cmdCopy.onClick = [this] { host().copyText(text()); };
-  cmdSave.onClick = [this] { saveOrSay(host().chooseFileToSave(textFilter), text()); };
+  cmdCopy.onClick = [this] { host<WindowSystem>().copyText(text()); };
+  cmdSave.onClick = [this] { saveOrSay(host<Files>().chooseFileToSave(textFilter), text()); };
   cmdPrint.onClick = [this] { choosePrinterFor(caption(), text()); };
   cmdKeep.onClick = [this] { saveCopy(unit_); };
   cmdWrite.onClick = [this] {
@@ -90,11 +93,11 @@ void frmCompare::compareFiles() {
 }
 
 void frmCompare::choose(Chosen& file) {
-  const std::string path = host().chooseFileToOpen(eitherFilter);
+  const std::string path = host<Files>().chooseFileToOpen(eitherFilter);
   if (path.empty()) return;
   EitherFile content;
   try {
-    content = readEither(host().readFile(path, longestEither()));
+    content = readEither(host<Files>().readFile(path, longestEither()));
   } catch (const RuntimeError& error) {
     content.fault = std::string("It can't be read: ") + error.what();
   }

@@ -11,7 +11,8 @@
 #include "core/NumberText.h"
 #include "core/PartNumber.h"
 #include "editor/frmBigFolder.h"
-#include "platform/Host.h"
+#include "platform/Boxes.h"
+#include "platform/RuntimeError.h"
 
 namespace torvane {
 

@@ -11,7 +11,7 @@
 #include "dialogs/frmCompare.h"
 #include "editor/Replacement.h"
 #include "editor/frmBigFolder.h"
-#include "platform/Host.h"
+#include "platform/Files.h"
 #include "protocol/frmSerial.h"
 
 namespace torvane {
@@ -45,7 +45,7 @@ void frmRead::Form_Load() {
   if (!recent_.empty()) cboRecent.setListIndex(0);
 }
 
-void frmRead::cmdFile_Click() { open(host().chooseFileToOpen(configFilter)); }
+void frmRead::cmdFile_Click() { open(host<Files>().chooseFileToOpen(configFilter)); }
 
 void frmRead::cmdRecent_Click() {
   if (cboRecent.listIndex() >= 0) open(recent_[static_cast<std::size_t>(cboRecent.listIndex())]);

@@ -6,8 +6,12 @@
 
 #include "dialogs/TextOutput.h"
 #include "knowledge/CompareRows.h"
-#include "platform/Host.h"
+#include "platform/Boxes.h"
+#include "platform/Files.h"
+#include "platform/Printing.h"
 #include "platform/Program.h"
+#include "platform/RuntimeError.h"
+#include "platform/Settings.h"
 
 namespace torvane {
 
@@ -25,8 +29,8 @@ const std::string& whoSetting() {
 
 // A record is proof of its day: what is there already stays as it is. Empty: the user must choose again.
 std::string newFile(const char* filter, const std::string& name) {
-  std::string path = host().proposeFileToSave(filter, name);
-  if (path.empty() || !host().fileExists(path)) return path;
+  std::string path = host<Files>().proposeFileToSave(filter, name);
+  if (path.empty() || !host<Files>().fileExists(path)) return path;
   messageBox("There is a file of this name already:\r" + path +
                  "\rA record never replaces a file. Choose another name.",
              "", Icon::critical);
@@ -47,7 +51,7 @@ frmRecord::frmRecord() : Form("frmRecord", "Verify and record") {
 
 void frmRecord::Form_Load() {
   centre();
-  txtWho.setText(host().setting(whoSetting()));
+  txtWho.setText(host<Settings>().setting(whoSetting()));
 }
 
 void frmRecord::take(const AsLeft& record) {
@@ -80,7 +84,8 @@ void frmRecord::showRows() {
 
 AsLeft frmRecord::signedRecord() {
   record_.who = txtWho.text();
-  if (host().setting(whoSetting()) != record_.who) host().saveSetting(whoSetting(), record_.who);
+  if (host<Settings>().setting(whoSetting()) != record_.who)
+    host<Settings>().saveSetting(whoSetting(), record_.who);
   return record_;
 }
 
@@ -94,7 +99,7 @@ void frmRecord::savePdf() {
   const std::string path = newFile(pdfFilter, proposedFileName(record, "pdf"));
   if (path.empty()) return;
   try {
-    printLines(*host().makePdf(path), title, textOf(record));
+    printLines(*host<Printing>().makePdf(path), title, textOf(record));
   } catch (const RuntimeError& error) {
     messageBox(
         "The PDF could not be saved to\r" + path + "\r" + error.what() + "\rChoose another folder or file.",

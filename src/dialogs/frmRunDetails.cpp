@@ -6,7 +6,10 @@
 
 #include "dialogs/TextOutput.h"
 #include "editor/frmBigFolder.h"
-#include "platform/Host.h"
+#include "platform/Boxes.h"
+#include "platform/Files.h"
+#include "platform/RuntimeError.h"
+#include "platform/WindowSystem.h"
 
 namespace torvane {
 
@@ -17,7 +20,7 @@ const RunRecord& record() { return form<frmBigFolder>().lastRun; }
 }  // namespace
 
 frmRunDetails::frmRunDetails() : Form("frmRunDetails", "Run Details") {
-  cmdCopy.onClick = [] { host().copyText(textOf(record())); };
+  cmdCopy.onClick = [] { host<WindowSystem>().copyText(textOf(record())); };
   cmdSave.onClick = [] { cmdSave_Click(); };
   cmdPrint.onClick = [] { choosePrinterFor("Run Details", textOf(record())); };
   cmdClose.onClick = [this] { unload(); };
@@ -38,10 +41,10 @@ void frmRunDetails::Form_Load() {
 }
 
 void frmRunDetails::cmdSave_Click() {
-  const std::string path = host().chooseFileToSave(textFilter);
+  const std::string path = host<Files>().chooseFileToSave(textFilter);
   if (path.empty()) return;
   try {
-    host().replaceFile(path, textOf(record()));
+    host<Files>().replaceFile(path, textOf(record()));
   } catch (const RuntimeError& error) {
     messageBox("The history could not be saved to\r" + path + "\r" + error.what() +
                    "\rChoose another folder or file.",

@@ -9,7 +9,6 @@
 #include "dialogs/SetupFiles.h"
 #include "dialogs/UnitRuns.h"
 #include "editor/frmBigFolder.h"
-#include "platform/Host.h"
 
 namespace torvane {
 

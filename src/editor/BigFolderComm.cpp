@@ -8,7 +8,9 @@
 #include "dialogs/frmWrite.h"
 #include "editor/Replacement.h"
 #include "editor/frmBigFolder.h"
-#include "platform/Host.h"
+#include "platform/Boxes.h"
+#include "platform/Ports.h"
+#include "platform/RuntimeError.h"
 #include "runs/NoWay.h"
 #include "wizard/frmWizard.h"
 
@@ -101,7 +103,7 @@ void frmBigFolder::cboCommPort_Click() {
 
 void frmBigFolder::usePort(int port) {
   MSComm1->commPort = port;
-  const std::string hint = host().serialPortHint(port);
+  const std::string hint = host<Ports>().serialPortHint(port);
   cboCommPort.setToolTip(hint);
   try {
     MSComm1->open();

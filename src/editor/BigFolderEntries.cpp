@@ -5,7 +5,7 @@
 #include "core/NumberText.h"
 #include "dialogs/frmWarning.h"
 #include "editor/frmBigFolder.h"
-#include "platform/Host.h"
+#include "platform/Boxes.h"
 
 namespace torvane {
 

@@ -4,7 +4,9 @@
 #include "core/Global.h"
 #include "core/Model.h"
 #include "editor/frmBigFolder.h"
-#include "platform/Host.h"
+#include "platform/Boxes.h"
+#include "platform/Files.h"
+#include "platform/RuntimeError.h"
 
 namespace torvane {
 
@@ -16,7 +18,7 @@ void frmBigFolder::FileOpen(const std::string& path) {
 }
 
 void frmBigFolder::OpenConfiguration() {
-  const std::string path = host().chooseFileToOpen(configFilter);
+  const std::string path = host<Files>().chooseFileToOpen(configFilter);
   std::int16_t tab = 0;
   if (!path.empty() && readConfigurationFile(path, tab)) showLoaded(tab);
 }
@@ -28,7 +30,7 @@ bool frmBigFolder::readConfigurationFile(const std::string& path, std::int16_t& 
   Global.FileName = path;
   std::string bytes;
   try {
-    bytes = host().readFile(path, longestConfiguration());
+    bytes = host<Files>().readFile(path, longestConfiguration());
   } catch (const RuntimeError& error) {
     messageBox("Error: " + std::string(error.what()) + "\rCan't continue.", "", Icon::critical);
     reCover();

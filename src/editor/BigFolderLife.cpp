@@ -14,8 +14,12 @@
 #include "dialogs/frmSplash.h"
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
-#include "platform/Host.h"
+#include "platform/Clock.h"
+#include "platform/Ports.h"
 #include "platform/Program.h"
+#include "platform/RuntimeError.h"
+#include "platform/SerialPort.h"
+#include "platform/WindowSystem.h"
 #include "protocol/frmSerial.h"
 #include "wizard/frmWizard.h"
 
@@ -40,7 +44,7 @@ std::int16_t storedNumber(const std::string& text, std::int16_t ifMissing) {
 
 }  // namespace
 
-frmBigFolder::frmBigFolder() : MSComm1(host().makeSerialPort()) {
+frmBigFolder::frmBigFolder() : MSComm1(host<Ports>().makeSerialPort()) {
   takesFiles = true;
   wireTabs();
   wireKeys();
@@ -59,8 +63,8 @@ void frmBigFolder::Form_Load() {
   auto& splash = form<frmSplash>();
   hide();
   splash.show();
-  host().repaint(splash);
-  const double start = std::nearbyint(host().now());
+  host<WindowSystem>().repaint(splash);
+  const double start = std::nearbyint(host<Clock>().now());
   initBigFolder();
   keepSplashUp(start);
   torvane::unload<frmSplash>();
@@ -97,8 +101,8 @@ void frmBigFolder::initSplash() {
 }
 
 void frmBigFolder::keepSplashUp(double start) const {
-  const auto left = [&] { return splashTime - (host().now() - start); };
-  while (left() > 0) host().idle(left());
+  const auto left = [&] { return splashTime - (host<Clock>().now() - start); };
+  while (left() > 0) host<Clock>().idle(left());
 }
 
 void frmBigFolder::initBigFolder() {

@@ -12,7 +12,7 @@
 #include "knowledge/EncodedSetup.h"
 #include "knowledge/Losses.h"
 #include "knowledge/UnitImage.h"
-#include "platform/Host.h"
+#include "platform/Clock.h"
 
 namespace torvane {
 
@@ -101,7 +101,7 @@ const char* verdictWord(const RunOutcome& outcome) {
 
 // As "14:05".
 std::string timeOfDay() {
-  const auto minutes = static_cast<int>(std::fmod(host().now(), 86400.0) / 60);
+  const auto minutes = static_cast<int>(std::fmod(host<Clock>().now(), 86400.0) / 60);
   const auto twoDigits = [](int number) { return formatNumber(static_cast<double>(number), "00"); };
   return twoDigits(minutes / 60) + ":" + twoDigits(minutes % 60);
 }

@@ -10,7 +10,7 @@
 #include "core/Memo.h"
 #include "core/Model.h"
 #include "knowledge/UnitFile.h"
-#include "platform/Host.h"
+#include "platform/Files.h"
 
 namespace torvane {
 
@@ -53,7 +53,7 @@ EitherFile readSetup(std::string_view bytes) {
   storeDefaults();
   resetDeviceState();
   // The reader takes as many bytes as this has characters.
-  if (!check.older) BaseModel = host().fromCodePage(check.baseModel);
+  if (!check.older) BaseModel = host<Files>().fromCodePage(check.baseModel);
   readConfiguration(bytes);
   takeModelCopies();
   return {.setup = encodeSetup(), .copy = {}, .fault = {}};

@@ -8,7 +8,7 @@
 #include "core/Model.h"
 #include "core/NumberText.h"
 #include "network/NetworkChannel.h"
-#include "platform/Host.h"
+#include "platform/Clock.h"
 #include "protocol/Probe.h"
 #include "protocol/Waits.h"
 #include "reading/MeterType.h"
@@ -72,7 +72,7 @@ void tellCables(Run& run) {
 bool connectsToBridge(Run& run, NetworkChannel& channel) {
   run.view.wizardLooks("Testing the connection to " + channel.NetHost + ", port " +
                        numberText(channel.NetPort) + "...");
-  const double start = host().now();
+  const double start = host<Clock>().now();
   channel.connect();
   publish(run, 1);
   if (!waitFor(channel.socketConnected, connectLimit)) {
@@ -84,7 +84,7 @@ bool connectsToBridge(Run& run, NetworkChannel& channel) {
   }
   run.view.wizardSays("The connection with the web server was done");
   channel.socketData = False;
-  if (waitFor(channel.socketData, listenLimit - (host().now() - start))) {
+  if (waitFor(channel.socketData, listenLimit - (host<Clock>().now() - start))) {
     run.view.wizardSays(
         "Data has unexpectedly been received.  If using Relayon/Ethernet hardware, please disable Host or "
         "Continuous mode");

@@ -3,7 +3,8 @@
 #include "platform/Control.h"
 
 #include "platform/Form.h"
-#include "platform/Host.h"
+#include "platform/Boxes.h"
+#include "platform/RuntimeError.h"
 
 namespace torvane {
 
@@ -37,7 +38,7 @@ void Control::act(const Handler& handler) const {
   try {
     handler();
   } catch (const RuntimeError& error) {
-    host().fail(error.what());
+    host<Boxes>().fail(error.what());
   }
 }
 

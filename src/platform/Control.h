@@ -100,7 +100,7 @@ class Control {
   }
   // Runs a handler; the form it belongs to lives until the handler has returned.
   void raise(const Handler& handler) const;
-  // Runs what the user did; an error that no handler caught ends the program (Host::fail).
+  // Runs what the user did; an error that no handler caught ends the program (Boxes::fail).
   void act(const Handler& handler) const;
 
  private:

@@ -4,8 +4,9 @@
 
 #include <algorithm>
 
+#include "platform/Files.h"
 #include "platform/Form.h"
-#include "platform/Host.h"
+#include "platform/RuntimeError.h"
 
 namespace torvane {
 
@@ -77,7 +78,7 @@ void ScrollBar::userScrolled(int value) {
 void ProgressBar::setValue(int value) { assign(value_, std::clamp(value, 0, max_)); }
 
 void Animation::open(const std::string& file) {
-  if (!host().fileExists(file)) throw RuntimeError(Fault::fileNotFound, "File not found");
+  if (!host<Files>().fileExists(file)) throw RuntimeError(Fault::fileNotFound, "File not found");
   assign(file_, file);
 }
 

@@ -5,7 +5,10 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/Host.h"
+#include "platform/Boxes.h"
+#include "platform/Clock.h"
+#include "platform/RuntimeError.h"
+#include "platform/WindowSystem.h"
 
 namespace torvane {
 
@@ -21,7 +24,7 @@ constexpr double longWait = 1.0;  // seconds; any event ends it
 
 }  // namespace
 
-Timer::Timer(Form& form, double interval) : interval_(interval), due_(host().now() + interval) {
+Timer::Timer(Form& form, double interval) : interval_(interval), due_(host<Clock>().now() + interval) {
   form.timers_.push_back(this);
 }
 
@@ -40,7 +43,7 @@ void Form::show() {
   if (shown_) return;
   const HandlerScope scope(*this);
   shown_ = true;
-  host().show(*this, false);
+  host<WindowSystem>().show(*this, false);
   Form_Activate();
 }
 
@@ -50,7 +53,7 @@ void Form::showModal() {
   try {
     const HandlerScope scope(*this);
     shown_ = true;
-    host().show(*this, true);
+    host<WindowSystem>().show(*this, true);
     Form_Activate();
   } catch (...) {
     std::erase(Forms.modal, this);
@@ -58,7 +61,7 @@ void Form::showModal() {
     throw;
   }
   while (shown_) {
-    host().idle(untilNextTick());
+    host<Clock>().idle(untilNextTick());
     serveTimers();
   }
   std::erase(Forms.modal, this);
@@ -66,19 +69,19 @@ void Form::showModal() {
 
 double Form::untilNextTick() const {
   double wait = longWait;
-  for (const Timer* timer : timers_) wait = std::min(wait, timer->due_ - host().now());
+  for (const Timer* timer : timers_) wait = std::min(wait, timer->due_ - host<Clock>().now());
   return std::max(wait, 0.0);
 }
 
 void Form::serveTimers() {
   const HandlerScope scope(*this);
   for (Timer* timer : timers_) {
-    if (!shown_ || host().now() < timer->due_) continue;
-    timer->due_ = host().now() + timer->interval_;
+    if (!shown_ || host<Clock>().now() < timer->due_) continue;
+    timer->due_ = host<Clock>().now() + timer->interval_;
     try {
       if (timer->onTimer) timer->onTimer();
     } catch (const RuntimeError& error) {
-      host().fail(error.what());
+      host<Boxes>().fail(error.what());
     }
   }
 }
@@ -87,11 +90,11 @@ void Form::hide() {
   if (!shown_) return;
   const HandlerScope scope(*this);
   shown_ = false;
-  host().hide(*this);
+  host<WindowSystem>().hide(*this);
   Form_Deactivate();
 }
 
-void Form::centre() { host().centre(*this); }
+void Form::centre() { host<WindowSystem>().centre(*this); }
 
 bool Form::reachable() const {
   return shown_ && (aside || Forms.modal.empty() || Forms.modal.back() == this);
@@ -103,7 +106,7 @@ void Form::userClosed() {
   try {
     if (!Form_QueryUnload()) unload();
   } catch (const RuntimeError& error) {
-    host().fail(error.what());
+    host<Boxes>().fail(error.what());
   }
 }
 
@@ -112,7 +115,7 @@ void Form::userPressedKey() {
     const HandlerScope scope(*this);
     Form_KeyPress();
   } catch (const RuntimeError& error) {
-    host().fail(error.what());
+    host<Boxes>().fail(error.what());
   }
 }
 
@@ -123,7 +126,7 @@ void Form::userTookShortcut(const std::string& keys) {
   try {
     found->act();
   } catch (const RuntimeError& error) {
-    host().fail(error.what());
+    host<Boxes>().fail(error.what());
   }
 }
 
@@ -133,7 +136,7 @@ void Form::userDropped(const std::string& path) {
   try {
     Form_FileDropped(path);
   } catch (const RuntimeError& error) {
-    host().fail(error.what());
+    host<Boxes>().fail(error.what());
   }
 }
 
@@ -157,7 +160,7 @@ void Form::finishUnload() {
     throw;
   }
   --handlersRunning_;
-  host().release(*this);
+  host<WindowSystem>().release(*this);
   if (forget_) forget_();
   std::erase_if(Forms.loaded, [this](const auto& form) { return form.get() == this; });
 }
@@ -173,7 +176,7 @@ HandlerScope::~HandlerScope() {
   try {
     form_->finishUnload();
   } catch (const RuntimeError& error) {
-    host().fail(error.what());
+    host<Boxes>().fail(error.what());
   }
 }
 
@@ -189,7 +192,7 @@ void unloadAllForms() {
   while (!Forms.loaded.empty()) {
     const auto last = Forms.loaded.back();
     Forms.loaded.pop_back();
-    host().release(*last);
+    host<WindowSystem>().release(*last);
     last->forget_();
   }
 }

@@ -1,29 +1,23 @@
 // SPDX-License-Identifier: MIT
-// The one host of the process.
-#include "platform/Host.h"
-
+// What the machine's interfaces do where no machine says otherwise.
+#include "platform/Boxes.h"
 #include "platform/CodePage.h"
+#include "platform/Files.h"
+#include "platform/Printing.h"
+#include "platform/RuntimeError.h"
 
 namespace torvane {
 
-namespace {
-constinit Host* theHost = nullptr;
-}
+std::string Files::toCodePage(std::string_view text) { return toWindows1252(text); }
 
-Host& host() { return *theHost; }
+std::string Files::fromCodePage(std::string_view bytes) { return fromWindows1252(bytes); }
 
-void setHost(Host* host) { theHost = host; }
-
-std::string Host::toCodePage(std::string_view text) { return toWindows1252(text); }
-
-std::string Host::fromCodePage(std::string_view bytes) { return fromWindows1252(bytes); }
-
-std::unique_ptr<Printer> Host::makePdf(const std::string&) {
+std::unique_ptr<Printer> Printing::makePdf(const std::string&) {
   throw RuntimeError(Fault::printerFault, "This program makes no PDF files.");
 }
 
 Answer messageBox(std::string_view text, std::string_view title, Icon icon, Buttons buttons) {
-  return host().messageBox(text, title, icon, buttons);
+  return host<Boxes>().messageBox(text, title, icon, buttons);
 }
 
 }  // namespace torvane

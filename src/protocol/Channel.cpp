@@ -6,7 +6,7 @@
 
 #include "core/Global.h"
 #include "core/Model.h"
-#include "platform/Host.h"
+#include "platform/Clock.h"
 
 namespace torvane {
 
@@ -55,7 +55,7 @@ std::string Channel::readRegister(std::string_view reg) {
     noteReply(reply);
     accepted = !reply.empty() && !isRefused(reply);
     if (contains(reply, "*")) ++loops;
-    host().yield();
+    host<Clock>().yield();
   }
   countLoops(loops);
   endRegister();
@@ -110,7 +110,7 @@ std::string Channel::writeAndVerify(const std::string& reg, const std::string& m
     trace_.after = isRefused(reply) ? "" : dataOf(reply);
     if (isSame(reply, good)) return "Success";
     if (contains(reply, "*")) ++loops;
-    host().yield();
+    host<Clock>().yield();
   }
   countLoops(loops);
   trace_.reason =

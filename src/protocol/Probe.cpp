@@ -5,7 +5,8 @@
 #include "core/Global.h"
 #include "core/Model.h"
 #include "core/NumberText.h"
-#include "platform/Host.h"
+#include "platform/Clock.h"
+#include "platform/RuntimeError.h"
 #include "protocol/SerialChannel.h"
 #include "protocol/Waits.h"
 #include "reading/MeterType.h"
@@ -44,7 +45,7 @@ constexpr const char* wiringWords =
 // One command of the probe. The windows are served behind it: three silent ones must not hold them.
 std::string ask(SerialChannel& channel, std::string_view command) {
   std::string reply = channel.writePort(framed(command));
-  host().yield();
+  host<Clock>().yield();
   return reply;
 }
 

@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/Host.h"
+#include "platform/Clock.h"
+#include "platform/RuntimeError.h"
+#include "platform/SerialPort.h"
 
 namespace torvane {
 
@@ -75,12 +77,12 @@ std::string SerialChannel::writePort(std::string_view command) {
 
 // With its line end; empty when the time is over.
 std::string SerialChannel::collectReply(std::string_view echo) {
-  const double start = std::nearbyint(host().now());
+  const double start = std::nearbyint(host<Clock>().now());
   std::size_t received = 0;
   std::string reply;
   while (!endsLine(reply)) {
     const bool waiting = port_.inBufferCount() > 0;
-    const double elapsed = host().now() - start;
+    const double elapsed = host<Clock>().now() - start;
     if (waiting ? isBabble(received, elapsed) : elapsed > replyLimit) return "";
     if (!waiting) {
       port_.waitForInput(replyLimit - elapsed);
@@ -134,6 +136,6 @@ void SerialChannel::query(std::string_view framedCommand, std::string& reply) {
   }
 }
 
-void SerialChannel::betweenCommands() { host().yield(); }
+void SerialChannel::betweenCommands() { host<Clock>().yield(); }
 
 }  // namespace torvane

@@ -4,35 +4,35 @@
 
 #include <cmath>
 
-#include "platform/Host.h"
+#include "platform/Clock.h"
 
 namespace torvane {
 
 void Delay(float seconds) {
-  double start = host().now();
+  double start = host<Clock>().now();
   double elapsed = 0;
   while (elapsed <= seconds) {
-    if (elapsed < 0) start = host().now();
-    host().idle(elapsed < 0 ? seconds : seconds - elapsed);
-    elapsed = host().now() - start;
+    if (elapsed < 0) start = host<Clock>().now();
+    host<Clock>().idle(elapsed < 0 ? seconds : seconds - elapsed);
+    elapsed = host<Clock>().now() - start;
   }
 }
 
 void pause(std::int16_t seconds) {
-  const double end = std::nearbyint(host().now()) + seconds;
-  const auto left = [end] { return end - host().now(); };
-  host().yield();
-  while (left() > 0) host().idle(left());
+  const double end = std::nearbyint(host<Clock>().now()) + seconds;
+  const auto left = [end] { return end - host<Clock>().now(); };
+  host<Clock>().yield();
+  while (left() > 0) host<Clock>().idle(left());
 }
 
 bool waitFor(const std::int16_t& flag, double seconds) {
-  double start = host().now();
+  double start = host<Clock>().now();
   double elapsed = 0;
   while (elapsed < seconds) {
-    if (elapsed < 0) start = host().now();
-    host().idle(elapsed < 0 ? seconds : seconds - elapsed);
+    if (elapsed < 0) start = host<Clock>().now();
+    host<Clock>().idle(elapsed < 0 ? seconds : seconds - elapsed);
     if (flag != 0) return true;
-    elapsed = host().now() - start;
+    elapsed = host<Clock>().now() - start;
   }
   return false;
 }

@@ -5,7 +5,9 @@
 #include "core/Global.h"
 #include "core/Memo.h"
 #include "core/Model.h"
-#include "platform/Host.h"
+#include "platform/Boxes.h"
+#include "platform/Clock.h"
+#include "platform/RuntimeError.h"
 #include "protocol/Channel.h"
 #include "protocol/Steps.h"
 #include "protocol/Waits.h"
@@ -50,7 +52,7 @@ void WriteWalk::walk() {
   for (const Rows& rows : stepGroups()) {
     channel_.registerMask = 0;
     if (!take(rows)) return;
-    host().yield();
+    host<Clock>().yield();
     if (wiringFault()) {
       endAtWiringFault();
       return;

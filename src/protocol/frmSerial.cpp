@@ -12,7 +12,11 @@
 #include "network/NetworkChannel.h"
 #include "network/NetworkRuns.h"
 #include "network/NetworkTest.h"
-#include "platform/Host.h"
+#include "platform/Boxes.h"
+#include "platform/Files.h"
+#include "platform/Ports.h"
+#include "platform/RuntimeError.h"
+#include "platform/SerialPort.h"
 #include "protocol/Probe.h"
 #include "protocol/Waits.h"
 #include "protocol/WriteRun.h"
@@ -32,9 +36,9 @@ constexpr float lastLook = 1.0F;  // seconds that the end of a run stays on the 
 
 frmSerial::frmSerial()
     : Form("frmSerial", "Communications Status"),
-      MSComm1(host().makeSerialPort()),
+      MSComm1(host<Ports>().makeSerialPort()),
       channel(*MSComm1),
-      winSock1(host().makeSocket()),
+      winSock1(host<Ports>().makeSocket()),
       network(std::make_unique<NetworkChannel>(*winSock1)),
       detection(std::make_unique<DeviceDetection>()) {
   cmdCancel.onClick = [this] { cmdCancel_Click(); };
@@ -46,7 +50,7 @@ frmSerial::~frmSerial() = default;
 void frmSerial::Form_Load() {
   centre();
   attempt([this] {
-    Animation1.open(host().programFolder() + "/search.avi");
+    Animation1.open(host<Files>().programFolder() + "/search.avi");
     Animation1.setVisible(true);
     const SerialPort& chosen = *form<frmBigFolder>().MSComm1;
     MSComm1->commPort = chosen.commPort;
@@ -89,7 +93,7 @@ bool frmSerial::serialPath() {
     run.outcome.end = RunEnd::noUnit;
     keepVerdict();
     hide();
-    host().beep();
+    host<Boxes>().beep();
     messageBox(
         "Communication with controller cannot be established.\r"
         "Please verify COM setup and connection, then try again.",
@@ -97,7 +101,7 @@ bool frmSerial::serialPath() {
     return false;
   }
   upProg(3);
-  attempt([this] { Animation1.open(host().programFolder() + "/filecopy.avi"); });
+  attempt([this] { Animation1.open(host<Files>().programFolder() + "/filecopy.avi"); });
   runOverSerial();
   resetWhenWanted([this] {
     std::int16_t reset = 1;
@@ -178,7 +182,7 @@ std::string frmSerial::whatIsInTheWay() {
   const bool serial = overSerial();
   if (!serial || channel.everOpened()) return adviceFor(run.outcome, searchWords_);
   run.outcome.end = RunEnd::noPort;
-  return MSComm1->commPort > 0 ? host().serialPortHint(MSComm1->commPort) : noWay::noPortChosen.advice;
+  return MSComm1->commPort > 0 ? host<Ports>().serialPortHint(MSComm1->commPort) : noWay::noPortChosen.advice;
 }
 
 void frmSerial::keepVerdict() {
@@ -221,7 +225,7 @@ void frmSerial::showTarget() {
 
 std::string frmSerial::serialTarget() {
   if (MSComm1->commPort <= 0) return "No serial port is chosen";
-  lblTarget.setToolTip(host().serialPortHint(MSComm1->commPort));
+  lblTarget.setToolTip(host<Ports>().serialPortHint(MSComm1->commPort));
   return "COM " + numberText(std::int32_t{MSComm1->commPort}) + ", " + MSComm1->settings;
 }
 

@@ -4,6 +4,8 @@
 #include "core/NumberText.h"
 #include "dialogs/frmTimedMessage.h"
 #include "editor/frmBigFolder.h"
+#include "platform/Boxes.h"
+#include "platform/Clock.h"
 #include "protocol/frmSerial.h"
 #include "wizard/frmWizard.h"
 
@@ -56,11 +58,11 @@ void frmSerial::notice(std::string_view text) {
 
 // What is on the main window enters Memo before any run.
 void frmSerial::commitTabs() {
-  form<frmBigFolder>().commitForRun([] { host().yield(); });
+  form<frmBigFolder>().commitForRun([] { host<Clock>().yield(); });
 }
 
 void frmSerial::showTabs() {
-  form<frmBigFolder>().showRecords([] { host().yield(); });
+  form<frmBigFolder>().showRecords([] { host<Clock>().yield(); });
 }
 
 void frmSerial::takeAnalogOutputAway() {

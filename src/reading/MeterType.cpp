@@ -8,7 +8,7 @@
 #include "core/Model.h"
 #include "core/NumberText.h"
 #include "network/NetworkChannel.h"
-#include "platform/Host.h"
+#include "platform/Clock.h"
 #include "protocol/SerialChannel.h"
 #include "protocol/Waits.h"
 
@@ -86,7 +86,7 @@ void checkMeterType(Run& run, std::int16_t& type, const TypeQuery& query) {
 void ComCheckForMeterType(Run& run, SerialChannel& channel, std::int16_t& type) {
   checkMeterType(run, type, [&channel](const std::string& command, bool settles) {
     std::string reply = withoutReturn(channel.writePort(command));
-    host().yield();
+    host<Clock>().yield();
     if (settles) Delay(settle);
     return reply;
   });

@@ -8,7 +8,8 @@
 #include "core/Memo.h"
 #include "core/Model.h"
 #include "core/NumberText.h"
-#include "platform/Host.h"
+#include "platform/Boxes.h"
+#include "platform/Ports.h"
 #include "protocol/Probe.h"
 #include "protocol/SerialChannel.h"
 #include "runs/NoWay.h"
@@ -71,7 +72,8 @@ std::optional<int> scanPorts(Run& run, SerialChannel& channel, int except) {
 void sayNothingFound(Run& run, const SerialChannel& channel, int chosen) {
   run.view.wizardSays(nothingFound);
   if (channel.everOpened()) return;
-  run.view.wizardAdds("\r" + std::string(noWay::noPortOpens.advice) + ". " + host().serialPortHint(chosen));
+  run.view.wizardAdds("\r" + std::string(noWay::noPortOpens.advice) + ". " +
+                      host<Ports>().serialPortHint(chosen));
 }
 
 }  // namespace

@@ -4,7 +4,8 @@
 
 #include "core/Global.h"
 #include "core/Model.h"
-#include "platform/Host.h"
+#include "platform/Clock.h"
+#include "platform/RuntimeError.h"
 #include "protocol/Channel.h"
 #include "protocol/Steps.h"
 #include "protocol/Waits.h"
@@ -85,7 +86,7 @@ void readConfiguration(Run& run, Channel& channel) {
     for (const Rows& rows : stepGroups()) {
       channel.registerMask = 0;
       readStep(run, channel, rows);
-      host().yield();
+      host<Clock>().yield();
       if (isCancelled()) run.outcome.end = RunEnd::cancelled;
       if (isCancelled() || givesUp(run, channel, failedSteps)) return;
     }

@@ -5,7 +5,7 @@
 #include "core/Global.h"
 #include "core/Model.h"
 #include "knowledge/RegisterMap.h"
-#include "platform/Host.h"
+#include "platform/Clock.h"
 #include "protocol/Channel.h"
 #include "protocol/Steps.h"
 #include "reading/DecodersPayload.h"
@@ -20,7 +20,7 @@ void moveBar(Run& run, const RegisterStep& row) {
 
 // False: the user has had enough, or the line is out of order.
 bool goesOn(Run& run, const Channel& channel) {
-  host().yield();
+  host<Clock>().yield();
   if (channel.rules().heedsWiring && channel.isMiswired()) run.outcome.end = RunEnd::wiring;
   if (isCancelled()) run.outcome.end = RunEnd::cancelled;
   return run.outcome.end == RunEnd::finished;
@@ -34,7 +34,7 @@ UnitImage identified(const Run& run) {
   image.version = Global.FirmwareVersion;
   image.line = run.outcome.line;
   image.address = run.outcome.address;
-  image.read = host().utcNow();
+  image.read = host<Clock>().utcNow();
   return image;
 }
 

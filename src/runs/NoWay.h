@@ -25,7 +25,7 @@ extern const NoWay noPortChosen;
 extern const NoWay noPortOpens;  // the wizard says it in front of what the system says of the port
 }  // namespace noWay
 
-// All of them. The system says what keeps a port from being opened: Host::serialPortHint.
+// All of them. The system says what keeps a port from being opened: Ports::serialPortHint.
 std::span<const NoWay* const> noWays();
 
 // Of a run that did not reach its unit, judged by how it ended and by the last words of the search; empty

@@ -5,12 +5,12 @@
 #include <utility>
 
 #include "core/Model.h"
-#include "platform/Host.h"
+#include "platform/Clock.h"
 
 namespace torvane {
 
 void beginOutcome(Run& run, std::string line) {
-  run.outcome = {.reading = run.reading, .startedAt = host().utcNow(), .line = std::move(line)};
+  run.outcome = {.reading = run.reading, .startedAt = host<Clock>().utcNow(), .line = std::move(line)};
   if (Hardware.BusMode != 0 && Hardware.BusMode != 2) run.outcome.address = Hardware.BusAddress;
 }
 

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "platform/Host.h"
+#include "platform/Boxes.h"
 
 namespace torvane {
 

@@ -6,7 +6,7 @@
 #include <memory>
 #include <utility>
 
-#include "platform/Host.h"
+#include "platform/Files.h"
 #include "platform/RuntimeError.h"
 #include "platform/qt/io/AppendedFile.h"
 #include "platform/qt/io/QtText.h"
@@ -69,7 +69,7 @@ Journal journalSoFar(const Arguments& arguments) {
     throw Problem(ExitCode::file, path + " is there already", "With --resume the batch goes on with it.");
   }
   constexpr std::size_t longestJournal = 1'000'000'000;
-  Journal journal = parseJournal(host().readFile(path, longestJournal));
+  Journal journal = parseJournal(host<Files>().readFile(path, longestJournal));
   if (!journal.problem.empty()) {
     throw Problem(ExitCode::file, path + ": " + journal.problem, "A new journal begins the batch anew.");
   }
@@ -211,7 +211,7 @@ class Batch {
     object["journal"] = arguments_.journal;
     object["rows"] = resultsJson(results);
     object["verdict"] = code == ExitCode::done ? "pass" : "fail";
-    if (!arguments_.results.empty()) host().replaceFile(arguments_.results, resultsCsv(results));
+    if (!arguments_.results.empty()) host<Files>().replaceFile(arguments_.results, resultsCsv(results));
     output_.print(object, resultsTable(results));
     return code;
   }

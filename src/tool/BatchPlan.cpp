@@ -11,7 +11,7 @@
 
 #include "core/ConfigFile.h"
 #include "knowledge/EncodedSetup.h"
-#include "platform/Host.h"
+#include "platform/Files.h"
 #include "platform/RuntimeError.h"
 #include "platform/qt/io/QtText.h"
 #include "tool/Models.h"
@@ -28,7 +28,7 @@ constexpr std::size_t longestPlan = 16'000'000;
 
 std::string readPlan(const std::string& path) {
   try {
-    return host().readFile(path, longestPlan);
+    return host<Files>().readFile(path, longestPlan);
   } catch (const RuntimeError& fault) {
     throw Problem(ExitCode::file, path + ": " + fault.what());
   }
@@ -141,7 +141,7 @@ class Loader {
 }  // namespace
 
 std::string digestOf(const std::string& path) {
-  return digestOfBytes(host().readFile(path, longestConfiguration()));
+  return digestOfBytes(host<Files>().readFile(path, longestConfiguration()));
 }
 
 BatchPlan loadPlan(const std::string& path) { return Loader(path).load(); }

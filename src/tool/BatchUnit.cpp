@@ -4,7 +4,7 @@
 
 #include <QFileInfo>
 
-#include "platform/Host.h"
+#include "platform/RuntimeError.h"
 #include "platform/qt/io/QtText.h"
 #include "platform/qt/io/Terminal.h"
 #include "tool/BatchPlan.h"

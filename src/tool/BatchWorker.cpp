@@ -11,7 +11,7 @@
 #include <string>
 #include <thread>
 
-#include "platform/Host.h"
+#include "platform/Clock.h"
 #include "platform/qt/io/LockFile.h"
 #include "platform/qt/io/Terminal.h"
 #include "tool/BatchUnit.h"
@@ -72,7 +72,7 @@ class Parent {
 };
 
 void tell(Parent& parent, const PlanRow& row, Event event, const Json& more) {
-  const JournalEntry entry{host().utcNow(), row.row, lineText(row.on), row.serial, event, more};
+  const JournalEntry entry{host<Clock>().utcNow(), row.row, lineText(row.on), row.serial, event, more};
   parent.say(journalLine(entry), event != Event::reg);
 }
 

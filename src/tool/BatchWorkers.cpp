@@ -9,7 +9,7 @@
 #include <memory>
 #include <utility>
 
-#include "platform/Host.h"
+#include "platform/Clock.h"
 #include "platform/qt/io/Terminal.h"
 #include "tool/BatchWorker.h"
 
@@ -109,7 +109,7 @@ class Line {
     if (left_.tasks.empty() || wasInterrupted()) return;
     const PlanRow& row = left_.tasks.front().row;
     const auto add = [&](Event event, const Json& more) {
-      entries.push_back({host().utcNow(), row.row, lineText(row.on), row.serial, event, more});
+      entries.push_back({host<Clock>().utcNow(), row.row, lineText(row.on), row.serial, event, more});
     };
     if (!inHand_) add(Event::begin, {{"half", left_.tasks.front().half}});
     add(Event::failed, {{"reason", "the process for this line ended unexpectedly"}, {"half", mayBeWritten_}});
@@ -152,7 +152,7 @@ class Workers {
 
   // All that has come by now goes to the disk at once.
   void step() {
-    host().idle(look);
+    host<Clock>().idle(look);
     std::vector<JournalEntry> entries;
     for (Line& line : lines_) std::ranges::move(line.take(), std::back_inserter(entries));
     if (!entries.empty()) keep_(entries);

@@ -2,7 +2,7 @@
 // How a unit or a file differs from a setup.
 
 #include "core/Model.h"
-#include "platform/Host.h"
+#include "platform/Files.h"
 #include "tool/CompareReport.h"
 #include "tool/Connection.h"
 #include "tool/Declare.h"
@@ -45,7 +45,7 @@ ExitCode compareUnit(const Arguments& arguments, const Output& output) {
 }
 
 ExitCode run(const Arguments& arguments, const Output& output) {
-  if (!host().fileExists(arguments.first)) return compareUnit(arguments, output);
+  if (!host<Files>().fileExists(arguments.first)) return compareUnit(arguments, output);
   const UnitImage first = asUnit(loadEither(arguments.first));
   const EncodedSetup setup = asSetup(loadEither(arguments.setup), false);
   Json object = answer("compare");

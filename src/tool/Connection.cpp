@@ -11,7 +11,9 @@
 #include "core/NumberText.h"
 #include "network/NetworkAccess.h"
 #include "network/NetworkRuns.h"
-#include "platform/Host.h"
+#include "platform/Ports.h"
+#include "platform/RuntimeError.h"
+#include "platform/SerialPort.h"
 #include "platform/qt/io/DeviceFile.h"
 #include "platform/qt/io/Terminal.h"
 #include "protocol/Probe.h"
@@ -57,7 +59,7 @@ void mustNotBeCancelled() {
 
 std::unique_ptr<SerialPort> portOf(const LineArguments& line) {
   if (ToolHost* const machine = toolHost()) machine->device = line.name.device;
-  auto port = host().makeSerialPort();
+  auto port = host<Ports>().makeSerialPort();
   port->commPort = line.name.device.empty() ? line.name.commPort : 1;
   port->settings = chooseLine(line);
   return port;
@@ -66,7 +68,11 @@ std::unique_ptr<SerialPort> portOf(const LineArguments& line) {
 }  // namespace
 
 Connection::Connection(const LineArguments& line)
-    : line_(line), port_(portOf(line)), serial_(*port_), socket_(host().makeSocket()), network_(*socket_) {
+    : line_(line),
+      port_(portOf(line)),
+      serial_(*port_),
+      socket_(host<Ports>().makeSocket()),
+      network_(*socket_) {
   Global.CancelFlag = False;
   takeLine();
   if (!line_.name.overBridge()) mustBeOpenable();

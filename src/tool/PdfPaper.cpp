@@ -3,7 +3,7 @@
 #include "tool/PdfPaper.h"
 
 #include "core/NumberText.h"
-#include "platform/Host.h"
+#include "platform/Files.h"
 
 namespace torvane::tool {
 
@@ -27,7 +27,7 @@ std::string number(double value) { return formatNumber(value, "0.00"); }
 // A text in the code page that the fonts of a PDF have.
 std::string quoted(std::string_view text) {
   std::string inside;
-  for (const char letter : host().toCodePage(text)) {
+  for (const char letter : host<Files>().toCodePage(text)) {
     if (letter == '(' || letter == ')' || letter == '\\') inside += '\\';
     if (static_cast<unsigned char>(letter) >= ' ') inside += letter;
   }
@@ -100,7 +100,8 @@ int PdfPaper::pageHeight() { return (sheetHeight - 2 * edge) * twipsToPoint; }
 void PdfPaper::setFont(const std::string&, int points) { points_ = points; }
 
 int PdfPaper::textWidth(std::string_view text) {
-  return static_cast<int>(characterWidth * twipsToPoint) * static_cast<int>(host().toCodePage(text).size());
+  return static_cast<int>(characterWidth * twipsToPoint) *
+         static_cast<int>(host<Files>().toCodePage(text).size());
 }
 
 void PdfPaper::print(std::string_view text) {
@@ -130,6 +131,6 @@ void PdfPaper::newPage() {
   currentY = 0;
 }
 
-void PdfPaper::endDocument() { host().replaceFile(file_, pdfOf(pages_)); }
+void PdfPaper::endDocument() { host<Files>().replaceFile(file_, pdfOf(pages_)); }
 
 }  // namespace torvane::tool

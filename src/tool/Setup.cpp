@@ -13,8 +13,10 @@
 #include "core/Model.h"
 #include "core/NumberText.h"
 #include "knowledge/UnitFile.h"
-#include "platform/Host.h"
+#include "platform/Files.h"
 #include "platform/Program.h"
+#include "platform/RuntimeError.h"
+#include "platform/Settings.h"
 #include "tool/Problem.h"
 
 namespace torvane::tool {
@@ -25,7 +27,7 @@ constexpr std::int16_t factoryBaud = 5;
 constexpr std::int16_t onABus = 1;
 
 std::string preference(const char* key) {
-  return host().setting(std::string(program::title) + "/Persist/" + key);
+  return host<Settings>().setting(std::string(program::title) + "/Persist/" + key);
 }
 
 std::int16_t storedNumber(const char* key, std::int16_t ifMissing) {
@@ -37,7 +39,7 @@ std::int16_t storedNumber(const char* key, std::int16_t ifMissing) {
 
 std::string readWhole(const std::string& path, std::size_t most) {
   try {
-    return host().readFile(path, most);
+    return host<Files>().readFile(path, most);
   } catch (const RuntimeError& fault) {
     throw Problem(ExitCode::file, path + ": " + fault.what());
   }
@@ -45,7 +47,7 @@ std::string readWhole(const std::string& path, std::size_t most) {
 
 void replaceWhole(const std::string& path, std::string_view bytes) {
   try {
-    host().replaceFile(path, bytes);
+    host<Files>().replaceFile(path, bytes);
   } catch (const RuntimeError& fault) {
     throw Problem(ExitCode::file, path + ": " + fault.what());
   }

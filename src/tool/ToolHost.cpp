@@ -119,6 +119,6 @@ void ToolHost::fail(const std::string& description) {
   std::exit(EXIT_FAILURE);
 }
 
-ToolHost* toolHost() { return dynamic_cast<ToolHost*>(&host()); }
+ToolHost* toolHost() { return dynamic_cast<ToolHost*>(theHost<Clock>); }
 
 }  // namespace torvane::tool

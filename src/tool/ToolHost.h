@@ -10,14 +10,17 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/Host.h"
+#include "platform/Machine.h"
+#include "platform/Printer.h"
+#include "platform/SerialPort.h"
+#include "platform/Socket.h"
 #include "platform/qt/io/Files.h"
 #include "platform/qt/io/QtPorts.h"
 #include "platform/qt/io/QtSettings.h"
 
 namespace torvane::tool {
 
-class ToolHost : public Host {
+class ToolHost : public Machine {
  public:
   ToolHost();
 

@@ -4,7 +4,9 @@
 
 #include "core/Global.h"
 #include "knowledge/AsLeft.h"
-#include "platform/Host.h"
+#include "platform/Clock.h"
+#include "platform/Files.h"
+#include "platform/RuntimeError.h"
 #include "tool/Connection.h"
 #include "tool/Models.h"
 
@@ -19,7 +21,7 @@ UnitImage imageAfter(const RunOutcome& outcome, const RecordHead& head, int kind
   image.version = Global.FirmwareVersion;
   image.line = head.line;
   image.address = outcome.address;
-  image.read = host().utcNow();
+  image.read = host<Clock>().utcNow();
   for (const RegisterOutcome& each : outcome.registers) contentOf(image, each.reg).payload = each.after;
   return image;
 }
@@ -50,7 +52,7 @@ UnitImage imageBefore(const RunOutcome& outcome, int kind) {
 void saveRecord(const std::string& path, const RecordHead& head, const RunOutcome& outcome,
                 const UnitImage& before) {
   try {
-    host().replaceFile(path, jsonOf(recordOf(head, outcome, before)));
+    host<Files>().replaceFile(path, jsonOf(recordOf(head, outcome, before)));
   } catch (const RuntimeError& fault) {
     throw Problem(ExitCode::file, path + ": " + fault.what(), "The unit was written to.");
   }

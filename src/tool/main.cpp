@@ -41,7 +41,7 @@ int main(int count, char** words) {
   QCoreApplication::setApplicationName(program::title);
   QCoreApplication::setOrganizationName(program::company);
   tool::ToolHost host;
-  setHost(&host);
+  setMachine(&host);
   watchInterrupts();
   return run(wordsOfCommandLine(count, words));
 }

@@ -8,7 +8,9 @@
 #include "core/NumberText.h"
 #include "dialogs/frmHardware.h"
 #include "editor/frmBigFolder.h"
-#include "platform/Host.h"
+#include "platform/Boxes.h"
+#include "platform/RuntimeError.h"
+#include "platform/WindowSystem.h"
 #include "protocol/frmSerial.h"
 
 namespace torvane {
@@ -200,7 +202,7 @@ void frmWizard::test() {
 // revision is taken before. It may have been used for a read earlier, which is over.
 std::int16_t frmWizard::run() {
   prgProgress.setValue(0);
-  host().repaint(*this);
+  host<WindowSystem>().repaint(*this);
   Global.AutoDetect = True;
   auto& status = form<frmSerial>();
   status.readMode = False;

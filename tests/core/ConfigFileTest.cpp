@@ -11,7 +11,9 @@
 #include "core/Memo.h"
 #include "core/Model.h"
 #include "platform/CodePage.h"
+#include "tests/support/Alone.h"
 #include "tests/support/Bench.h"
+#include "tests/support/FakeFiles.h"
 
 namespace torvane {
 
@@ -45,7 +47,7 @@ class ConfigFile : public ::testing::Test {
     return configModelPart(stamp) + configSetupPart(tab, stamp);
   }
 
-  VirtualHost host;
+  Alone<Files, FakeFiles> host;
 };
 
 struct Everything {

@@ -4,7 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/platform/FakeHost.h"
+#include "tests/support/Alone.h"
+#include "tests/support/FakeSettings.h"
 
 namespace torvane {
 
@@ -28,7 +29,7 @@ class RegistryTest : public ::testing::Test {
     return store.Setting;
   }
 
-  FakeHost host;
+  Alone<Settings, FakeSettings> host;
   Registry store;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the controls promise: when handlers run, what is refused, and what the view hears.
 #include "platform/Controls.h"
+#include "platform/RuntimeError.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -253,7 +254,7 @@ TEST_F(ControlsTest, KeepsTheBarWithinItsRange) {
 }
 
 TEST_F(ControlsTest, RefusesAnAnimationThatIsNotThere) {
-  host.files = {"/program/search.avi"};
+  host.files.missingFiles = {"/program/none.avi"};
   panel.aniRun.open("/program/search.avi");
   EXPECT_EQ(panel.aniRun.file(), "/program/search.avi");
   EXPECT_THROW(panel.aniRun.open("/program/none.avi"), RuntimeError);

@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: MIT
-// A machine without windows: it notes what it is asked for, and the user's actions run while the program
-// idles.
+// A machine without windows: it notes what it is asked for, and its user acts while the program idles.
 #pragma once
 
 #include <deque>
 #include <functional>
-#include <map>
-#include <memory>
-#include <set>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -15,16 +11,29 @@
 #include <vector>
 
 #include "platform/Form.h"
-#include "platform/Host.h"
+#include "platform/Machine.h"
+#include "platform/RuntimeError.h"
+#include "platform/Printer.h"
+#include "platform/SerialPort.h"
+#include "platform/Socket.h"
+#include "tests/support/FakeFiles.h"
+#include "tests/support/FakeSettings.h"
 
 namespace torvane {
 
-class FakeHost : public Host {
+class FakeHost : public Clock, public WindowSystem, public Boxes, public FakeSettings, public Help {
  public:
-  FakeHost() { setHost(this); }
+  FakeHost() {
+    setHost<Clock>(this);
+    setHost<WindowSystem>(this);
+    setHost<Boxes>(this);
+    setHost<Settings>(this);
+    setHost<Help>(this);
+    setHost<Files>(&files);
+  }
   ~FakeHost() override {
     unloadAllForms();
-    setHost(nullptr);
+    setMachine(nullptr);
   }
 
   double now() override { return clock; }
@@ -33,9 +42,9 @@ class FakeHost : public Host {
   void idle(double seconds) override {
     clock += seconds;
     if (user.empty()) throw std::logic_error("nobody ends the wait");
-    const auto deed = user.front();
+    const auto act = user.front();
     user.pop_front();
-    deed();
+    act();
   }
 
   void show(Form& form, bool modal) override { note((modal ? "modal " : "show ") + form.containerName()); }
@@ -50,25 +59,7 @@ class FakeHost : public Host {
   }
   void beep() override { note("beep"); }
 
-  std::string setting(const std::string& path) override { return settings[path]; }
-  void saveSetting(const std::string& path, const std::string& value) override { settings[path] = value; }
-  void deleteSetting(const std::string& path) override { settings.erase(path); }
-
-  std::unique_ptr<SerialPort> makeSerialPort() override { return nullptr; }
-  std::string serialPortHint(int) override { return ""; }
-  std::unique_ptr<Socket> makeSocket() override { return nullptr; }
-  std::string chooseFileToOpen(const std::string&) override { return ""; }
-  std::string chooseFileToSave(const std::string&) override { return ""; }
-  std::string proposeFileToSave(const std::string&, const std::string&) override { return ""; }
-  std::string readFile(const std::string&, std::size_t) override { return ""; }
-  void exchangeFile(const std::string&, std::string_view) override {}
-  void replaceFile(const std::string&, std::string_view) override {}
   void copyText(std::string_view) override {}
-  bool fileExists(const std::string& path) override { return files.contains(path); }
-  void renameFile(const std::string&, const std::string&) override {}
-  std::string dataFolder() override { return "/data"; }
-  std::string programFolder() override { return "/program"; }
-  std::unique_ptr<Printer> choosePrinter(const std::string&) override { return nullptr; }
   std::string today() override { return ""; }
   std::string utcNow() override { return ""; }
   void showHelp(const std::string& path) override { note("help " + path); }
@@ -80,8 +71,7 @@ class FakeHost : public Host {
 
   double clock = 0;
   std::deque<std::function<void()>> user;
-  std::map<std::string, std::string> settings;
-  std::set<std::string> files;
+  FakeFiles files;
   std::vector<std::string> notes;
   std::vector<std::string> failures;
 };

@@ -27,7 +27,7 @@ int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   QApplication::setApplicationName(argv[argc - 1]);
   Failing machine;
-  setHost(&machine);
+  setMachine(&machine);
   auto& editor = form<frmBigFolder>();
   machine.beforeTheEnd = keepForRescue;
   editor.cmdHelp.onClick = [] { throw RuntimeError(Fault::overflow, "Overflow"); };

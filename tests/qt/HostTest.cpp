@@ -11,6 +11,7 @@
 #include <QTime>
 #include <functional>
 
+#include "platform/RuntimeError.h"
 #include "platform/qt/io/QtSerialPort.h"
 #include "qt/Pseudo.h"
 #include "qt/TestForm.h"
@@ -247,9 +248,9 @@ TEST_F(HostTest, OpensThePortThatTheSettingsName) {
 
 // Ends the process from inside a modal window; meanwhile a second error comes while the box is open.
 [[noreturn]] void failInDepth() {
-  setHost(nullptr);
+  setMachine(nullptr);
   QtHost host;
-  setHost(&host);
+  setMachine(&host);
   host.beforeTheEnd = [] { return "The setup is kept."; };
   auto& test = form<TestForm>();
   int boxes = 0;

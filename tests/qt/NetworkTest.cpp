@@ -55,7 +55,7 @@ bool leadsTo(int file, quint16 port) {
 class RealSocket : public testing::Test {
  protected:
   RealSocket() {
-    setHost(&host);
+    setMachine(&host);
     socket.onConnect = [this] { events.emplace_back("connect"); };
     socket.onError = [this] { events.emplace_back("error"); };
     socket.onDataArrival = [this](std::size_t) {
@@ -64,7 +64,7 @@ class RealSocket : public testing::Test {
     };
     listen(QHostAddress::LocalHost);
   }
-  ~RealSocket() override { setHost(nullptr); }
+  ~RealSocket() override { setMachine(nullptr); }
 
   bool listen(const QHostAddress& address) {
     server.close();

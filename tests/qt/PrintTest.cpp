@@ -20,6 +20,7 @@
 #include "core/Global.h"
 #include "dialogs/Report.h"
 #include "editor/frmBigFolder.h"
+#include "platform/RuntimeError.h"
 #include "platform/qt/QtPrinterDevice.h"
 #include "qt/PrintServer.h"
 #include "session/ScriptedHost.h"
@@ -91,12 +92,12 @@ class Print : public ::testing::Test {
  protected:
   static void SetUpTestSuite() {
     user = new HastyHost;
-    setHost(user);
+    setMachine(user);
     form<frmBigFolder>();
   }
   static void TearDownTestSuite() {
     unloadAllForms();
-    setHost(nullptr);
+    setMachine(nullptr);
     delete user;
   }
 

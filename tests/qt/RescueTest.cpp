@@ -17,12 +17,12 @@ namespace {
 class Rescue : public testing::Test {
  protected:
   Rescue() {
-    setHost(&user);
+    setMachine(&user);
     user.saveSetting("Torvane Configuration/Persist/CommPort", "-1");
   }
   ~Rescue() override {
     unloadAllForms();
-    setHost(nullptr);
+    setMachine(nullptr);
     EXPECT_TRUE(user.done());
   }
 

@@ -16,7 +16,7 @@ QuickHost& SessionBench::user() { return *theUser; }
 
 void SessionBench::SetUpTestSuite() {
   theUser = new QuickHost;
-  setHost(theUser);
+  setMachine(theUser);
   theUser->saveSetting("Torvane Configuration/Persist/CommPort", "-1");
   theUser->saveSetting("Torvane Configuration/Persist/Baud", "5");
   theUser->saveSetting("Torvane Configuration/Persist/Warn", "True");
@@ -26,7 +26,7 @@ void SessionBench::SetUpTestSuite() {
 
 void SessionBench::TearDownTestSuite() {
   unloadAllForms();
-  setHost(nullptr);
+  setMachine(nullptr);
   delete theUser;
 }
 

@@ -14,7 +14,7 @@ void build(QWidget& window) { Ui::frmTest().setupUi(&window); }
 }  // namespace
 
 QtTest::QtTest() {
-  setHost(&host_);
+  setMachine(&host_);
   auto& table = layouts();
   std::erase_if(table, [](const Layout& layout) { return layout.form == "frmTest"; });
   table.push_back({"frmTest", build});
@@ -23,7 +23,7 @@ QtTest::QtTest() {
 QtTest::~QtTest() {
   unloadAllForms();
   host_.yield();
-  setHost(nullptr);
+  setMachine(nullptr);
 }
 
 TestForm& QtTest::show(int page) {

@@ -21,7 +21,7 @@ class UserSession : public ::testing::Test {
  protected:
   static void SetUpTestSuite() {
     user = new QuickHost;
-    setHost(user);
+    setMachine(user);
     for (const auto& [key, value] :
          {std::pair{"CommPort", "-1"}, std::pair{"Baud", "5"}, std::pair{"Warn", "True"}}) {
       user->saveSetting(std::string(program::title) + "/Persist/" + key, value);
@@ -32,7 +32,7 @@ class UserSession : public ::testing::Test {
   }
   static void TearDownTestSuite() {
     unloadAllForms();
-    setHost(nullptr);
+    setMachine(nullptr);
     delete user;
   }
   ~UserSession() override { EXPECT_TRUE(user->done()); }

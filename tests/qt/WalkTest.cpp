@@ -122,7 +122,7 @@ class Wanderer : public QuickHost {
 
 TEST(Walk, OverRealWindowsFailsNowhere) {
   Wanderer user;
-  setHost(&user);
+  setMachine(&user);
   form<frmBigFolder>();
   for (int move = 0; move < walkMoves(); ++move) {
     user.useSomething(form<frmBigFolder>());
@@ -132,7 +132,7 @@ TEST(Walk, OverRealWindowsFailsNowhere) {
   EXPECT_EQ(user.failures, std::vector<std::string>());
   for (const std::string& box : user.boxes) EXPECT_EQ(box, " Reenter setpoints values");
   unloadAllForms();
-  setHost(nullptr);
+  setMachine(nullptr);
 }
 
 }  // namespace

@@ -119,7 +119,7 @@ class WizardSession : public ::testing::Test {
  protected:
   static void SetUpTestSuite() {
     user = new QuickHost;
-    setHost(user);
+    setMachine(user);
     user->saveSetting("Torvane Configuration/Persist/CommPort", "-1");
     user->saveSetting("Torvane Configuration/Persist/Baud", "6");
     for (int port = 2; port <= 10; ++port) {  // this machine's own devices are left alone
@@ -133,7 +133,7 @@ class WizardSession : public ::testing::Test {
     for (int port = 2; port <= 10; ++port) {
       user->deleteSetting("Torvane Configuration/Ports/COM " + std::to_string(port));
     }
-    setHost(nullptr);
+    setMachine(nullptr);
     delete user;
   }
 

@@ -54,7 +54,7 @@ frmBigFolder& editor() { return form<frmBigFolder>(); }
 class SoakSession {
  public:
   SoakSession() : line_(unitOnLine_), port_(net_.listen(0, bridge_)) {
-    setHost(&user_);
+    setMachine(&user_);
     const std::string persist = "Torvane Configuration/Persist/";
     user_.saveSetting(persist + "CommPort", "-1");
     user_.saveSetting(persist + "Baud", "5");
@@ -71,7 +71,7 @@ class SoakSession {
     unloadAllForms();
     line_.stop();
     net_.stop();
-    setHost(nullptr);
+    setMachine(nullptr);
   }
 
   // False when the unit does not hold what was typed, or the window does not show what the unit holds.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A serial port that answers by a script.
 #include "tests/support/ScriptedPort.h"
+#include "platform/RuntimeError.h"
 
 #include <algorithm>
 #include <memory>

@@ -9,6 +9,8 @@
 #include <stdexcept>
 
 #include "platform/Form.h"
+#include "platform/Machine.h"
+#include "platform/RuntimeError.h"
 #include "tests/support/BoxPages.h"
 #include "tests/support/VirtualPort.h"
 #include "tests/support/VirtualSocket.h"
@@ -27,12 +29,12 @@ bool isInFront(const std::string& formName) {
 
 }  // namespace
 
-VirtualHost::VirtualHost() { setHost(this); }
+VirtualHost::VirtualHost() { setMachine(this); }
 
 VirtualHost::~VirtualHost() {
   unloadAllForms();
   EXPECT_TRUE(announced_.empty()) << "a box did not come: " << announced_.front().part;
-  setHost(nullptr);
+  setMachine(nullptr);
 }
 
 void VirtualHost::expect(std::function<bool()> when, std::function<void()> act) {
@@ -125,16 +127,6 @@ Answer VirtualHost::messageBox(std::string_view text, std::string_view title, Ic
   return announced.answer;
 }
 
-std::string VirtualHost::setting(const std::string& path) {
-  const auto found = settings.find(path);
-  return found == settings.end() ? "" : found->second;
-}
-
-void VirtualHost::saveSetting(const std::string& path, const std::string& value) {
-  settings[path] = value;
-  savedOrder.push_back(path);
-}
-
 std::unique_ptr<SerialPort> VirtualHost::makeSerialPort() { return std::make_unique<VirtualPort>(*this); }
 
 std::unique_ptr<Socket> VirtualHost::makeSocket() { return std::make_unique<VirtualSocket>(*this); }
@@ -151,46 +143,6 @@ std::unique_ptr<Printer> VirtualHost::makePdf(const std::string& path) {
   files[path] = "PDF";
   paper = std::make_shared<Paper>();
   return std::make_unique<VirtualPrinter>(paper);
-}
-
-std::string VirtualHost::chooseFileToOpen(const std::string& filter) {
-  filters.push_back(filter);
-  if (chosenFiles.empty()) return "";
-  const std::string path = chosenFiles.front();
-  chosenFiles.pop_front();
-  return path;
-}
-
-std::string VirtualHost::chooseFileToSave(const std::string& filter) { return chooseFileToOpen(filter); }
-
-std::string VirtualHost::proposeFileToSave(const std::string& filter, const std::string& name) {
-  proposedName = name;
-  return chooseFileToOpen(filter);
-}
-
-std::string VirtualHost::readFile(const std::string& path, std::size_t most) {
-  const auto found = files.find(path);
-  if (found == files.end()) throw RuntimeError(Fault::fileNotFound, "No such file or directory");
-  return found->second.substr(0, most);
-}
-
-void VirtualHost::exchangeFile(const std::string& path, std::string_view bytes) {
-  if (!diskFault.empty()) throw RuntimeError(Fault::fileFault, diskFault);
-  std::string& file = files[path];
-  file = std::string(bytes) + (file.size() > bytes.size() ? file.substr(bytes.size()) : "");
-}
-
-void VirtualHost::replaceFile(const std::string& path, std::string_view bytes) {
-  if (!diskFault.empty()) throw RuntimeError(Fault::fileFault, diskFault);
-  files[path] = bytes;
-}
-
-void VirtualHost::renameFile(const std::string& from, const std::string& to) {
-  if (!diskFault.empty()) throw RuntimeError(Fault::fileFault, diskFault);
-  const auto found = files.find(from);
-  if (found == files.end()) throw RuntimeError(Fault::fileNotFound, "No such file or directory");
-  files[to] = found->second;
-  files.erase(found);
 }
 
 void VirtualHost::fail(const std::string& description) {

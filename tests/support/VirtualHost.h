@@ -7,14 +7,18 @@
 #include <functional>
 #include <map>
 #include <memory>
-#include <set>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "platform/Host.h"
+#include "platform/Machine.h"
+#include "platform/Printer.h"
+#include "platform/SerialPort.h"
+#include "platform/Socket.h"
 #include "sim/Bridge.h"
 #include "sim/Unit.h"
+#include "tests/support/FakeFiles.h"
+#include "tests/support/FakeSettings.h"
 #include "tests/support/VirtualPrinter.h"
 
 namespace torvane {
@@ -35,7 +39,14 @@ struct Box {
   Buttons buttons;
 };
 
-class VirtualHost : public Host {
+class VirtualHost : public Clock,
+                    public WindowSystem,
+                    public Boxes,
+                    public FakeSettings,
+                    public Ports,
+                    public FakeFiles,
+                    public Printing,
+                    public Help {
  public:
   VirtualHost();
   ~VirtualHost() override;
@@ -46,16 +57,8 @@ class VirtualHost : public Host {
   // By host and port, as the user types them. A host that stands here refuses at its other ports; one that
   // does not never answers.
   std::map<std::pair<std::string, int>, sim::Bridge*> bridges;
-  std::map<std::string, std::string> settings;
-  std::vector<std::string> savedOrder;  // keys in the order in which they were saved
-  std::set<std::string> missingFiles;
-  std::map<std::string, std::string> files;  // path to content
-  std::string diskFault;                     // the system's words; empty: files can be written
-  std::string proposedName;                  // the last one
-  std::deque<std::string> chosenFiles;       // what the user answers in the file choosers; none left: cancel
-  std::vector<std::string> filters;          // what the choosers offered
-  std::shared_ptr<Paper> paper;              // in the printer that the user chooses; none: cancel
-  std::vector<std::string> events;           // "show frmSplash", "hide frmSplash", "repaint ..." and so on
+  std::shared_ptr<Paper> paper;     // in the printer that the user chooses; none: cancel
+  std::vector<std::string> events;  // "show frmSplash", "hide frmSplash", "repaint ..." and so on
   std::vector<std::string> failures;
   std::string clipboard;
   std::vector<std::string> lastWords;  // what the box of a failure says of the setup
@@ -85,26 +88,10 @@ class VirtualHost : public Host {
   void repaint(Form& form) override;
   Answer messageBox(std::string_view text, std::string_view title, Icon icon, Buttons buttons) override;
   void beep() override { ++beeps; }
-  std::string setting(const std::string& path) override;
-  void saveSetting(const std::string& path, const std::string& value) override;
-  void deleteSetting(const std::string& path) override { settings.erase(path); }
   std::unique_ptr<SerialPort> makeSerialPort() override;
   std::string serialPortHint(int commPort) override;
   std::unique_ptr<Socket> makeSocket() override;
-  std::string chooseFileToOpen(const std::string& filter) override;
-  std::string chooseFileToSave(const std::string& filter) override;
-  std::string proposeFileToSave(const std::string& filter, const std::string& name) override;
-  std::string readFile(const std::string& path, std::size_t most) override;
-  void exchangeFile(const std::string& path, std::string_view bytes) override;
-  void replaceFile(const std::string& path, std::string_view bytes) override;
   void copyText(std::string_view text) override { clipboard = text; }
-  // What a test says nothing of is there, but for the user's data.
-  bool fileExists(const std::string& path) override {
-    return path.starts_with(dataFolder()) ? files.contains(path) : !missingFiles.contains(path);
-  }
-  void renameFile(const std::string& from, const std::string& to) override;
-  std::string dataFolder() override { return "/data"; }
-  std::string programFolder() override { return "/program"; }
   std::unique_ptr<Printer> choosePrinter(const std::string& document) override;
   std::unique_ptr<Printer> makePdf(const std::string& path) override;
   std::string today() override { return "2026-03-01"; }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "platform/RuntimeError.h"
 #include "sim/LineSettings.h"
 #include "tests/support/VirtualHost.h"
 

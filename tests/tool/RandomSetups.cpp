@@ -7,6 +7,7 @@
 #include "core/ConfigFile.h"
 #include "core/Memo.h"
 #include "core/Model.h"
+#include "platform/Machine.h"
 #include "support/RandomMemo.h"
 #include "tool/ToolHost.h"
 
@@ -15,7 +16,7 @@ namespace torvane {
 namespace {
 
 struct Machine {
-  Machine() { setHost(&host); }
+  Machine() { setMachine(&host); }
 
   int count = 1;
   char name[5] = "test";
@@ -46,7 +47,7 @@ void writeRandomSetup(std::mt19937& random, const std::string& path) {
   Memo[rec::cboBaud].value = 5;
   Memo[rec::cboParity].value = 1;
   Memo[rec::optCommunicationMode].flag = True;
-  host().replaceFile(path, configModelPart(1) + configSetupPart(1, 1));
+  host<Files>().replaceFile(path, configModelPart(1) + configSetupPart(1, 1));
 }
 
 }  // namespace torvane

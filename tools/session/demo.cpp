@@ -138,39 +138,25 @@ void pictureHelp(ScriptedHost& user) {
   });
 }
 
-// Each tab with a chart, with something to draw. A tab that is shown takes its boxes from the setup first.
-void pictureChart(int tab, const std::function<void()>& fill) {
-  editor().tabBig.setTab(tab);
-  fill();
-  picture(editor(), "charts-tab" + std::to_string(tab));
-}
-
+// A setup in which each chart has something to draw.
 void pictureCharts() {
   frmBigFolder& of = editor();
-  of.tabBig.setTab(tab::inputType);
   of.optInType(2).setValue(true);
-  pictureChart(tab::reading, [&of] {
-    of.optDpoint(1).setValue(true);
-    of.txtIn1.userTyped("2000");
-    of.txtRd1.userTyped("0000");
-    of.txtIn2.userTyped("9999");
-    of.txtRd2.userTyped("1000");
-  });
-  pictureChart(tab::alarm1, [&of] {
-    of.chkAl1Enabled.setValue(1);
-    of.cboAl1Setup.setListIndex(2);
-  });
-  pictureChart(tab::alarm2, [&of] {
-    of.chkAl2Enabled.setValue(1);
-    of.cboAl2Ctrl.setListIndex(1);
-    of.cboAl2Setup.setListIndex(3);
-    of.txtAl2HiSp.userTyped("020.0");
-  });
-  pictureChart(tab::rampSoak, [&of] {
-    of.chkRampEn.setValue(1);
-    of.chkSoakEn.setValue(1);
-  });
-  pictureChart(tab::analog, [&of] { of.chkAnalogOutputEnabled.setValue(1); });
+  of.optDpoint(1).setValue(true);
+  of.txtIn1.setText("2000");
+  of.txtRd1.setText("0000");
+  of.txtIn2.setText("9999");
+  of.txtRd2.setText("1000");
+  for (CheckBox* box : {&of.chkAl1Enabled, &of.chkAl2Enabled, &of.chkRampEn, &of.chkSoakEn}) box->setValue(1);
+  of.chkAnalogOutputEnabled.setValue(1);
+  of.cboAl1Setup.setListIndex(2);
+  of.cboAl2Ctrl.setListIndex(1);
+  of.cboAl2Setup.setListIndex(3);
+  of.txtAl2HiSp.setText("020.0");
+  for (const int tab : {tab::reading, tab::alarm1, tab::alarm2, tab::rampSoak, tab::analog}) {
+    of.tabBig.setTab(tab);
+    picture(of, "charts-tab" + std::to_string(tab));
+  }
   of.tabBig.setTab(setpointsTab);
 }
 
@@ -375,7 +361,7 @@ int main(int argc, char** argv) {
   folder = QDir(QString::fromLocal8Bit(argv[1]));
   takeLook(qEnvironmentVariable("DEMO_LOOK"));
   ScriptedHost user;
-  setHost(&user);
+  setMachine(&user);
   planSession(user);
   form<frmBigFolder>();
   while (isLoaded<frmBigFolder>()) user.idle(1.0);

@@ -4,19 +4,19 @@
 
 #include <exception>
 
-#include "platform/Host.h"
+#include "platform/Boxes.h"
 
 namespace torvane {
 
-// Runs what an event asks for; an error that nothing caught ends the program (Host::fail).
+// Runs what an event asks for; an error that nothing caught ends the program (Boxes::fail).
 template <class Action>
 void guarded(Action&& action) {
   try {
     action();
   } catch (const std::exception& error) {
-    host().fail(error.what());
+    host<Boxes>().fail(error.what());
   } catch (...) {
-    host().fail("An unknown error has occurred");
+    host<Boxes>().fail("An unknown error has occurred");
   }
 }
 

@@ -196,7 +196,7 @@ void QtHost::fail(const std::string& description) {
 QWidget& QtHost::window(Form& form) { return windows_.of(form); }
 
 bool screenshot(Form& form, const QString& file) {
-  auto* qt = dynamic_cast<QtHost*>(&host());
+  auto* qt = dynamic_cast<QtHost*>(theHost<WindowSystem>);
   if (qt == nullptr) return false;
   showDueBindings(qt->window(form));
   return qt->window(form).grab().save(file);

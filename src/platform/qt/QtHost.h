@@ -8,7 +8,10 @@
 #include <QTimer>
 #include <QWidget>
 
-#include "platform/Host.h"
+#include "platform/Machine.h"
+#include "platform/Printer.h"
+#include "platform/SerialPort.h"
+#include "platform/Socket.h"
 #include "platform/qt/QtFiles.h"
 #include "platform/qt/Windows.h"
 #include "platform/qt/io/QtPorts.h"
@@ -16,7 +19,7 @@
 
 namespace torvane {
 
-class QtHost : public Host {
+class QtHost : public Machine {
  public:
   QtHost();
   ~QtHost() override;
