@@ -200,7 +200,7 @@ void visitGuide(Tour& user) {
 
 void showEveryWindow(const Looker& looker) {
   Tour user(looker);
-  setHost(&user);
+  setMachine(&user);
   form<frmBigFolder>();
   Global.WarningsOff = True;
   visitMain(user);
@@ -209,7 +209,7 @@ void showEveryWindow(const Looker& looker) {
   visitDialogs(user);
   visitGuide(user);
   unloadAllForms();
-  setHost(nullptr);
+  setMachine(nullptr);
 }
 
 }  // namespace torvane
