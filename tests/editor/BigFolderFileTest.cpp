@@ -129,9 +129,9 @@ TEST_F(Files, OpenBringsTheWholeSetupBack) {
 }
 
 TEST_F(Files, OpenAsksForTheModelAgain) {
+  DeviceState.ModelIndex = 9;
   save();
   Global.DeviceSpecified = True;
-  DeviceState.ModelIndex = 9;
   std::int16_t specified = True;
   std::int32_t index = -1;
   host.whenever("frmHardware", [&] {
