@@ -2,8 +2,8 @@
 // What all controls promise: when the user can reach them, and whose handlers live how long.
 #include "platform/Control.h"
 
-#include "platform/Form.h"
 #include "platform/Boxes.h"
+#include "platform/Form.h"
 #include "platform/RuntimeError.h"
 
 namespace torvane {

@@ -12,8 +12,8 @@
 
 #include "platform/Form.h"
 #include "platform/Machine.h"
-#include "platform/RuntimeError.h"
 #include "platform/Printer.h"
+#include "platform/RuntimeError.h"
 #include "platform/SerialPort.h"
 #include "platform/Socket.h"
 #include "tests/support/FakeFiles.h"
