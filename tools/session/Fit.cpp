@@ -135,7 +135,7 @@ class Look {
     const bool framed = !window_.windowFlags().testFlag(Qt::FramelessWindowHint);
     const int title = framed ? window_.style()->pixelMetric(QStyle::PM_TitleBarHeight) : 0;
     const QRect place(window_.pos(), window_.size() + QSize(0, title));
-    if (!fits(place.size(), screen.size())) {
+    if (!screen.contains(place)) {
       note(window_, QString("is %1 with its frame at %2,%3, the screen %4")
                         .arg(words(place.size()))
                         .arg(place.x())

@@ -110,8 +110,7 @@ void FormWindow::release() {
 void FormWindow::showOver(QWidget* below, bool modal, bool takesKeyboard) {
   const bool beside = property("beside").toBool();
   setFirstSize();
-  const bool toCentre = std::exchange(centreDue_, false);
-  if (toCentre) moveToCentre();
+  if (std::exchange(centreDue_, false)) moveToCentre();
   setAttribute(Qt::WA_ShowWithoutActivating, beside || !takesKeyboard);
   setWindowModality(modal ? Qt::WindowModal : Qt::NonModal);  // the user guide stays in reach
   if (modal) setWindowFlag(Qt::Dialog);
@@ -122,17 +121,27 @@ void FormWindow::showOver(QWidget* below, bool modal, bool takesKeyboard) {
   placeOver(modal ? below : nullptr);
   if (property("choiceFirst").toBool() && focusWidget() == nullptr) setFocus();
   QWidget::show();
-  if (toCentre) moveToCentre();  // one of a fixed size takes it when it shows
   raise();
   if (!testAttribute(Qt::WA_ShowWithoutActivating)) activateWindow();
+}
+
+// What a room that scrolls asks for is known when what it holds has been laid out, and a room may hold
+// another one: so from the inside out. Windows on show do this by themselves, but then they have their place.
+void FormWindow::settleLayout() {
+  QList<QWidget*> widgets = findChildren<QWidget*>();
+  std::ranges::reverse(widgets);
+  for (QWidget* widget : widgets) {
+    if (widget->layout() != nullptr) widget->layout()->activate();
+    widget->updateGeometry();
+  }
+  if (layout() != nullptr) layout()->activate();
 }
 
 // The room that the layout asks for, within the screen.
 void FormWindow::setFirstSize() {
   if (sized_) return;
   sized_ = true;
-  // What the controls have just shown is laid out now: the size is known, and the place follows from it.
-  layout()->activate();
+  settleLayout();
   if (takeFormerPlace()) return;
   QSize size = sizeHint().expandedTo(minimumSizeHint());
   // Texts that are broken into lines ask for their height only when they know their width.

@@ -40,6 +40,7 @@ class FormWindow : public QWidget {
   void dropEvent(QDropEvent* event) override;
 
  private:
+  void settleLayout();
   void setFirstSize();
   QSize titleBar() const;
   bool takeFormerPlace();
