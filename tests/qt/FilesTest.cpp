@@ -14,6 +14,7 @@
 #include <random>
 
 #include "core/ConfigFile.h"
+#include "platform/RuntimeError.h"
 #include "qt/TestForm.h"
 
 namespace torvane {

@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QTimer>
 
+#include "platform/RuntimeError.h"
 #include "platform/qt/Bindings.h"
 #include "qt/TestForm.h"
 

@@ -15,8 +15,8 @@ namespace torvane {
 
 namespace {
 
-struct Machine {
-  Machine() { setMachine(&host); }
+struct ToolProcess {
+  ToolProcess() { setMachine(&host); }
 
   int count = 1;
   char name[5] = "test";
@@ -27,7 +27,7 @@ struct Machine {
 
 }  // namespace
 
-void beAtTheTool() { static Machine machine; }
+void beAtTheTool() { static ToolProcess process; }
 
 void writeRandomSetup(std::mt19937& random, const std::string& path) {
   freshSetup();
