@@ -26,6 +26,7 @@ using BoxControl = std::variant<TextBox BigFolderControls::*, CheckBox BigFolder
 
 // The tab that a box is shown with, and the one that it is committed with.
 struct BoxTabs {
+  // cppcheck-suppress noExplicitConstructor  // most boxes have one tab, which their row names
   constexpr BoxTabs(int tab) : shown(tab), committed(tab) {}  // NOLINT(google-explicit-constructor)
   constexpr BoxTabs(int shownWith, int committedWith) : shown(shownWith), committed(committedWith) {}
 

@@ -90,7 +90,7 @@ TEST_F(WizardLayout, HasRoomForEveryTextInLargeType) {
 }
 
 TEST_F(WizardLayout, LetsItsPartsTakeTurnsOnOnePlace) {
-  window().show();
+  host_.show(*wizard_, false);
   const QSize size = window().size();
   for (Control* part : std::initializer_list<Control*>{&wizard_->Frame1, &wizard_->Frame2,
                                                        &wizard_->lblDetection, &wizard_->prgProgress}) {

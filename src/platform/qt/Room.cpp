@@ -27,7 +27,8 @@ bool holdsButtons(const QLayout& row) {
 
 void append(QVBoxLayout& target, QLayoutItem* item, int stretch) {
   if (item->widget() != nullptr) {
-    target.addWidget(item->widget(), stretch, item->alignment());
+    target.addWidget(item->widget(), stretch, item->alignment());  // with an item of the target's own
+    delete item;
   } else if (item->layout() != nullptr) {
     target.addLayout(item->layout(), stretch);
   } else {

@@ -27,6 +27,9 @@ ScrollRoom::ScrollRoom(int leastLines, QWidget* parent) : QScrollArea(parent), l
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { follow(now); });
 }
 
+// Boxes that end with the room move the keyboard's place once more, when nothing is left to follow with.
+ScrollRoom::~ScrollRoom() { disconnect(qApp, nullptr, this, nullptr); }
+
 // The ground is the window's own; an area's would be a field to type in.
 void ScrollRoom::hold(QWidget* content) {
   setWidget(content);

@@ -13,6 +13,9 @@ class ScrollRoom : public QScrollArea {
  public:
   // Content with so few lines at the least; 0: with no less than the screen allows.
   explicit ScrollRoom(int leastLines = 0, QWidget* parent = nullptr);
+  ScrollRoom(const ScrollRoom&) = delete;
+  ScrollRoom& operator=(const ScrollRoom&) = delete;
+  ~ScrollRoom() override;
 
   void hold(QWidget* content);
 
