@@ -157,8 +157,8 @@ class Expectation {
   bool simple() const { return kind_ == kind::simpleMenu; }
 
   void addInput() {
-    printed_["Input/Input Type"] =
-        printed_["Input/Input Type"].substr(0, printed_["Input/Input Type"].find(' '));
+    // The report puts the signal and its type together.
+    printed_["Input/Signal"] = printed_["Input/Input Type"].substr(0, printed_["Input/Input Type"].find(' '));
     printed_["Input/Thermocouple Type"] = item(rec::lstTCTypes);
     printed_["Input/Process Range"] = item(rec::lstProc);
     printed_["Input/RTD Value"] = item(rec::cboRTDValue);
@@ -350,7 +350,7 @@ TEST(RegisterWordsAlone, OfWhatIsNoPayloadAreItself) {
 
 TEST(RegisterWordsAlone, OfAWholeRegisterStandOnOneLine) {
   const UnitContext context{.kind = 0, .decimals = 1, .input = 0};
-  EXPECT_EQ(describeRegister("07", "04", context), "Input: Input Type TC, Thermocouple Type K");
+  EXPECT_EQ(describeRegister("07", "04", context), "Input: Signal TC, Thermocouple Type K");
   EXPECT_EQ(describeRegister("01", "2004D2", context), "Set Points: Set-Point 1 123.4");
   EXPECT_EQ(
       describeRegister("0D", "4E", context),

@@ -81,7 +81,7 @@ TEST(UnitFile, IsTextThatAPersonCanRead) {
       "address: 17\n"
       "read: 2026-11-21T21:15:00Z\n"
       "\n"
-      "R07 04        # Input: Input Type TC, Thermocouple Type K\n"
+      "R07 04        # Input: Signal TC, Thermocouple Type K\n"
       "R08 42        # Reading Configuration: Decimal Point XXX.X, Temperature Unit C, Filter Constant 4\n"
       "R01 2004D2    # Set Points: Set-Point 1 123.4\n"
       "R16 -         # no answer\n"
