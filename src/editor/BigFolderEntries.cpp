@@ -43,6 +43,7 @@ void frmBigFolder::wireEntries() {
 void frmBigFolder::showRanges() {
   const std::string unit = optInType(2).value() ? " counts" : " " + cboTUnit.text();
   for (const auto& [box, tip] : readingTips_) {
+    if (!box->rule) continue;
     std::string withRange = tip + ", ";
     withRange += readingRangeText(*box->rule, {formDPt(), optAOutV.value()});
     withRange += unit;
@@ -61,6 +62,7 @@ void frmBigFolder::explain(const std::string& typed, const std::string& repaired
 // The warning comes first: what was typed stands behind it until it has been read. What was said last stays
 // for a box that has no words of its own.
 void frmBigFolder::validate(const SetupBox& box) {
+  if (!box.rule) return;
   TextBox& control = *std::get<TextBox*>(controlOf(*this, box));
   const Repair repaired = repair(*box.rule, control.text(), {formDPt(), optAOutV.value()});
   if (repaired.warning != nullptr) Global.WarningText = repaired.warning;

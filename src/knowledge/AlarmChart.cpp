@@ -124,7 +124,7 @@ void addZones(Chart& chart, const AlarmBoxes& boxes, const Limits& limits) {
 
 // "High 220.0 (+20.0)" of a deviation.
 std::string limitText(const char* name, double at, const Limits& limits, bool isDeviation, int decimals) {
-  const std::string text = std::string(name) + " " + shown(at, decimals);
+  std::string text = std::string(name) + " " + shown(at, decimals);
   if (!isDeviation) return text;
   const double distance = at - limits.base;
   return text + " (" + (distance < 0 ? "" : "+") + shown(distance, decimals) + ")";
@@ -166,7 +166,8 @@ std::string placeWords(const AlarmBoxes& boxes, const Limits& limits, const Read
     if (*limits.low >= *limits.high) return "Alarm at every reading: the limits leave no room between them.";
     return "Alarm below " + at(*limits.low) + " and above " + at(*limits.high) + ".";
   }
-  return limits.high ? "Alarm above " + at(*limits.high) + "." : "Alarm below " + at(*limits.low) + ".";
+  if (limits.high) return "Alarm above " + at(*limits.high) + ".";
+  return limits.low ? "Alarm below " + at(*limits.low) + "." : "";
 }
 
 std::string wordsOf(const AlarmBoxes& boxes, const Limits& limits, const ReadingFormat& format) {

@@ -40,8 +40,8 @@ namespace chartParts {
 std::optional<double> numberWithin(std::string_view text, double low, double high) {
   double number = 0;
   if (!attempt([&] { number = numberOfText(text); })) return std::nullopt;
-  if (!(number >= low && number <= high)) return std::nullopt;
-  return number;
+  const bool within = number >= low && number <= high;  // which what is no number is not
+  return within ? std::optional(number) : std::nullopt;
 }
 
 std::optional<double> minutesOf(std::string_view text) {

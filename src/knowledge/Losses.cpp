@@ -188,10 +188,9 @@ std::vector<FoundLoss> lossesOf(const UnitImage& read, const EncodedSetup& now) 
   return found;
 }
 
-std::string lossSentence(const std::vector<FoundLoss>& losses_) {
+std::string lossSentence(const std::vector<FoundLoss>& found) {
   std::string text;
-  for (const FoundLoss& loss : losses_)
-    text += (text.empty() ? "Not taken over exactly: " : "; ") + told(loss);
+  for (const FoundLoss& loss : found) text += (text.empty() ? "Not taken over exactly: " : "; ") + told(loss);
   return text;
 }
 

@@ -9,7 +9,7 @@
 #include "tool/ExitCodes.h"
 #include "tool/Output.h"
 
-namespace CLI {
+namespace CLI {  // NOLINT(readability-identifier-naming): the library's own
 class App;
 }
 

@@ -39,7 +39,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string_view file(reinterpret_cast<const char*>(data) + 1, size - 1);
   const ConfigCheck check = examineConfiguration(file);
   require(check.baseModel.size() <= file.size());
-  if (check.fault.empty() && !check.older) BaseModel = machine.fromCodePage(check.baseModel);
+  if (check.fault.empty() && !check.older) BaseModel = machine.files.fromCodePage(check.baseModel);
   const ConfigFrame frame = readConfiguration(file);
   if (check.fault.empty()) require(frame.firstStamp == frame.secondStamp && frame.tab >= 0 && frame.tab < 12);
   // Read in step: what the file says of the unit agrees with the setup.

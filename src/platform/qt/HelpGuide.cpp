@@ -27,7 +27,7 @@ QByteArray contentOf(const QString& name) {
 // A page that says "index" describes boxes of the main window, which it has in bold. It is found by the words
 // that find these there.
 QString keywordsOf(const QJsonObject& row, const QByteArray& html) {
-  const QString own = row["keywords"].toString();
+  QString own = row["keywords"].toString();
   if (own != "index") return own;
   const QRegularExpression bold("<(?:b|h1)>(.*?)</");
   QString names;
