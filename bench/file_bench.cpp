@@ -30,9 +30,9 @@ struct Bench {
   frmBigFolder& editor() { return form<frmBigFolder>(); }
 };
 
-double timed(const std::function<void()>& deed) {
+double timed(const std::function<void()>& action) {
   const double start = wallClock();
-  deed();
+  action();
   return wallClock() - start;
 }
 
@@ -67,8 +67,8 @@ void openEditor(Bench& bench) {
   while (!open) bench.user.idle(1.0);
 }
 
-void enlist(const char* name, void (*deed)(benchmark::State&, Bench&), Bench& bench) {
-  benchmark::RegisterBenchmark(name, [deed, &bench](benchmark::State& state) { deed(state, bench); })
+void enlist(const char* name, void (*action)(benchmark::State&, Bench&), Bench& bench) {
+  benchmark::RegisterBenchmark(name, [action, &bench](benchmark::State& state) { action(state, bench); })
       ->Iterations(rounds)
       ->UseManualTime()
       ->Unit(benchmark::kMillisecond);

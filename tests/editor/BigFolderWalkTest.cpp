@@ -81,9 +81,9 @@ class Walk : public EditorTest {
 
   // Often something on the page on show, so that a walk gets somewhere.
   void act() {
-    const int kindOfDeed = pick(20);
-    if (kindOfDeed == 0) return press();
-    if (kindOfDeed == 1) return editor.tabBig.userClicked(pick(12));
+    const int kindOfAction = pick(20);
+    if (kindOfAction == 0) return press();
+    if (kindOfAction == 1) return editor.tabBig.userClicked(pick(12));
     for (int tries = 0; tries < 30; ++tries) {
       Control& control = anyOf(editor);
       if (!control.reachable()) continue;
@@ -124,7 +124,7 @@ TEST_F(Walk, NeverFailsAndEndsWithASetupThatCanBeSent) {
 
 // Of the processor's time, so that a busy machine changes nothing; the figure is printed. Under the
 // sanitizers, which slow the program down several times, it must do as well.
-TEST_F(Walk, OfTenThousandDeedsTakesLessThanTwoSeconds) {
+TEST_F(Walk, OfTenThousandActionsTakesLessThanTwoSeconds) {
   random.seed(10000);
   const std::clock_t start = std::clock();
   for (int step = 0; step < 10000; ++step) act();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a box may hold is told by its tip; a warning that only changes the form of a number says so; an alarm
+// The tip of a box says what it may hold; a warning that only changes the form of a number says so; an alarm
 // that is off has no set points in use.
 #include "core/NumberText.h"
 #include "dialogs/frmWarning.h"

@@ -35,9 +35,9 @@ class FilesTest : public QtTest {
   QTemporaryDir folder_;
 };
 
-std::string wordsOf(const std::function<void()>& deed) {
+std::string wordsOf(const std::function<void()>& action) {
   try {
-    deed();
+    action();
   } catch (const RuntimeError& error) {
     return error.what();
   }

@@ -80,11 +80,11 @@ Word find(const std::vector<Word>& words, const char* text) {
 
 // Does this with the next dialog of its kind as soon as it is on show.
 template <class Dialog>
-void onDialog(const std::function<void(Dialog&)>& deed) {
-  QTimer::singleShot(0, [deed] {
+void onDialog(const std::function<void(Dialog&)>& action) {
+  QTimer::singleShot(0, [action] {
     auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
     ASSERT_NE(dialog, nullptr);
-    deed(*dialog);
+    action(*dialog);
   });
 }
 

@@ -25,18 +25,18 @@ namespace {
 
 using testing::HasSubstr;
 
-std::string wordsOf(const std::function<void()>& deed) {
+std::string wordsOf(const std::function<void()>& action) {
   try {
-    deed();
+    action();
   } catch (const RuntimeError& error) {
     return error.what();
   }
   return "";
 }
 
-int numberOf(const std::function<void()>& deed) {
+int numberOf(const std::function<void()>& action) {
   try {
-    deed();
+    action();
   } catch (const RuntimeError& error) {
     return error.number;
   }

@@ -150,10 +150,10 @@ class WizardSession : public ::testing::Test {
   }
 
   // Presses Connect and does this in the wizard.
-  static void connect(const std::function<void()>& deed) {
-    user->whenShown("frmWizard", [deed] {
+  static void connect(const std::function<void()>& action) {
+    user->whenShown("frmWizard", [action] {
       EXPECT_TRUE(QTest::qWaitForWindowActive(&wizardWindow())) << "keys go nowhere";
-      deed();
+      action();
     });
     click(*user, editor(), "cmdAutoDetect");
     EXPECT_FALSE(isLoaded<frmWizard>());

@@ -22,7 +22,7 @@ class ToolPoints : public ToolTest {
   }
 };
 
-// A tool that is under way, and is told to end as by Ctrl+C.
+// A tool at work, interrupted as by Ctrl+C.
 class UnderWay {
  public:
   explicit UnderWay(QStringList words) { program_.start(TORVANE_UNIT, words << "--json"); }

@@ -138,26 +138,40 @@ void pictureHelp(ScriptedHost& user) {
   });
 }
 
-// A setup in which each chart has something to draw.
+// A tab on show takes what the setup holds, so its boxes are filled after it has come.
+void pictureChart(int tab, const std::function<void(frmBigFolder&)>& fill) {
+  editor().tabBig.setTab(tab);
+  fill(editor());
+  picture(editor(), "charts-tab" + std::to_string(tab));
+}
+
+// Each chart with something to draw.
 void pictureCharts() {
-  frmBigFolder& of = editor();
-  of.optInType(2).setValue(true);
-  of.optDpoint(1).setValue(true);
-  of.txtIn1.setText("2000");
-  of.txtRd1.setText("0000");
-  of.txtIn2.setText("9999");
-  of.txtRd2.setText("1000");
-  for (CheckBox* box : {&of.chkAl1Enabled, &of.chkAl2Enabled, &of.chkRampEn, &of.chkSoakEn}) box->setValue(1);
-  of.chkAnalogOutputEnabled.setValue(1);
-  of.cboAl1Setup.setListIndex(2);
-  of.cboAl2Ctrl.setListIndex(1);
-  of.cboAl2Setup.setListIndex(3);
-  of.txtAl2HiSp.setText("020.0");
-  for (const int tab : {tab::reading, tab::alarm1, tab::alarm2, tab::rampSoak, tab::analog}) {
-    of.tabBig.setTab(tab);
-    picture(of, "charts-tab" + std::to_string(tab));
-  }
-  of.tabBig.setTab(setpointsTab);
+  editor().tabBig.setTab(tab::inputType);
+  editor().optInType(2).setValue(true);
+  pictureChart(tab::reading, [](frmBigFolder& of) {
+    of.optDpoint(1).setValue(true);
+    of.txtIn1.setText("2000");
+    of.txtRd1.setText("0000");
+    of.txtIn2.setText("9999");
+    of.txtRd2.setText("1000");
+  });
+  pictureChart(tab::alarm1, [](frmBigFolder& of) {
+    of.chkAl1Enabled.setValue(1);
+    of.cboAl1Setup.setListIndex(2);
+  });
+  pictureChart(tab::alarm2, [](frmBigFolder& of) {
+    of.chkAl2Enabled.setValue(1);
+    of.cboAl2Ctrl.setListIndex(1);
+    of.cboAl2Setup.setListIndex(3);
+    of.txtAl2HiSp.setText("020.0");
+  });
+  pictureChart(tab::rampSoak, [](frmBigFolder& of) {
+    of.chkRampEn.setValue(1);
+    of.chkSoakEn.setValue(1);
+  });
+  pictureChart(tab::analog, [](frmBigFolder& of) { of.chkAnalogOutputEnabled.setValue(1); });
+  editor().tabBig.setTab(setpointsTab);
 }
 
 // Every kind of model once, the last of them for good.
