@@ -74,7 +74,7 @@ class LongTexts : public QtTest {
  protected:
   // A window that comes back as large as it was in an earlier test shows nothing of what a text does to it.
   LongTexts() {
-    for (const char* key : {"Left", "Top", "Width", "Height", "Maximized"}) {
+    for (const char* key : {"Left", "Top", "Width", "Height", "Sized", "Maximized"}) {
       host_.deleteSetting(std::string("Torvane Configuration/Window/") + key);
     }
   }

@@ -4,6 +4,8 @@
 
 #include <QFile>
 #include <QScreen>
+#include <QVBoxLayout>
+#include <utility>
 
 #include "platform/qt/Layouts.h"
 #include "qt/TestForm.h"
@@ -141,6 +143,51 @@ TEST_F(WindowPlaceTest, GarbageIsNoPlace) {
     EXPECT_EQ(shownAnew().geometry(), place) << garbage;
     unload<TestForm>();
   }
+}
+
+// A run on a small screen cuts it down; on the large one it is as large as before.
+TEST_F(WindowPlaceTest, ASizeThatTheScreenHasCutIsNotTheUsers) {
+  const auto large = {std::pair{"Left", "30"}, std::pair{"Top", "40"}, std::pair{"Width", "4000"},
+                      std::pair{"Height", "3000"}};
+  for (const auto& [key, value] : large) save(key, value);
+  EXPECT_LT(shownAnew().width(), 4000);
+  unload<TestForm>();
+  EXPECT_EQ(saved("Width"), "4000");
+  EXPECT_EQ(saved("Height"), "3000");
+  QWidget& again = shownAnew();
+  const QSize chosen = again.minimumSizeHint() + QSize(10, 0);
+  again.resize(chosen);
+  host_.yield();
+  EXPECT_EQ(shownAnew().size(), chosen);
+  EXPECT_EQ(saved("Width"), std::to_string(chosen.width()));
+}
+
+// Nobody has sized it: as large as it asks to be, there where it stood.
+TEST_F(WindowPlaceTest, ASizeThatNobodyMadeIsMadeAnew) {
+  QWidget& window = shownAnew();
+  const QSize before = window.size();
+  window.move(70, 50);
+  host_.yield();
+  unload<TestForm>();
+  layouts().back().build = [](QWidget& built) {
+    plain_(built);
+    built.setProperty("remembered", true);
+    qobject_cast<QVBoxLayout*>(built.layout())
+        ->insertSpacerItem(0, new QSpacerItem(0, 100, QSizePolicy::Preferred, QSizePolicy::Preferred));
+  };
+  QWidget& again = shownAnew();
+  EXPECT_GE(again.height(), before.height() + 100);
+  EXPECT_EQ(again.pos(), QPoint(70, 50));
+}
+
+// What comes up in it may need more room than it has: that is not the user's doing.
+TEST_F(WindowPlaceTest, ASizeThatItsContentHasMadeIsNotTheUsers) {
+  QWidget& window = shownAnew();
+  const QSize before = window.size();
+  window.layout()->itemAt(0)->widget()->setMinimumHeight(before.height() + 50);
+  host_.yield();
+  ASSERT_GT(window.height(), before.height());
+  EXPECT_EQ(shownAnew().size(), before);
 }
 
 TEST_F(WindowPlaceTest, OtherWindowsAreNotRemembered) {

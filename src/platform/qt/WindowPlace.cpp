@@ -42,6 +42,7 @@ void savePlace(QtSettings& settings, const WindowPlace& place) {
   save("Width", place.normal.width());
   save("Height", place.normal.height());
   save("Maximized", place.maximized ? 1 : 0);
+  save("Sized", place.sized ? 1 : 0);
 }
 
 std::optional<WindowPlace> savedPlace(const QtSettings& settings) {
@@ -50,7 +51,8 @@ std::optional<WindowPlace> savedPlace(const QtSettings& settings) {
   const auto width = number(settings, "Width");
   const auto height = number(settings, "Height");
   if (!left || !top || !width || !height || *width < 1 || *height < 1) return std::nullopt;
-  return WindowPlace{QRect(*left, *top, *width, *height), number(settings, "Maximized") == 1};
+  return WindowPlace{QRect(*left, *top, *width, *height), number(settings, "Maximized") == 1,
+                     number(settings, "Sized") != 0};
 }
 
 QRect placeWithin(const QList<QRect>& screens, const QRect& wanted, QSize frame) {

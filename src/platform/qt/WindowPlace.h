@@ -15,6 +15,7 @@ namespace torvane {
 struct WindowPlace {
   QRect normal;  // while it is not maximized
   bool maximized = false;
+  bool sized = true;  // by the user; else the window takes the size that it asks for
 };
 
 void savePlace(QtSettings& settings, const WindowPlace& place);

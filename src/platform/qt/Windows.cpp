@@ -137,31 +137,37 @@ void FormWindow::settleLayout() {
   if (layout() != nullptr) layout()->activate();
 }
 
-// The room that the layout asks for, within the screen.
+// As large as the user left it, or as its layout asks for, within the screen.
 void FormWindow::setFirstSize() {
   if (sized_) return;
   sized_ = true;
   settleLayout();
-  if (takeFormerPlace()) return;
-  QSize size = sizeHint().expandedTo(minimumSizeHint());
-  // Texts that are broken into lines ask for their height only when they know their width.
-  if (hasHeightForWidth()) size.setHeight(std::max(size.height(), heightForWidth(size.width())));
-  resize(size.boundedTo(screen()->availableSize() - titleBar()));
+  const auto former = isRemembered(*this) ? savedPlace(settings_) : std::nullopt;
+  sizedByUser_ = former && former->sized;
+  wanted_ = sizedByUser_ ? former->normal.size().expandedTo(minimumSizeHint()) : ownSize();
+  if (former) {
+    takeFormerPlace(*former);
+  } else {
+    resize(wanted_.boundedTo(screen()->availableSize() - titleBar()));
+  }
+  given_ = size();
+}
+
+// Texts that are broken into lines ask for their height only when they know their width.
+QSize FormWindow::ownSize() const {
+  const QSize size = sizeHint().expandedTo(minimumSizeHint());
+  return hasHeightForWidth() ? size.expandedTo({0, heightForWidth(size.width())}) : size;
 }
 
 // The frame is not known before the window is shown; but for a title it is thin.
 QSize FormWindow::titleBar() const { return {0, style()->pixelMetric(QStyle::PM_TitleBarHeight)}; }
 
-bool FormWindow::takeFormerPlace() {
-  const auto former = isRemembered(*this) ? savedPlace(settings_) : std::nullopt;
-  if (!former) return false;
-  const QRect wanted(former->normal.topLeft(), former->normal.size().expandedTo(minimumSizeHint()));
-  const QRect place = placeWithin(roomsForWindows(), wanted, titleBar());
+void FormWindow::takeFormerPlace(const WindowPlace& former) {
+  const QRect place = placeWithin(roomsForWindows(), QRect(former.normal.topLeft(), wanted_), titleBar());
   resize(place.size());
   move(place.topLeft());
-  if (former->maximized) setWindowState(Qt::WindowMaximized);
+  if (former.maximized) setWindowState(Qt::WindowMaximized);
   former_ = true;
-  return true;
 }
 
 void FormWindow::placeOver(QWidget* below) {
@@ -239,8 +245,22 @@ void FormWindow::hideEvent(QHideEvent* event) {
   showDueBindings(*this);
   QWidget::hideEvent(event);
   if (event->spontaneous() || !isRemembered(*this)) return;
+  rememberPlace();
+}
+
+// A screen that is smaller than the one before leaves no trace: only the user makes another size.
+void FormWindow::rememberPlace() {
   const QRect normal = isMaximized() ? normalGeometry() : QRect(pos(), size());
-  savePlace(settings_, {normal, isMaximized()});
+  const bool asGiven = normal.size() == given_;
+  savePlace(settings_, {.normal = QRect(normal.topLeft(), asGiven ? wanted_ : normal.size()),
+                        .maximized = isMaximized(),
+                        .sized = sizedByUser_ || !asGiven});
+}
+
+// It grows by itself where what comes up in it needs more.
+void FormWindow::resizeEvent(QResizeEvent* event) {
+  if (event->oldSize() == given_ && event->size() == given_.expandedTo(minimumSize())) given_ = event->size();
+  QWidget::resizeEvent(event);
 }
 
 void FormWindow::tell(const std::function<void(Form&)>& what) {

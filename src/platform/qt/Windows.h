@@ -12,6 +12,7 @@
 
 #include "platform/Form.h"
 #include "platform/qt/PaintRate.h"
+#include "platform/qt/WindowPlace.h"
 #include "platform/qt/io/QtSettings.h"
 
 namespace torvane {
@@ -36,6 +37,7 @@ class FormWindow : public QWidget {
   void changeEvent(QEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void hideEvent(QHideEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
 
@@ -43,7 +45,9 @@ class FormWindow : public QWidget {
   void settleLayout();
   void setFirstSize();
   QSize titleBar() const;
-  bool takeFormerPlace();
+  QSize ownSize() const;
+  void takeFormerPlace(const WindowPlace& former);
+  void rememberPlace();
   void moveToCentre();
   void placeOver(QWidget* below);
   void placeBeside(const QWidget& other);
@@ -55,6 +59,9 @@ class FormWindow : public QWidget {
   Form* form_;
   QtSettings& settings_;
   bool sized_ = false;
+  bool sizedByUser_ = false;  // in the run before
+  QSize wanted_;              // without a screen's bounds
+  QSize given_;               // what the screen left of it; another size is the user's
   bool centred_ = false;
   bool centreDue_ = false;
   bool former_ = false;  // stands where it stood in the run before
