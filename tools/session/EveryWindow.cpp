@@ -181,6 +181,7 @@ void visitDialogs(Tour& user) {
   visit<frmWarning>(user, "warning");
   visit<frmCompare>(user, "compare", [](frmCompare& dialog) {
     dialog.lblSummary.setCaption("31 settings differ, 33 agree, 1 register could not be read");
+    dialog.lstDifferences.setHeadings({"Setting", "In the unit", "In this setup", "Change"});
     fill(dialog.lstDifferences, 4);
   });
   visit<frmRecord>(user, "record", [](frmRecord& dialog) {
