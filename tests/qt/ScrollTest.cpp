@@ -4,7 +4,9 @@
 #include <QScrollArea>
 #include <QScrollBar>
 
+#include "core/Global.h"
 #include "editor/frmBigFolder.h"
+#include "platform/qt/ButtonRow.h"
 #include "qt/TestForm.h"
 
 namespace torvane {
@@ -13,7 +15,11 @@ namespace {
 
 class Scroll : public QtTest {
  protected:
-  ~Scroll() override { host_.release(*editor_); }
+  Scroll() { Global.WarningsOff = True; }  // its boxes are empty, since it is not loaded
+  ~Scroll() override {
+    host_.release(*editor_);
+    Global.WarningsOff = False;
+  }
 
   // The main window as large as this, with this page in front.
   QWidget& editor(QSize size, int page) {
@@ -36,7 +42,7 @@ class Scroll : public QtTest {
 };
 
 TEST_F(Scroll, TheKeyboardComesToNothingUnseen) {
-  for (const int page : {tab::inputType, tab::alarm1, tab::comm}) {
+  for (int page = 0; page < editor_->tabBig.tabs(); ++page) {
     QWidget& window = editor({480, 360}, page);
     window.setFocus();
     for (int step = 0; step < 40; ++step) {
@@ -44,7 +50,12 @@ TEST_F(Scroll, TheKeyboardComesToNothingUnseen) {
       const QWidget& at = *window.focusWidget();
       const bool isBox = at.height() < 60 && at.width() < 300;
       if (isBox) {
-        EXPECT_TRUE(seen(at, window)) << page << ' ' << at.objectName().toStdString();
+        EXPECT_TRUE(seen(at, window))
+            << page << ' ' << at.objectName().toStdString() << " step " << step << " at "
+            << at.mapTo(&window, QPoint()).x() << ',' << at.mapTo(&window, QPoint()).y() << ' ' << at.width()
+            << 'x' << at.height() << " seen " << at.visibleRegion().boundingRect().x() << ','
+            << at.visibleRegion().boundingRect().y() << ' ' << at.visibleRegion().boundingRect().width()
+            << 'x' << at.visibleRegion().boundingRect().height();
       }
     }
   }
@@ -57,6 +68,33 @@ TEST_F(Scroll, TheCommandsStayOnShowInAsManyLinesAsTheyTake) {
       EXPECT_TRUE(seen(*window.findChild<QWidget*>(name), window)) << width << ' ' << name;
     }
   }
+}
+
+TEST_F(Scroll, TheGapsBetweenTheCommandsShrinkBeforeTheirRowBreaks) {
+  QWidget& window = editor({1200, 700}, tab::comm);
+  const auto* row = window.findChild<ButtonRow*>();
+  int gaps = 0;
+  for (int index = 0; index < row->count(); ++index) {
+    if (row->itemAt(index)->widget() == nullptr) gaps += row->itemAt(index)->sizeHint().width();
+  }
+  ASSERT_GT(gaps, 30);
+  const int margins = window.width() - row->geometry().width();
+  for (const int lack : {0, 1, gaps / 2, gaps}) {
+    const int width = row->sizeHint().width() - lack;
+    EXPECT_EQ(row->heightForWidth(width), row->sizeHint().height()) << lack;
+    window.resize(width + margins, 700);
+    host_.yield();
+    int right = 0;
+    for (int index = 0; index < row->count(); ++index) {
+      const QRect place = row->itemAt(index)->geometry();
+      if (row->itemAt(index)->widget() == nullptr) continue;
+      EXPECT_GE(place.left(), right) << lack;
+      EXPECT_GE(place.width(), row->itemAt(index)->sizeHint().width()) << lack;
+      right = place.right();
+    }
+    EXPECT_LE(right, row->geometry().right()) << lack;
+  }
+  EXPECT_GT(row->heightForWidth(row->sizeHint().width() - gaps - 1), row->sizeHint().height());
 }
 
 TEST_F(Scroll, NothingScrollsWhereThereIsRoom) {

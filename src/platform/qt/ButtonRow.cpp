@@ -12,8 +12,14 @@ bool stretches(const QLayoutItem& item) {
   return item.widget() == nullptr && (item.expandingDirections() & Qt::Horizontal) != 0;
 }
 
-// A gap has no place at the end of a line.
+// A gap gives way before the line breaks, and has no place at its end.
 bool isGap(const QLayoutItem& item) { return item.widget() == nullptr; }
+
+int gapsOf(const QList<QLayoutItem*>& line) {
+  int width = 0;
+  for (const QLayoutItem* item : line) width += isGap(*item) ? item->sizeHint().width() : 0;
+  return width;
+}
 
 }  // namespace
 
@@ -37,7 +43,7 @@ QList<ButtonRow::Line> ButtonRow::linesWithin(int width) const {
   QList<Line> lines(1);
   for (QLayoutItem* item : items_) {
     Line longer = lines.last() + Line{item};
-    if (widthOf(longer) > width && !lines.last().isEmpty() && !isGap(*item)) {
+    if (leastWidthOf(longer) > width && !lines.last().isEmpty() && !isGap(*item)) {
       lines << Line{item};
     } else {
       lines.last() = longer;
@@ -54,6 +60,8 @@ int ButtonRow::widthOf(const Line& line) const {
   for (const QLayoutItem* item : line) width += spacing() + item->sizeHint().width();
   return width;
 }
+
+int ButtonRow::leastWidthOf(const Line& line) const { return widthOf(line) - gapsOf(line); }
 
 int ButtonRow::heightOf(const Line& line) {
   int height = 0;
@@ -89,17 +97,24 @@ void ButtonRow::setGeometry(const QRect& rect) {
   }
 }
 
+// What is left goes to what stretches, one part each; what is lacking is taken from the gaps, by their
+// widths.
 void ButtonRow::place(const Line& line, QRect room) const {
-  int left = std::max(room.width() - widthOf(line), 0);
-  auto stretching =
-      static_cast<int>(std::ranges::count_if(line, [](auto* item) { return stretches(*item); }));
-  if (stretching == 0 && line.size() < items_.size()) room.setLeft(room.left() + left);
+  int left = room.width() - widthOf(line);
+  const auto partsOf = [grow = left > 0](const QLayoutItem& item) {
+    if (grow) return stretches(item) ? 1 : 0;
+    return isGap(item) ? item.sizeHint().width() : 0;
+  };
+  int parts = 0;
+  for (const QLayoutItem* item : line) parts += partsOf(*item);
+  if (left > 0 && parts == 0 && line.size() < items_.size()) room.setLeft(room.left() + left);
   for (QLayoutItem* item : line) {
     int width = item->sizeHint().width();
-    if (stretches(*item)) {
-      const int share = left / stretching--;
-      width += share;
-      left -= share;
+    if (const int share = partsOf(*item); share > 0) {
+      const int change = std::max(left * share / parts, -width);
+      width += change;
+      left -= change;
+      parts -= share;
     }
     item->setGeometry(QRect(room.topLeft(), QSize(width, room.height())));
     room.setLeft(room.left() + width + spacing());

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Buttons in a row that goes on in a second line where the window is too narrow. What stretches between them
-// takes the room that a line has left; a line in which nothing does ends at the right.
+// Buttons in a row that goes on in a second line where the window is too narrow even without the gaps between
+// them. What stretches takes the room that a line has left; a line in which nothing does ends at the right.
 #pragma once
 
 #include <QLayout>
@@ -34,6 +34,7 @@ class ButtonRow : public QLayout {
   using Line = QList<QLayoutItem*>;
   QList<Line> linesWithin(int width) const;
   int widthOf(const Line& line) const;
+  int leastWidthOf(const Line& line) const;
   static int heightOf(const Line& line);
   void place(const Line& line, QRect room) const;
 

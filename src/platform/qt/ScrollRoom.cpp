@@ -78,8 +78,16 @@ void ScrollRoom::follow(QWidget* keyboard) {
     if (innermost && room != this) return;
     innermost = false;
     room->widget()->layout()->activate();
-    room->ensureWidgetVisible(keyboard, air, air);
+    room->bringIntoView(*keyboard);
   }
+}
+
+// All of it, where the toolkit is content with the cursor of a text; of one larger than the room its
+// beginning.
+void ScrollRoom::bringIntoView(const QWidget& box) {
+  const QSize seen = (box.size() + QSize(2 * air, 2 * air)).boundedTo(viewport()->size());
+  const QRect place(box.mapTo(widget(), QPoint(-air, -air)), seen);
+  ensureVisible(place.center().x(), place.center().y(), seen.width() / 2, seen.height() / 2);
 }
 
 // What the content needs has changed, so the window around is laid out anew.

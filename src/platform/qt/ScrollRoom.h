@@ -31,6 +31,7 @@ class ScrollRoom : public QScrollArea {
   QSize onScreen(QSize wanted) const;
   QSize mostOnScreen() const;
   void follow(QWidget* keyboard);
+  void bringIntoView(const QWidget& box);
 
   int leastLines_;
 };
