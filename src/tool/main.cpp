@@ -42,6 +42,7 @@ int main(int count, char** words) {
   QCoreApplication::setOrganizationName(program::company);
   tool::ToolHost host;
   setMachine(&host);
+  printAsUtf8();
   watchInterrupts();
   return run(wordsOfCommandLine(count, words));
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // torvane-unit, started as a person or a script starts it.
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -11,6 +12,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/qt/io/AppendedFile.h"
 #include "platform/qt/io/DeviceFile.h"
+#include "platform/qt/io/LineLock.h"
 #include "platform/qt/io/LockFile.h"
 
 namespace torvane {
@@ -140,6 +142,20 @@ TEST(DeviceHolder, IsFoundByWhatAProcessHasOpen) {
   holder.kill();
   holder.waitForFinished(30'000);
   EXPECT_FALSE(deviceHolder(path.toStdString()));
+}
+
+// As on Windows, where COM3 is no file.
+TEST(LineLock, TakesAPortThatIsNoFileForTheSameInEveryFolder) {
+  const char* const port = "COM4170";
+  LineLock here(port);
+  ASSERT_TRUE(here.take());
+  const QString before = QDir::currentPath();
+  const QTemporaryDir folder;
+  ASSERT_TRUE(QDir::setCurrent(folder.path()));
+  QFile file(port);
+  EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+  EXPECT_FALSE(LineLock(port).take());
+  QDir::setCurrent(before);
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 
 #include "platform/qt/io/LineLock.h"
 #include "platform/qt/io/LockFile.h"
+#include "platform/qt/io/Processes.h"
 #include "platform/qt/io/QtText.h"
 
 namespace torvane {
@@ -18,8 +19,6 @@ namespace torvane {
 namespace {
 
 bool hasFile(const std::string& device) { return device.starts_with('/'); }
-
-bool isAlive(qint64 process) { return QFileInfo::exists(QStringLiteral("/proc/%1").arg(process)); }
 
 // Where it may be.
 QStringList lockFiles(const std::string& device) {
@@ -40,15 +39,9 @@ std::optional<qint64> lockHolder(const std::string& device) {
   return std::nullopt;
 }
 
-std::string processName(qint64 process) {
-  QFile file(QStringLiteral("/proc/%1/comm").arg(process));
-  if (!file.open(QIODevice::ReadOnly)) return "another program";
-  return typed(QString::fromUtf8(file.readLine(100).trimmed()));
-}
-
 std::string heldBy(qint64 process) {
   if (process == QCoreApplication::applicationPid()) return "which this program itself has open";
-  return std::string("which ") + processName(process) + " (process " + std::to_string(process) + ") has open";
+  return std::string("which ") + programOf(process) + " (process " + std::to_string(process) + ") has open";
 }
 
 std::string groupOf(const std::string& device) {
@@ -109,7 +102,7 @@ std::optional<DeviceHolder> deviceHolder(const std::string& device) {
   if (!holder) holder = openedBy(device);
   if (const auto ofLine = LineLock(device).holder(); !holder && ofLine) holder = ofLine->process;
   if (!holder) return std::nullopt;
-  return DeviceHolder{*holder, processName(*holder)};
+  return DeviceHolder{*holder, programOf(*holder)};
 }
 
 }  // namespace torvane

@@ -7,15 +7,18 @@
 #include <QFileInfo>
 
 #include "platform/qt/io/LockFile.h"
+#include "platform/qt/io/Processes.h"
 #include "platform/qt/io/QtText.h"
 
 namespace torvane {
 
 namespace {
 
+// A port of Windows is no file, whatever lies in the folder where the program was started.
 QString lockFile(const std::string& line) {
-  const QString device = QFileInfo(QString::fromStdString(line)).canonicalFilePath();
-  QString name = device.isEmpty() ? QString::fromStdString(line) : device;
+  QString name = QString::fromStdString(line);
+  const QString device = name.contains('/') ? QFileInfo(name).canonicalFilePath() : QString();
+  if (!device.isEmpty()) name = device;
   for (QChar& letter : name) {
     if (!letter.isLetterOrNumber() && letter != '.') letter = '_';
   }
@@ -34,8 +37,7 @@ std::optional<LineHolder> LineLock::holder() const {
   QString host;
   QString program;
   if (!file_.getLockInfo(&process, &host, &program) || process <= 0) return std::nullopt;
-  const bool isAlive = QFileInfo::exists(QStringLiteral("/proc/%1").arg(process));
-  if (!isAlive || process == QCoreApplication::applicationPid()) return std::nullopt;
+  if (!isAlive(process) || process == QCoreApplication::applicationPid()) return std::nullopt;
   return LineHolder{process, typed(program)};
 }
 

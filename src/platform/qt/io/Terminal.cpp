@@ -7,8 +7,10 @@
 
 #ifdef _WIN32
 #include <io.h>
+#include <windows.h>
 
 #include <QCoreApplication>
+#include <cstdlib>
 
 #include "platform/qt/io/QtText.h"
 #else
@@ -38,8 +40,17 @@ std::vector<std::string> wordsOfCommandLine(int, char**) {
   for (const QString& word : QCoreApplication::arguments().sliced(1)) found.push_back(typed(word));
   return found;
 }
+
+// The console's code page belongs to all of its programs, and is given back.
+void printAsUtf8() {
+  static const UINT before = GetConsoleOutputCP();
+  if (before == 0 || before == CP_UTF8) return;
+  if (SetConsoleOutputCP(CP_UTF8)) std::atexit([] { SetConsoleOutputCP(before); });
+}
 #else
 std::vector<std::string> wordsOfCommandLine(int count, char** words) { return {words + 1, words + count}; }
+
+void printAsUtf8() {}
 #endif
 
 bool errorsGoToATerminal() {

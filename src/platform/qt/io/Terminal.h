@@ -10,6 +10,9 @@ namespace torvane {
 // What stands behind the program's name on its command line, as UTF-8; there is an application already.
 std::vector<std::string> wordsOfCommandLine(int count, char** words);
 
+// What the program prints is UTF-8 from here to its end, and the terminal takes it as that.
+void printAsUtf8();
+
 // Whether a person looks at what goes to the error output.
 bool errorsGoToATerminal();
 
