@@ -2,6 +2,7 @@
 ; The installer of one user: no administrator's rights, nothing outside the user's own folders and registry. What the
 ; user has made (settings, setups, records) stays when the program goes.
 Unicode true
+!include LogicLib.nsh
 Target amd64-unicode
 !define NAME "Torvane Configuration"
 !define UNINSTALL "Software\Microsoft\Windows\CurrentVersion\Uninstall\${NAME}"
@@ -38,6 +39,15 @@ FunctionEnd
 !macroend
 !insertmacro MUST_NOT_RUN ""
 !insertmacro MUST_NOT_RUN "un."
+
+; What others have put into a key stays: /ifempty looks at the keys within alone, and not at the values.
+!macro DELETE_EMPTY_KEY KEY
+  ClearErrors
+  EnumRegValue $1 HKCU "${KEY}" 0
+  ${If} ${Errors}
+    DeleteRegKey /ifempty HKCU "${KEY}"
+  ${EndIf}
+!macroend
 
 Section
   Call mustNotRun
@@ -82,13 +92,16 @@ Section "Uninstall"
   RMDir "$SMPROGRAMS\${NAME}"
 
   DeleteRegValue HKCU "Software\Classes\.cfg\OpenWithProgids" "${KIND}"
+  !insertmacro DELETE_EMPTY_KEY "Software\Classes\.cfg\OpenWithProgids"
   ReadRegStr $0 HKCU "Software\Classes\.cfg" ""
   StrCmp $0 "${KIND}" 0 others
   DeleteRegValue HKCU "Software\Classes\.cfg" ""
 others:
+  !insertmacro DELETE_EMPTY_KEY "Software\Classes\.cfg"
   DeleteRegKey HKCU "Software\Classes\${KIND}"
   DeleteRegKey HKCU "${UNINSTALL}"
   DeleteRegValue HKCU "Software\Ashgrove Electronics\${NAME}" "Folder"
-  DeleteRegKey /ifempty HKCU "Software\Ashgrove Electronics\${NAME}"
+  !insertmacro DELETE_EMPTY_KEY "Software\Ashgrove Electronics\${NAME}"
+  !insertmacro DELETE_EMPTY_KEY "Software\Ashgrove Electronics"
   System::Call 'shell32::SHChangeNotify(i 0x08000000, i 0, p 0, p 0)'
 SectionEnd
