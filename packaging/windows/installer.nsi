@@ -65,6 +65,8 @@ Section
   WriteRegStr HKCU "Software\Classes\${KIND}\DefaultIcon" "" "$INSTDIR\torvane-configuration.exe,0"
   WriteRegStr HKCU "Software\Classes\${KIND}\shell\open\command" "" '"$INSTDIR\torvane-configuration.exe" "%1"'
   WriteRegStr HKCU "Software\Classes\.cfg\OpenWithProgids" "${KIND}" ""
+  ReadRegStr $0 HKCU "Software\Classes\.cfg" ""
+  StrCmp $0 "" 0 owned
   ReadRegStr $0 HKCR ".cfg" ""
   StrCmp $0 "" 0 owned
   WriteRegStr HKCU "Software\Classes\.cfg" "" "${KIND}"
