@@ -97,6 +97,15 @@ TEST_F(Scroll, TheGapsBetweenTheCommandsShrinkBeforeTheirRowBreaks) {
   EXPECT_GT(row->heightForWidth(row->sizeHint().width() - gaps - 1), row->sizeHint().height());
 }
 
+TEST_F(Scroll, TheCommandsThatGoOnInASecondLineStayTogether) {
+  QWidget& window = editor({819, 600}, tab::comm);
+  const auto top = [&](const char* name) { return window.findChild<QWidget*>(name)->y(); };
+  ASSERT_GT(top("cmdNext"), top("cmdHelp"));
+  EXPECT_EQ(top("cmdPrev"), top("cmdNext"));
+  EXPECT_EQ(top("cmdQuit"), top("cmdNext"));
+  EXPECT_EQ(top("cmdReset"), top("cmdHelp"));
+}
+
 TEST_F(Scroll, NothingScrollsWhereThereIsRoom) {
   QWidget& window = editor({1200, 900}, tab::comm);
   int areas = 0;

@@ -38,13 +38,21 @@ QLayoutItem* ButtonRow::takeAt(int index) {
   return index < 0 || index >= count() ? nullptr : items_.takeAt(index);
 }
 
-// As many in a line as fit, one at the least.
+// What stands together stays together, where that takes no more lines.
 QList<ButtonRow::Line> ButtonRow::linesWithin(int width) const {
+  const QList<Line> lines = brokenWithin(width, false);
+  const QList<Line> groups = brokenWithin(width, true);
+  return groups.size() > lines.size() ? lines : groups;
+}
+
+// As many in a line as fit, one at the least.
+QList<ButtonRow::Line> ButtonRow::brokenWithin(int width, bool atGaps) const {
   QList<Line> lines(1);
   for (QLayoutItem* item : items_) {
     Line longer = lines.last() + Line{item};
     if (leastWidthOf(longer) > width && !lines.last().isEmpty() && !isGap(*item)) {
-      lines << Line{item};
+      const Line group = atGaps ? groupBefore(item, lines.last(), width) : Line{};
+      lines << group + Line{item};
     } else {
       lines.last() = longer;
     }
@@ -53,6 +61,16 @@ QList<ButtonRow::Line> ButtonRow::linesWithin(int width) const {
     while (lines.size() > 1 && line.size() > 1 && isGap(*line.last())) line.removeLast();
   }
   return lines;
+}
+
+// What goes to the next line with the item is taken from this one.
+ButtonRow::Line ButtonRow::groupBefore(QLayoutItem* item, Line& line, int width) const {
+  const auto gap = std::find_if(line.rbegin(), line.rend(), [](auto* each) { return isGap(*each); });
+  if (gap == line.rend()) return {};
+  const Line group(gap.base(), line.end());
+  if (leastWidthOf(group + Line{item}) > width) return {};
+  line.resize(line.size() - group.size());
+  return group;
 }
 
 int ButtonRow::widthOf(const Line& line) const {

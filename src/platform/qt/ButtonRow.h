@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Buttons in a row that goes on in a second line where the window is too narrow even without the gaps between
-// them. What stretches takes the room that a line has left; a line in which nothing does ends at the right.
+// them, best at a gap. What stretches takes the room that a line has left; a line in which nothing does ends
+// at the right.
 #pragma once
 
 #include <QLayout>
@@ -33,6 +34,8 @@ class ButtonRow : public QLayout {
  private:
   using Line = QList<QLayoutItem*>;
   QList<Line> linesWithin(int width) const;
+  QList<Line> brokenWithin(int width, bool atGaps) const;
+  Line groupBefore(QLayoutItem* item, Line& line, int width) const;
   int widthOf(const Line& line) const;
   int leastWidthOf(const Line& line) const;
   static int heightOf(const Line& line);
