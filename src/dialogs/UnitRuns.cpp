@@ -56,6 +56,7 @@ RunOutcome runJob(bool reading, const UnitJob& job) {
   Global.AutoDetect = False;
   Global.ReadConfirmed = reading ? 1 : 0;
   auto& window = form<frmSerial>();
+  const auto alive = window.shared_from_this();  // after a search the window ends by itself
   window.readMode = asFlag(reading);
   window.job = [&job](Run& run, Channel& channel) {
     if (!attempt([&] { job(run, channel); })) run.outcome.end = RunEnd::replyFault;
