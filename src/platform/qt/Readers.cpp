@@ -6,9 +6,9 @@
 #include <QRadioButton>
 
 #include "platform/qt/ChartView.h"
+#include "platform/qt/FormWindow.h"
 #include "platform/qt/PictureView.h"
 #include "platform/qt/TabsForReaders.h"
-#include "platform/qt/Windows.h"
 
 namespace torvane {
 
