@@ -5,6 +5,7 @@
 #include <QScrollBar>
 
 #include "core/Global.h"
+#include "dialogs/frmRead.h"
 #include "editor/frmBigFolder.h"
 #include "platform/qt/ButtonRow.h"
 #include "qt/TestForm.h"
@@ -116,6 +117,25 @@ TEST_F(Scroll, NothingScrollsWhereThereIsRoom) {
     EXPECT_FALSE(area->horizontalScrollBar()->isVisible()) << area->objectName().toStdString();
   }
   EXPECT_EQ(areas, 2);
+}
+
+// As large as it asks to be, and after it was too small for a time.
+TEST_F(Scroll, ABarGoesWhenThereIsRoom) {
+  const auto dialog = std::make_shared<frmRead>();
+  host_.show(*dialog, false);
+  QWidget& window = host_.window(*dialog);
+  const auto* area = window.findChild<QScrollArea*>("box_scroll");
+  host_.yield();
+  EXPECT_FALSE(area->verticalScrollBar()->isVisible());
+  const QSize first = window.size();
+  window.setMinimumSize(1, 1);
+  window.resize(first.width(), first.height() / 2);
+  host_.yield();
+  EXPECT_TRUE(area->verticalScrollBar()->isVisible());
+  window.resize(first);
+  host_.yield();
+  EXPECT_FALSE(area->verticalScrollBar()->isVisible());
+  host_.release(*dialog);
 }
 
 }  // namespace

@@ -188,8 +188,18 @@ class Look {
     if (!isLeaf(widget)) lookInto(widget);
   }
 
+  // A bar makes what it scrolls narrower, so that it wants more height: it may stay for no other reason.
+  static bool scrollsInVain(const QScrollArea& area) {
+    if (!area.verticalScrollBar()->isVisible() && !area.horizontalScrollBar()->isVisible()) return false;
+    const QWidget& content = *area.widget();
+    const QSize room = area.maximumViewportSize();
+    const int height = content.hasHeightForWidth() ? content.heightForWidth(room.width()) : 0;
+    return fits(content.minimumSizeHint().expandedTo({0, height}), room);
+  }
+
   // What scrolls shows at least one box, or the better part of a wide one, in one go.
   void lookAtRoom(const QScrollArea& area) {
+    if (scrollsInVain(area)) note(area, "scrolls where there is room for all");
     for (const auto* box : area.widget()->findChildren<QWidget*>()) {
       const bool small = as<QAbstractButton>(*box) || as<QComboBox>(*box) || as<QLineEdit>(*box);
       if (small && box->isVisible() && !fits({box->width() / 2, box->height()}, area.viewport()->size())) {

@@ -92,8 +92,28 @@ void ScrollRoom::bringIntoView(const QWidget& box) {
 
 // What the content needs has changed, so the window around is laid out anew.
 bool ScrollRoom::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == widget() && event->type() == QEvent::LayoutRequest) updateGeometry();
+  if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+    updateGeometry();
+    allowBars();
+  }
   return QScrollArea::eventFilter(watched, event);
+}
+
+void ScrollRoom::resizeEvent(QResizeEvent* event) {
+  allowBars();
+  QScrollArea::resizeEvent(event);
+}
+
+// A bar makes the content narrower, texts that are broken into lines want more height then, and the bar that
+// a small window had would stay in a large one for its own sake.
+void ScrollRoom::allowBars() {
+  const QSize room = maximumViewportSize();
+  const int height = widget()->hasHeightForWidth() ? widget()->heightForWidth(room.width()) : 0;
+  const QSize needed = widget()->minimumSizeHint().expandedTo({0, height});
+  const bool fits = needed.expandedTo(room) == room;
+  const auto policy = fits ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded;
+  setVerticalScrollBarPolicy(policy);
+  setHorizontalScrollBarPolicy(policy);
 }
 
 }  // namespace torvane

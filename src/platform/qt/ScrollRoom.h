@@ -26,10 +26,12 @@ class ScrollRoom : public QScrollArea {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   QSize onScreen(QSize wanted) const;
   QSize mostOnScreen() const;
+  void allowBars();
   void follow(QWidget* keyboard);
   void bringIntoView(const QWidget& box);
 
