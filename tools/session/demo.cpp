@@ -44,7 +44,11 @@ void tell(bool written, const QString& file) {
   std::printf("%s %s\n", written ? "wrote" : "could not write", qPrintable(file));
 }
 
-void picture(Form& of, const std::string& name) { tell(screenshot(of, fileFor(name)), fileFor(name)); }
+// What has just come is laid out first.
+void picture(Form& of, const std::string& name) {
+  for (int turn = 0; turn < 3; ++turn) QApplication::processEvents();
+  tell(screenshot(of, fileFor(name)), fileFor(name));
+}
 
 frmBigFolder& editor() { return form<frmBigFolder>(); }
 
@@ -146,25 +150,25 @@ void pictureChart(int tab, const std::function<void(frmBigFolder&)>& fill) {
 }
 
 // Each chart with something to draw.
-void pictureCharts() {
+void pictureCharts(ScriptedHost& user) {
   editor().tabBig.setTab(tab::inputType);
   editor().optInType(2).setValue(true);
-  pictureChart(tab::reading, [](frmBigFolder& of) {
+  pictureChart(tab::reading, [&user](frmBigFolder& of) {
     of.optDpoint(1).setValue(true);
-    of.txtIn1.setText("2000");
-    of.txtRd1.setText("0000");
-    of.txtIn2.setText("9999");
-    of.txtRd2.setText("1000");
+    for (const auto& [box, text] : {std::pair{"txtIn1", "2000"}, std::pair{"txtRd1", "0000"},
+                                    std::pair{"txtIn2", "9999"}, std::pair{"txtRd2", "1000"}}) {
+      type(user, of, box, text);
+    }
   });
   pictureChart(tab::alarm1, [](frmBigFolder& of) {
     of.chkAl1Enabled.setValue(1);
     of.cboAl1Setup.setListIndex(2);
   });
-  pictureChart(tab::alarm2, [](frmBigFolder& of) {
+  pictureChart(tab::alarm2, [&user](frmBigFolder& of) {
     of.chkAl2Enabled.setValue(1);
     of.cboAl2Ctrl.setListIndex(1);
     of.cboAl2Setup.setListIndex(3);
-    of.txtAl2HiSp.setText("020.0");
+    type(user, of, "txtAl2HiSp", "020.0");
   });
   pictureChart(tab::rampSoak, [](frmBigFolder& of) {
     of.chkRampEn.setValue(1);
@@ -356,7 +360,7 @@ void planSession(ScriptedHost& user) {
   openFile(user);
   picturePreferences(user);
   pictureHelp(user);
-  user.whenShown("frmBigFolder", [] { pictureCharts(); });
+  user.whenShown("frmBigFolder", [&user] { pictureCharts(user); });
   pictureEveryKind(user);
   user.whenShown("frmBigFolder", [&user] { click(user, editor(), "cmdQuit"); });
 }
