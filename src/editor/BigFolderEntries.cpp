@@ -39,15 +39,18 @@ void frmBigFolder::wireEntries() {
   }
 }
 
-// As "Setpoint 1, -199.9 to 999.9 F": the range is that of the format, the unit that of the reading.
+// As "Setpoint 1, -199.9 to 999.9 F": the range is that of the format, the unit that of the reading. All tips
+// change together, so that one which is right already ends it.
 void frmBigFolder::showRanges() {
+  const EntryForm form{formDPt(), optAOutV.value()};
   const std::string unit = optInType(2).value() ? " counts" : " " + cboTUnit.text();
   for (const auto& [box, tip] : readingTips_) {
-    if (!box->rule) continue;
+    TextBox& control = *std::get<TextBox*>(controlOf(*this, *box));
     std::string withRange = tip + ", ";
-    withRange += readingRangeText(*box->rule, {formDPt(), optAOutV.value()});
+    withRange += readingRangeText(*box->rule, form);
     withRange += unit;
-    std::get<TextBox*>(controlOf(*this, *box))->setToolTip(withRange);
+    if (control.toolTip() == withRange) return;
+    control.setToolTip(withRange);
   }
 }
 

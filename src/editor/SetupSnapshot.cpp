@@ -41,7 +41,9 @@ SetupSnapshot takeSnapshot(const frmBigFolder& editor) {
                          .simpleMenuShown = editor.simpleMenuShown_,
                          .formatChosen = editor.formatChosen_,
                          .controls = {}};
-  for (const Control* control : controlsOfSetup(editor)) snapshot.controls.push_back(control->state());
+  const std::vector<Control*> controls = controlsOfSetup(editor);
+  snapshot.controls.reserve(controls.size());
+  for (const Control* control : controls) snapshot.controls.push_back(control->state());
   return snapshot;
 }
 
