@@ -45,6 +45,7 @@ void frmBigFolder::showRanges() {
   const EntryForm form{formDPt(), optAOutV.value()};
   const std::string unit = optInType(2).value() ? " counts" : " " + cboTUnit.text();
   for (const auto& [box, tip] : readingTips_) {
+    if (!box->rule) continue;
     TextBox& control = *std::get<TextBox*>(controlOf(*this, *box));
     std::string withRange = tip + ", ";
     withRange += readingRangeText(*box->rule, form);
