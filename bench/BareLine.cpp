@@ -3,20 +3,18 @@
 #include "BareLine.h"
 
 #include <fcntl.h>
-#include <poll.h>
 #include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
 #include <system_error>
+
+#include "BareExchange.h"
 
 namespace torvane {
 
 namespace {
-
-constexpr int patience = 2000;  // milliseconds
 
 void setLine(int file) {
   termios settings{};
@@ -42,17 +40,6 @@ BareLine::~BareLine() {
   close(file_);
 }
 
-std::string BareLine::exchange(std::string_view bytes) const {
-  std::string reply;
-  if (write(file_, bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size())) return reply;
-  std::array<char, 256> part{};
-  pollfd line{file_, POLLIN, 0};
-  while (!reply.ends_with('\r') && poll(&line, 1, patience) > 0) {
-    const ssize_t size = read(file_, part.data(), part.size());
-    if (size <= 0) break;
-    reply.append(part.data(), static_cast<std::size_t>(size));
-  }
-  return reply;
-}
+std::string BareLine::exchange(std::string_view bytes) const { return bareExchange(file_, bytes); }
 
 }  // namespace torvane

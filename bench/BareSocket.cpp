@@ -4,22 +4,16 @@
 
 #include <netinet/in.h>
 #include <netinet/tcp.h>
-#include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
 #include <cstdint>
 #include <system_error>
 
+#include "BareExchange.h"
+
 namespace torvane {
-
-namespace {
-
-constexpr int patience = 2000;  // milliseconds
-
-}  // namespace
 
 BareSocket::BareSocket(int port) : file_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
   sockaddr_in address{};
@@ -37,17 +31,6 @@ BareSocket::BareSocket(int port) : file_(socket(AF_INET, SOCK_STREAM | SOCK_CLOE
 
 BareSocket::~BareSocket() { close(file_); }
 
-std::string BareSocket::exchange(std::string_view bytes) const {
-  std::string reply;
-  if (write(file_, bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size())) return reply;
-  std::array<char, 256> part{};
-  pollfd line{file_, POLLIN, 0};
-  while (!reply.ends_with('\r') && poll(&line, 1, patience) > 0) {
-    const ssize_t size = read(file_, part.data(), part.size());
-    if (size <= 0) break;
-    reply.append(part.data(), static_cast<std::size_t>(size));
-  }
-  return reply;
-}
+std::string BareSocket::exchange(std::string_view bytes) const { return bareExchange(file_, bytes); }
 
 }  // namespace torvane

@@ -2,47 +2,18 @@
 // Sockets on this machine's own addresses.
 #include "sim/Loopback.h"
 
-#include <netinet/in.h>
 #include <netinet/tcp.h>
-#include <sys/socket.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
-#include <cstring>
 #include <system_error>
+
+#include "sim/LoopbackAddress.h"
 
 namespace sim {
 
 namespace {
-
-struct Address {
-  sockaddr_storage storage = {};
-  socklen_t size = sizeof(sockaddr_storage);
-  sockaddr* get() { return reinterpret_cast<sockaddr*>(&storage); }
-};
-
-int number(Family family) { return family == Family::ipv4 ? AF_INET : AF_INET6; }
-
-Address loopback(Family family, int port) {
-  Address address;
-  if (family == Family::ipv4) {
-    sockaddr_in in = {};
-    in.sin_family = AF_INET;
-    in.sin_port = htons(static_cast<std::uint16_t>(port));
-    in.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    address.size = sizeof in;
-    std::memcpy(&address.storage, &in, sizeof in);
-  } else {
-    sockaddr_in6 in = {};
-    in.sin6_family = AF_INET6;
-    in.sin6_port = htons(static_cast<std::uint16_t>(port));
-    in.sin6_addr = in6addr_loopback;
-    address.size = sizeof in;
-    std::memcpy(&address.storage, &in, sizeof in);
-  }
-  return address;
-}
 
 void setFlag(int file, int level, int name) {
   const int on = 1;
@@ -79,8 +50,7 @@ bool hasFamily(Family family) {
 int portOf(int file) {
   Address address;
   if (getsockname(file, address.get(), &address.size) != 0) return 0;
-  // Both kinds of address have the port at the same place.
-  return ntohs(reinterpret_cast<const sockaddr_in*>(&address.storage)->sin_port);
+  return portIn(address);
 }
 
 void takeConnections(int file, int queueLength) { listen(file, queueLength); }

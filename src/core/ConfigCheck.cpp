@@ -107,26 +107,26 @@ bool isPrintable(char byte) { return byte >= ' ' && byte <= '~'; }
 
 // How sure it is that DeviceState begins behind this text: 0 not at all. A zero byte can't be part of a name,
 // and DeviceState is never without one.
-int certainty(std::string_view behindRecords, std::size_t length, const Copies& copies) {
-  const std::string_view text = behindRecords.substr(0, length);
-  const State state = stateIn(behindRecords.substr(length, deviceStateSize));
+int certainty(std::string_view afterRecords, std::size_t length, const Copies& copies) {
+  const std::string_view text = afterRecords.substr(0, length);
+  const State state = stateIn(afterRecords.substr(length, deviceStateSize));
   if (!agrees(state, copies)) return 0;
   const bool plausible = isPlausible(state);
   const bool printable = std::ranges::all_of(text, isPrintable);
-  if (behindRecords.size() == length + deviceStateSize) return plausible ? 5 : 3;
+  if (afterRecords.size() == length + deviceStateSize) return plausible ? 5 : 3;
   if (printable) return plausible ? 4 : 2;
   return plausible ? 1 : 0;
 }
 
-void findBaseModel(std::string_view behindRecords, const Copies& copies, ConfigCheck& check) {
+void findBaseModel(std::string_view afterRecords, const Copies& copies, ConfigCheck& check) {
   int best = 0;
-  const std::size_t longest = std::min(behindRecords.find('\0'), longestModel);
+  const std::size_t longest = std::min(afterRecords.find('\0'), longestModel);
   for (std::size_t length = 0; length <= longest; ++length) {
-    if (behindRecords.size() < length + deviceStateSize) break;
-    const int sure = certainty(behindRecords, length, copies);
+    if (afterRecords.size() < length + deviceStateSize) break;
+    const int sure = certainty(afterRecords, length, copies);
     if (sure <= best) continue;
     best = sure;
-    check.baseModel = behindRecords.substr(0, length);
+    check.baseModel = afterRecords.substr(0, length);
   }
   if (best == 0) check.fault = noModel;
 }

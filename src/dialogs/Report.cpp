@@ -22,7 +22,7 @@ namespace torvane {
 namespace {
 
 constexpr const char* emptyLine = "\r";  // PrintText makes nothing of it
-constexpr int linesBehindShortSections = 4;
+constexpr int linesAfterShortSections = 4;
 
 int bottomLimit(Printer& printer) { return printer.pageHeight() - report::bottomMargin; }
 
@@ -96,11 +96,11 @@ void printRow(Printer& printer, const ReportRow& row) {
   if (row.kind != RowKind::labelOnly) PrintValue(printer, row.value(row.record));
 }
 
-void printSpaceBehindSection(Printer& printer) {
+void printSpaceAfterSection(Printer& printer) {
   PrintText(printer, emptyLine);
   const int unit = meterKind();
   if (unit != kind::alarmsOnly && unit != kind::simpleMenu) return;
-  for (int line = 0; line < linesBehindShortSections; ++line) PrintText(printer, emptyLine);
+  for (int line = 0; line < linesAfterShortSections; ++line) PrintText(printer, emptyLine);
 }
 
 void printTitle(Printer& printer) {
@@ -200,7 +200,7 @@ void printSection(Printer& printer, int number) {
   for (const ReportRow& row : section.rows) {
     if (row.printed()) printRow(printer, row);
   }
-  if (section.spaceBehind) printSpaceBehindSection(printer);
+  if (section.spaceAfter) printSpaceAfterSection(printer);
 }
 
 }  // namespace torvane

@@ -33,7 +33,7 @@ namespace {
 
 constexpr const char* busAddress = "21";
 
-// What the probe finds out fits the window to the unit behind a write or a read. Where neither takes place
+// What the probe finds out fits the window to the unit after a write or a read. Where neither takes place
 // the window stays with its setup.
 class ModelPutBack {
  public:

@@ -209,7 +209,7 @@ TEST_F(NetworkAccess, TellsItsRoadToTheRun) {
   EXPECT_EQ(narrative.lines, (Lines{"Looking for the web server...", "Found web server...",
                                     "Looking for device", "Found device", "Torvane controller found",
                                     "Looking for device", "Found device", "Torvane controller found"}));
-  EXPECT_EQ(commandsBehindDetection(), Lines{});
+  EXPECT_EQ(commandsAfterDetection(), Lines{});
 }
 
 TEST_F(NetworkAccess, ShowsTheCancelButtonAsSuchAgain) {

@@ -11,7 +11,7 @@ namespace torvane {
 
 namespace {
 
-constexpr int commandsOfAWrite = 8 + 33 + 33 + 31;  // detection, reads, writes, reads behind the writes
+constexpr int commandsOfAWrite = 8 + 33 + 33 + 31;  // detection, reads, writes, reads after the writes
 constexpr int commandsOfARead = 8 + 33;
 
 std::vector<MemoField> records() {

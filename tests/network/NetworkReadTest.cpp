@@ -6,6 +6,7 @@
 #include "core/Global.h"
 #include "core/Memo.h"
 #include "core/Model.h"
+#include "tests/network/Meters.h"
 #include "tests/support/NetworkBench.h"
 #include "tests/support/RandomMemo.h"
 
@@ -42,29 +43,6 @@ class NetworkReadBench : public NetworkBench {
     return static_cast<std::size_t>(
         std::ranges::count_if(narrative.lines, [](const auto& line) { return line.ends_with("\rFail"); }));
   }
-};
-
-// ---- every kind of unit, on both kinds of line
-
-struct Meter {
-  const char* name;
-  int kind;
-  int address;  // 0: point to point
-};
-
-std::ostream& operator<<(std::ostream& out, const Meter& meter) { return out << meter.name; }
-
-const Meter meters[] = {
-    {"FullController", kind::fullController, 0},
-    {"FullControllerOnABus", kind::fullController, 17},
-    {"AlarmsOnly", kind::alarmsOnly, 0},
-    {"AlarmsOnlyOnABus", kind::alarmsOnly, 5},
-    {"SimpleMenu", kind::simpleMenu, 0},
-    {"SimpleMenuOnABus", kind::simpleMenu, 199},
-    {"MonitorOnly", kind::monitorOnly, 0},
-    {"MonitorOnlyOnABus", kind::monitorOnly, 17},
-    {"Rkw77", kind::rkw77, 0},
-    {"Rkw77OnABus", kind::rkw77, 17},
 };
 
 class NetworkReadOfEachMeter : public NetworkReadBench, public testing::WithParamInterface<Meter> {
@@ -157,7 +135,7 @@ TEST_F(NetworkRead, SaysNothingOfALoopOfTheWires) {
 TEST_F(NetworkRead, CancelledDuringTheColdJunctionKeepsAndShowsWhatCameBefore) {
   cancelAt("Reading Cold Junction Offset...");
   runRead();
-  EXPECT_EQ(commandsBehindDetection().size(), 14U);
+  EXPECT_EQ(commandsAfterDetection().size(), 14U);
   EXPECT_EQ(form<frmBigFolder>().txtLBATime.text(), "01:30");
   EXPECT_EQ(Memo[rec::txtIDCode].text, "0000");
   EXPECT_TRUE(boxTexts().empty());
@@ -223,7 +201,7 @@ TEST_F(NetworkRead, StopsAtTheFourthFailedStepAndShowsWhatItHas) {
   runRead();
   EXPECT_EQ(boxTexts(), Lines{failedMessage});
   EXPECT_EQ(fails(), 4U);
-  EXPECT_EQ(commandsBehindDetection().back(), "*R1A");
+  EXPECT_EQ(commandsAfterDetection().back(), "*R1A");
   EXPECT_EQ(form<frmBigFolder>().txtSp1.text(), "123.4");
   EXPECT_EQ(form<frmBigFolder>().txtOut1Reset.text(), "0180") << "not read";
   EXPECT_EQ(Global.ReadConfirmed, 0);
@@ -233,7 +211,7 @@ TEST_F(NetworkRead, StopsAtFourFailedStepsInARow) {
   refuse({"09", "13", "12", "0A", "16", "15"});
   host.expectBox(failedMessage);
   runRead();
-  EXPECT_EQ(commandsBehindDetection().back(), "*R0A");
+  EXPECT_EQ(commandsAfterDetection().back(), "*R0A");
 }
 
 TEST_F(NetworkRead, CountsAPairByItsSecondRegisterAlone) {
@@ -247,14 +225,14 @@ TEST_F(NetworkRead, CountsAPairWhoseSecondRegisterFails) {
   refuse({"03", "09", "12", "18"});
   host.expectBox(failedMessage);
   runRead();
-  EXPECT_EQ(commandsBehindDetection().back(), "*R18");
+  EXPECT_EQ(commandsAfterDetection().back(), "*R18");
 }
 
 TEST_F(NetworkRead, CountsAFailureAgainInAStepThatReadsNothing) {
   refuse({"18", "19", "1E"});
   host.expectBox(failedMessage);
   runRead();
-  EXPECT_EQ(commandsBehindDetection().back(), "*R1E");
+  EXPECT_EQ(commandsAfterDetection().back(), "*R1E");
   EXPECT_TRUE(narrative.has("81%"));
 }
 

@@ -5,33 +5,13 @@
 #include "core/Global.h"
 #include "core/Memo.h"
 #include "core/Model.h"
+#include "tests/network/Meters.h"
 #include "tests/support/NetworkBench.h"
 #include "tests/support/RandomMemo.h"
 
 namespace torvane {
 
 namespace {
-
-struct Meter {
-  const char* name;
-  int kind;
-  int address;  // 0: point to point
-};
-
-std::ostream& operator<<(std::ostream& out, const Meter& meter) { return out << meter.name; }
-
-const Meter meters[] = {
-    {"FullController", kind::fullController, 0},
-    {"FullControllerOnABus", kind::fullController, 17},
-    {"AlarmsOnly", kind::alarmsOnly, 0},
-    {"AlarmsOnlyOnABus", kind::alarmsOnly, 5},
-    {"SimpleMenu", kind::simpleMenu, 0},
-    {"SimpleMenuOnABus", kind::simpleMenu, 199},
-    {"MonitorOnly", kind::monitorOnly, 0},
-    {"MonitorOnlyOnABus", kind::monitorOnly, 17},
-    {"Rkw77", kind::rkw77, 0},
-    {"Rkw77OnABus", kind::rkw77, 17},
-};
 
 sim::UnitSetup setupOf(const Meter& meter) {
   sim::UnitSetup setup;
@@ -190,7 +170,7 @@ TEST_F(NetworkWriteOfAnImpossibleScale, OnNoEndsWithNoFurtherStepAndTheReadingTa
   runWrite();
   EXPECT_EQ(form<frmBigFolder>().tabBig.tab(), 3);
   EXPECT_EQ(remote.count("R09"), 0U);
-  EXPECT_EQ(commandsBehindDetection().back(), "*R02");
+  EXPECT_EQ(commandsAfterDetection().back(), "*R02");
   EXPECT_TRUE(status().ends_with("Reading Scale and Offset error and Configuration Sent\r"));
 }
 
@@ -200,7 +180,7 @@ TEST_F(NetworkWrite, StopsAtTheEndOfTheStepWhenCancelled) {
   cancelAt("Configuring Cold Junction Offset...");
   runWrite();
   EXPECT_TRUE(host.scriptDone());
-  EXPECT_EQ(commandsBehindDetection().back(), "*R25");
+  EXPECT_EQ(commandsAfterDetection().back(), "*R25");
   EXPECT_EQ(remote.registerHex("25"), "A0000F") << "the step is finished";
   EXPECT_EQ(remote.count("R05"), 0U);
   EXPECT_TRUE(boxTexts().empty());

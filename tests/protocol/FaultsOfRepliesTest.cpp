@@ -24,7 +24,7 @@ class WriteWithFaultyReplies : public RunBench {
       EXPECT_TRUE(!command.starts_with("*W") || all.contains(command.substr(2, 2))) << command;
     }
   }
-  void behindTheProbe(std::function<void(sim::Faults&)> breaks) {
+  void afterTheProbe(std::function<void(sim::Faults&)> breaks) {
     host.expect([this] { return unit.count("^AE") == 1; }, [this, breaks] { breaks(unit.faults); });
   }
 
@@ -143,7 +143,7 @@ TEST_F(WriteWithFaultyReplies, StopsAtAHundredThousandBytesWithoutAnEndInTheMidd
 }
 
 TEST_F(WriteWithFaultyReplies, WritesNoMoreThanTheRegisterHoldsAfterAHundredThousandBytesWithAnEnd) {
-  behindTheProbe([](sim::Faults& faults) {
+  afterTheProbe([](sim::Faults& faults) {
     faults.noiseInside = std::string(100000, 'U');
     faults.noiseAt = 5;
   });
@@ -188,7 +188,7 @@ TEST_F(WriteWithFaultyReplies, EndsWithAllBytesInEveryReplyAndVerifiesNothing) {
     if (std::string("\r\n*?").find(static_cast<char>(byte)) == std::string::npos)
       bytes += static_cast<char>(byte);
   }
-  behindTheProbe([bytes](sim::Faults& faults) {
+  afterTheProbe([bytes](sim::Faults& faults) {
     faults.noiseInside = bytes;
     faults.noiseAt = 5;
   });

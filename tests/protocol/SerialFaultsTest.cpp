@@ -247,7 +247,7 @@ class AnyBytes : public SerialFaults {
   }
 
   std::mt19937 random{2024};
-  std::string heard;  // what came, or will, behind the last command
+  std::string heard;  // what came, or will, after the last command
 };
 
 TEST_F(AnyBytes, EndOneLineWithinItsLimit) {

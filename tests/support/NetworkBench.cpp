@@ -24,7 +24,7 @@ void NetworkBench::chooseWay(bool serial) {
   form<frmBigFolder>().loadMemo(11);
 }
 
-Lines NetworkBench::commandsBehindDetection() const {
+Lines NetworkBench::commandsAfterDetection() const {
   const Lines all = remote.commands();
   const auto length = detectionTraffic(false).size();
   return all.size() < length ? Lines{} : Lines(all.begin() + static_cast<std::ptrdiff_t>(length), all.end());

@@ -22,7 +22,7 @@ class NetworkBench : public RunBench {
   // The communication tab says serial or network.
   void chooseWay(bool serial);
   // What the unit behind the bridge has heard after the detection.
-  Lines commandsBehindDetection() const;
+  Lines commandsAfterDetection() const;
   std::string target() { return window().lblTarget.caption(); }
 
   sim::Unit remote;  // another one than `unit`, which stands on COM 1

@@ -45,7 +45,7 @@ void showItems(const ListBox& control, QListWidget& widget) {
   }
 }
 
-// The rows behind the first failure follow it, so that it is at the top as soon as there are enough of them.
+// The rows after the first failure follow it, so that it is at the top as soon as there are enough of them.
 void showMarks(const ListBox& control, QListWidget& widget) {
   for (int index = 0; index < control.listCount(); ++index) {
     QListWidgetItem& item = *widget.item(index);

@@ -13,7 +13,7 @@ namespace torvane {
 
 class AppendedFile {
  public:
-  // Opens or makes the file and takes it for this process alone; what stands behind the first `keep` bytes
+  // Opens or makes the file and takes it for this process alone; what stands after the first `keep` bytes
   // was cut off by an end in the middle and goes. Throws RuntimeError.
   AppendedFile(const std::string& path, std::size_t keep);
   AppendedFile(const AppendedFile&) = delete;
