@@ -8,6 +8,7 @@
 #include "dialogs/frmRead.h"
 #include "editor/frmBigFolder.h"
 #include "platform/qt/ButtonRow.h"
+#include "protocol/frmSerial.h"
 #include "qt/TestForm.h"
 
 namespace torvane {
@@ -117,6 +118,19 @@ TEST_F(Scroll, NothingScrollsWhereThereIsRoom) {
     EXPECT_FALSE(area->horizontalScrollBar()->isVisible()) << area->objectName().toStdString();
   }
   EXPECT_EQ(areas, 2);
+}
+
+// On a small screen the list gives way, so that one sees how far a run has come.
+TEST_F(Scroll, TheProgressOfARunStaysOnShow) {
+  const auto status = std::make_shared<frmSerial>();
+  host_.show(*status, false);
+  QWidget& window = host_.window(*status);
+  window.setMinimumSize(1, 1);
+  window.resize(512, 359);  // a screen of 1024x768 at 200 %, without the title
+  host_.yield();
+  EXPECT_TRUE(seen(*window.findChild<QWidget*>("lblProgress"), window));
+  EXPECT_TRUE(seen(*window.findChild<QWidget*>("lblPercent"), window));
+  host_.release(*status);
 }
 
 // As large as it asks to be, and after it was too small for a time.

@@ -125,7 +125,8 @@ void ButtonRow::place(const Line& line, QRect room) const {
   };
   int parts = 0;
   for (const QLayoutItem* item : line) parts += partsOf(*item);
-  if (left > 0 && parts == 0 && line.size() < items_.size()) room.setLeft(room.left() + left);
+  const bool endsRight = line.size() < items_.size() && line.last() == items_.last();
+  if (left > 0 && parts == 0 && endsRight) room.setLeft(room.left() + left);
   for (QLayoutItem* item : line) {
     int width = item->sizeHint().width();
     if (const int share = partsOf(*item); share > 0) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Buttons in a row that goes on in a second line where the window is too narrow even without the gaps between
-// them, best at a gap. What stretches takes the room that a line has left; a line in which nothing does ends
-// at the right.
+// them, best at a gap. What stretches takes the room that a line has left; where nothing does, the last line
+// ends at the right.
 #pragma once
 
 #include <QLayout>
