@@ -12,11 +12,11 @@ namespace torvane {
 
 namespace {
 
-void askForModel(const Handler& behindDialog) {
+void askForModel(const Handler& afterDialog) {
   messageBox("Warning: please specify your device\rbefore continuing.\rUse Setup button from main screen...",
              "", Icon::information);
   form<frmHardware>().showModal();
-  if (behindDialog) behindDialog();
+  if (afterDialog) afterDialog();
   unload<frmHardware>();
   form<frmBigFolder>().followMenu();  // before a tab is left and committed: the menu may be another
   form<frmBigFolder>().leaveUnavailableTab();
@@ -24,9 +24,9 @@ void askForModel(const Handler& behindDialog) {
 
 }  // namespace
 
-bool prepareRun(const Handler& behindDialog) {
+bool prepareRun(const Handler& afterDialog) {
   form<frmBigFolder>().SaveCurrentTab();
-  if (!isModelFixed()) askForModel(behindDialog);
+  if (!isModelFixed()) askForModel(afterDialog);
   return isModelFixed();
 }
 

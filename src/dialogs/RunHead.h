@@ -7,8 +7,8 @@
 namespace torvane {
 
 // The communication tab is committed, and the user is sent to the hardware dialog if no model is fixed yet.
-// `behindDialog` runs when the dialog has been answered. False: still no model, and no run.
-bool prepareRun(const Handler& behindDialog = {});
+// `afterDialog` runs when the dialog has been answered. False: still no model, and no run.
+bool prepareRun(const Handler& afterDialog = {});
 
 // The form is fitted to what the run has found, without a dialog.
 void fitToFoundUnit();

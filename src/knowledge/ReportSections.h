@@ -26,7 +26,7 @@ struct ReportRow {
 
 struct ReportSection {
   bool (*printed)();
-  bool spaceBehind;
+  bool spaceAfter;
   std::span<const ReportRow> rows;
 };
 
