@@ -5,11 +5,13 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QImage>
+#include <QPainter>
 #include <algorithm>
 #include <set>
 
 #include "core/Global.h"
 #include "editor/frmBigFolder.h"
+#include "platform/qt/ChartPainter.h"
 #include "platform/qt/ChartView.h"
 #include "qt/TestForm.h"
 #include "session/Look.h"
@@ -88,6 +90,21 @@ TEST_F(ChartWindows, ShowDisplayColoursAndTheInkOfEachLook) {
     EXPECT_TRUE(colors.contains(QColor("#d93025").rgb())) << "the red of an active alarm";
     EXPECT_TRUE(colors.contains(QApplication::palette().color(QPalette::Text).rgb()));
   }
+}
+
+// Windows pales the highlight of windows in the background until it is that of the ground.
+TEST_F(ChartWindows, ShowTheirLinesInABackgroundWindowToo) {
+  QPalette palette;
+  palette.setColor(QPalette::Active, QPalette::Highlight, Qt::blue);
+  palette.setColor(QPalette::Inactive, QPalette::Highlight, palette.color(QPalette::Base));
+  palette.setCurrentColorGroup(QPalette::Inactive);
+  Chart chart;
+  chart.across.ticks = chart.up.ticks = {{0, "0"}, {1, "1"}};
+  chart.lines = {{{{0, 0.5}, {1, 0.5}}}};
+  QImage image(300, 200, QImage::Format_RGB32);
+  QPainter painter(&image);
+  ChartPainter(painter, chart, palette, image.rect()).paint();
+  EXPECT_TRUE(colorsOf(image).contains(QColor(Qt::blue).rgb()));
 }
 
 TEST_F(ChartWindows, ShowNothingWhereThereIsNoRoomToReadIt) {

@@ -51,7 +51,7 @@ ChartPainter::ChartPainter(QPainter& painter, const Chart& chart, const QPalette
       ground_(palette.color(QPalette::Base)),
       ink_(palette.color(QPalette::Text)),
       faint_(mixed(ground_, ink_, 0.2)),
-      accent_(palette.color(QPalette::Highlight)) {
+      accent_(palette.color(QPalette::Active, QPalette::Highlight)) {  // pale in a background window
   painter_.setRenderHint(QPainter::Antialiasing);
 }
 
