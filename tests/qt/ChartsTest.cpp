@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QPainter>
 #include <algorithm>
+#include <cstdlib>
 #include <set>
 
 #include "core/Global.h"
@@ -117,6 +118,38 @@ TEST_F(ChartWindows, ShowNothingWhereThereIsNoRoomToReadIt) {
   for (int side = 2; side < 700; side += 37) {
     small.resize(side, side / 2);
     EXPECT_FALSE(small.grab().isNull());
+  }
+}
+
+bool hasColor(const QImage& image, int column, const QColor& color) {
+  const auto near = [](int one, int other) { return std::abs(one - other) < 48; };
+  for (int y = 0; y < image.height(); ++y) {
+    const QColor pixel = image.pixelColor(column, y);
+    const bool same = near(pixel.red(), color.red()) && near(pixel.green(), color.green()) &&
+                      near(pixel.blue(), color.blue());
+    if (same) return true;
+  }
+  return false;
+}
+
+// From corner to corner, where the words of a point have no room below the line.
+TEST_F(ChartWindows, NoWordsHideAPartOfTheLine) {
+  Chart chart;
+  chart.across = {.title = "Reading", .from = 0, .to = 1, .ticks = {{0, "0.0"}, {1, "999.9"}}};
+  chart.up = {.title = "Output", .from = 0, .to = 1.1, .ticks = {{0, "0"}, {1, "10"}}};
+  chart.lines = {{.points = {{0, 0}, {1, 1}}}};
+  chart.marks = {{{0, 0}, "1: 0.0, 0.00"}, {{1, 1}, "2: 999.9, 10.00"}};
+  for (const int height : {250, 300, 400}) {
+    ChartView picture;
+    picture.setChart(chart);
+    picture.resize(440, height);
+    const QImage image = picture.grab().toImage();
+    std::vector<int> columns;
+    for (int x = 0; x < image.width(); ++x) {
+      if (hasColor(image, x, picture.palette().color(QPalette::Highlight))) columns.push_back(x);
+    }
+    ASSERT_GT(columns.size(), 200U);
+    EXPECT_EQ(columns.back() - columns.front() + 1, static_cast<int>(columns.size())) << height;
   }
 }
 

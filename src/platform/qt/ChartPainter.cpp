@@ -5,6 +5,7 @@
 #include <QFontMetricsF>
 #include <algorithm>
 
+#include "platform/qt/Ink.h"
 #include "platform/qt/io/QtText.h"
 
 namespace torvane {
@@ -15,11 +16,6 @@ constexpr double gap = 4;
 constexpr double dot = 4;       // radius of a mark
 constexpr double tickMark = 4;  // length
 constexpr double linesOfBar = 2;
-
-QColor mixed(const QColor& one, const QColor& other, double share) {
-  const auto mix = [share](int a, int b) { return static_cast<int>(a + (b - a) * share); };
-  return {mix(one.red(), other.red()), mix(one.green(), other.green()), mix(one.blue(), other.blue())};
-}
 
 // The unit's display; a unit without colours has that of the palette.
 QColor displayColor(ZoneColor color, const QColor& none) {
@@ -35,9 +31,6 @@ QColor displayColor(ZoneColor color, const QColor& none) {
   }
   return none;
 }
-
-// Black or white, whichever is easier to read.
-QColor readableOn(const QColor& ground) { return qGray(ground.rgb()) > 120 ? Qt::black : Qt::white; }
 
 double share(double value, const ChartAxis& axis) { return (value - axis.from) / (axis.to - axis.from); }
 
@@ -228,26 +221,36 @@ void ChartPainter::labels(const QRectF& frame) {
   }
 }
 
-// Near the mark and off the line where there is such a place; none where labels would touch.
+// Near the mark and off the line, else further aside; on the line where there is no such place, and nowhere
+// where labels would touch.
 QRectF ChartPainter::labelPlace(const ChartMark& mark, const QRectF& frame) const {
-  const QPointF point = at(mark.at, frame);
-  const double width = std::min(widthOf(mark.text) + gap, frame.width());
-  const double above = point.y() - dot - line_;
-  const double below = point.y() + dot;
-  const double heights[] = {below,         above,         point.y() - line_ / 2,
-                            above - line_, below + line_, above - 2 * line_};
-  const double sides[] = {point.x() + dot + 2 * gap, point.x() - dot - 2 * gap - width, point.x() - width / 2,
-                          std::clamp(point.x() - width / 2, frame.left(), frame.right() - width)};
   QRectF onLine;
-  for (const double top : heights) {
-    for (const double left : sides) {
-      const QRectF place(left, top, width, line_);
+  for (const double aside : {0.0, 2 * line_, 4 * line_}) {
+    for (const QRectF& place : labelPlaces(mark, aside, frame)) {
       if (!isFree(place, frame)) continue;
       if (!crossesLine(place, frame)) return place;
       if (onLine.isNull()) onLine = place;
     }
   }
   return onLine;
+}
+
+std::vector<QRectF> ChartPainter::labelPlaces(const ChartMark& mark, double aside,
+                                              const QRectF& frame) const {
+  const QPointF point = at(mark.at, frame);
+  const double width = std::min(widthOf(mark.text) + gap, frame.width());
+  const double above = point.y() - dot - line_;
+  const double below = point.y() + dot;
+  const double heights[] = {below,         above,         point.y() - line_ / 2,
+                            above - line_, below + line_, above - 2 * line_};
+  const double distance = dot + 2 * gap + aside;
+  const double sides[] = {point.x() + distance, point.x() - distance - width, point.x() - width / 2,
+                          std::clamp(point.x() - width / 2, frame.left(), frame.right() - width)};
+  std::vector<QRectF> places;
+  for (const double top : heights) {
+    for (const double left : sides) places.emplace_back(left, top, width, line_);
+  }
+  return places;
 }
 
 bool ChartPainter::isFree(const QRectF& place, const QRectF& frame) const {

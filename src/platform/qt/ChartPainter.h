@@ -31,6 +31,7 @@ class ChartPainter {
   QColor fillOf(const ChartZone& zone) const;
   void labels(const QRectF& frame);
   QRectF labelPlace(const ChartMark& mark, const QRectF& frame) const;
+  std::vector<QRectF> labelPlaces(const ChartMark& mark, double aside, const QRectF& frame) const;
   std::vector<int> labelRows(const QRectF& frame) const;
   void marksOfBar(const QRectF& frame, const std::vector<int>& rows);
 
