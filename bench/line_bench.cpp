@@ -111,7 +111,7 @@ void plan(TimedHost& user, sim::Server& server, Times& times) {
 
 void print(const Times& times) {
   printFigure("a whole write beside its bytes on the line", median(times.open), "times", 1.15);
-  printFigure("... without the openings", median(times.closed), "times", 1.03);
+  printFigure("... without the openings", median(times.closed), "times", 1.04);
   printFigure("... from the press of the button to the closed window", median(times.pressed), "times");
   printFigure("... the simulated unit alone, under bare system calls", median(times.bare), "times");
   printFigure("... without the openings, beside bare system calls", median(times.beside), "times");

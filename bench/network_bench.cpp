@@ -164,7 +164,7 @@ void measureSilence(sim::TcpServer& server, sim::Bridge& bridge, Times& times) {
 void print(const Times& times) {
   printFigure("the lines of a network read beside bare system calls", median(times.channel), "times", 1.5);
   printFigure("... one exchange by bare system calls", median(times.bare), "us");
-  printFigure("a network read with its windows, less its waits", median(times.whole), "ms");
+  printFigure("a network read with its windows, less its waits", median(times.whole), "ms", 15);
   printFigure("... from the commands to their replies, painting included", median(times.onLine), "ms");
   printFigure("share of a core in the waits of a network read", median(times.share), "%", 3);
   printFigure("share of a core through a read at a silent bridge", median(times.silent), "%", 3);
