@@ -17,6 +17,9 @@ InstallDir "$LOCALAPPDATA\Programs\${NAME}"
 InstallDirRegKey HKCU "Software\Ashgrove Electronics\${NAME}" "Folder"
 SetCompressor /SOLID lzma
 BrandingText " "
+XPStyle on
+ManifestDPIAware true
+InstallColors /windows
 
 Page directory
 Page instfiles
