@@ -98,10 +98,6 @@ void frmBigFolder::alignDeadBands() {
   }
 }
 
-bool frmBigFolder::isInUse(const SetupBox& box) {
-  return box.inUse == InUse::always || setupHasMenu(menu::simple);
-}
-
 void frmBigFolder::reCover() {
   for (std::int16_t tab = 0; tab < tab::count; ++tab) writeMemo(tab);
 }

@@ -8,9 +8,11 @@
 #include "core/NumberText.h"
 #include "dialogs/frmRunDetails.h"
 #include "dialogs/frmWrite.h"
+#include "editor/SetupBoxes.h"
 #include "editor/frmBigFolder.h"
 #include "knowledge/EncodedSetup.h"
 #include "knowledge/Losses.h"
+#include "knowledge/RegisterMap.h"
 #include "knowledge/UnitImage.h"
 #include "platform/Clock.h"
 
@@ -18,47 +20,19 @@ namespace torvane {
 
 namespace {
 
-struct RegisterOnTabs {
-  const char* reg;
-  std::initializer_list<int> tabs;
-};
-
-// The tabs that show what a register holds.
-const RegisterOnTabs registersOnTabs[] = {
-    {"07", {tab::inputType}},
-    {"08", {tab::reading}},
-    {"01", {tab::setpoints}},
-    {"02", {tab::setpoints}},
-    {"14", {tab::reading}},
-    {"03", {tab::reading}},
-    {"09", {tab::alarm1}},
-    {"13", {tab::alarm1}},
-    {"12", {tab::alarm1}},
-    {"0A", {tab::alarm2}},
-    {"16", {tab::alarm2}},
-    {"15", {tab::alarm2}},
-    {"0B", {tab::lbAlarm}},
-    {"25", {tab::lbAlarm}},
-    {"05", {tab::idCode}},
-    {"0C", {tab::out1}},
-    {"0D", {tab::out2}},
-    {"17", {tab::out1}},
-    {"18", {tab::out1}},
-    {"19", {tab::out1}},
-    {"1A", {tab::out1}},
-    {"1C", {tab::out2}},
-    {"1D", {tab::out2}},
-    {"0E", {tab::rampSoak}},
-    {"1E", {tab::rampSoak}},
-    {"11", {tab::setpoints, tab::alarm1, tab::alarm2}},
-    {"24", {tab::idCode, tab::setpoints, tab::lbAlarm, tab::out1}},
-    {"0F", {tab::analog}},
-    {"04", {tab::analog}},
-    {"27", {tab::out1}},
-    {"28", {tab::out1}},
-    {"1F", {tab::comm}},
-    {"21", {tab::comm}},
-};
+// The tabs that show what a register holds in a unit with this menu: those of the boxes that a write takes it
+// from.
+std::set<int> tabsOf(std::string_view reg) {
+  std::set<int> tabs;
+  for (const RegisterField& field : fieldsOf(reg)) {
+    if (!appliesIn(field, {.kind = meterKind()})) continue;
+    for (const SetupBox& box : setupBoxes()) {
+      const bool shown = std::ranges::find(field.records, box.record) != field.records.end();
+      if (shown && isInUse(box)) tabs.insert(box.tabs.shown);
+    }
+  }
+  return tabs;
+}
 
 bool isTold(const RunOutcome& outcome, const std::string& reg) {
   return std::ranges::find(outcome.registers, reg, &RegisterOutcome::reg) != outcome.registers.end();
@@ -75,8 +49,8 @@ bool keepsOldValue(const RunOutcome& outcome, const std::string& reg) {
 
 std::set<int> tabsWithOldSetup(const RunOutcome& outcome) {
   std::set<int> tabs;
-  for (const auto& [reg, on] : registersOnTabs) {
-    if (keepsOldValue(outcome, reg)) tabs.insert(on.begin(), on.end());
+  for (const RegisterRow& row : registerRows()) {
+    if (keepsOldValue(outcome, row.reg)) tabs.merge(tabsOf(row.reg));
   }
   return tabs;
 }

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "core/Memo.h"
+#include "core/Model.h"
 
 namespace torvane {
 
@@ -200,6 +201,8 @@ struct ControlFinder {
 };
 
 }  // namespace
+
+bool isInUse(const SetupBox& box) { return box.inUse == InUse::always || setupHasMenu(menu::simple); }
 
 std::span<const SetupBox> setupBoxes() { return boxes; }
 

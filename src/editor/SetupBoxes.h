@@ -57,6 +57,9 @@ struct SetupBox {
   InUse inUse = InUse::always;
 };
 
+// Whether the setup has the box: it may be of a menu that its unit has not.
+bool isInUse(const SetupBox& box);
+
 // In the order in which a tab is shown: options run their handlers, and these arrange other controls.
 std::span<const SetupBox> setupBoxes();
 // The row of a text box; std::logic_error if it has none.

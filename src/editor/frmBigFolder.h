@@ -137,7 +137,6 @@ class frmBigFolder : public BigFolderControls {
   static const SetupBox& boxOfRecord(int record);
   void commit(const SetupBox& box);
   void alignDeadBands();
-  static bool isInUse(const SetupBox& box);
   void load(const SetupBox& box);
   void store(const SetupBox& box, MemoArray& records);
   void commitTab(int tab, MemoArray& records);

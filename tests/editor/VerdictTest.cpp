@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The line that stays on the main window after a run, and the chooser that shows it too.
+#include <random>
+#include <set>
+
 #include "dialogs/frmRunDetails.h"
+#include "editor/SetupBoxes.h"
 #include "tests/editor/EditorTest.h"
 #include "tests/support/Outcomes.h"
+#include "tests/support/RandomMemo.h"
 
 namespace torvane {
 
@@ -59,6 +64,50 @@ TEST_F(VerdictLine, NamesTheTabsThatShowTheOldSetupAfterARead) {
       << line();
   keep(outcomeOf(true, {took("07", "Input Type", Verdict::read), failed("01", "Set-Point 1", "no answer")}));
   EXPECT_NE(line().find("The tab Setpoints shows the old setup"), std::string::npos) << line();
+}
+
+// The records that any reply to a register changes.
+std::set<int> recordsReadFrom(const RegisterUnderTest& reg) {
+  std::mt19937 random(std::mt19937::default_seed);
+  std::set<int> records;
+  for (int reply = 0; reply < 200; ++reply) {
+    std::string digits;
+    while (digits.size() < reg.width) digits += "0123456789ABCDEF"[between(random, 0, 15)];
+    const MemoArray before = Memo;
+    attempt([&] { reg.parse("R" + std::string(reg.index) + digits); });
+    for (int record = 0; record < MemoArray::count; ++record) {
+      if (Memo[record] != before[record]) records.insert(record);
+    }
+  }
+  return records;
+}
+
+bool showsOneOf(const SetupBox& box, const std::set<int>& records) {
+  return records.contains(box.record) && isInUse(box);
+}
+
+TEST_F(VerdictLine, NamesEveryTabThatShowsWhatWasNotRead) {
+  for (const int kind : {kind::fullController, kind::simpleMenu}) {
+    for (const RegisterUnderTest& reg : allRegisters()) {
+      freshSetup();
+      chooseKind(kind);
+      const std::set<int> records = recordsReadFrom(reg);
+      chooseKind(kind);
+      keep(outcomeOf(true, {failed(reg.index, "a step", "no answer")}));
+      for (const SetupBox& box : setupBoxes()) {
+        if (!showsOneOf(box, records)) continue;
+        const std::string& tab = editor.tabBig.page(static_cast<std::size_t>(box.tabs.shown)).caption;
+        EXPECT_NE(line().find(tab), std::string::npos) << reg.index << ": " << tab << " in " << line();
+      }
+    }
+  }
+}
+
+TEST_F(VerdictLine, NamesTheTabsOfAllThatOneRegisterHolds) {
+  keep(outcomeOf(true, {failed("0D", "Output 2", "no answer")}));
+  EXPECT_NE(line().find("The tabs Out1, Out2, Ramp/Soak show the old setup"), std::string::npos) << line();
+  keep(outcomeOf(true, {failed("24", "ID Code Protection", "no answer")}));
+  EXPECT_NE(line().find("The tabs ID code, Setpoints, Out1 show the old setup"), std::string::npos) << line();
 }
 
 TEST_F(VerdictLine, NamesTheTabsOfWhatAStoppedReadDidNotComeTo) {
