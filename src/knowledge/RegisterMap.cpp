@@ -8,6 +8,7 @@
 #include "core/Model.h"
 #include "core/NumberText.h"
 #include "protocol/EncodersMasks.h"
+#include "protocol/Steps.h"
 
 namespace torvane {
 
@@ -170,8 +171,6 @@ constexpr RegisterField fields[] = {
 };
 // clang-format on
 
-constexpr const char* notOnRkw77[] = {"11", "15", "16", "24", "27", "28"};
-
 std::uint32_t codeAt(const RegisterDigits& digits, std::string_view reg) {
   return static_cast<std::uint32_t>(hexValue(digitsOf(digits, reg)));
 }
@@ -194,8 +193,8 @@ std::int32_t maskOf(std::string_view reg, int kind) {
 }
 
 bool hasRegister(std::string_view reg, int kind) {
-  if (registerPlace(reg) < 0) return false;
-  return kind != kind::rkw77 || std::ranges::find(notOnRkw77, reg) == std::end(notOnRkw77);
+  const RegisterStep* const step = stepOf(reg);
+  return step != nullptr && (kind != kind::rkw77 || step->onRkw77);
 }
 
 const std::string& digitsOf(const RegisterDigits& digits, std::string_view reg) {

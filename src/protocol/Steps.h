@@ -24,7 +24,7 @@ enum class StepRule {
 };
 
 struct RegisterStep {
-  int step;         // 0 to 30; two rows of one step belong together
+  int step;         // from 0 on; two rows of one step belong together
   const char* reg;  // two hexadecimal digits; empty: none
   int percent;      // the bar after this row; unchanged: it stays
   StepRule rule;

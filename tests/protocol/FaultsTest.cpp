@@ -6,6 +6,7 @@
 #include "core/Global.h"
 #include "core/Memo.h"
 #include "core/Model.h"
+#include "knowledge/RegisterMap.h"
 #include "tests/support/RandomMemo.h"
 #include "tests/support/RunBench.h"
 
@@ -54,7 +55,7 @@ class FaultyWrite : public RunBench {
   const Payloads before;
 };
 
-constexpr long registersInAll = 33;
+constexpr auto registersInAll = static_cast<long>(registerCount);
 
 // ---- a port that can't be opened
 

@@ -5,13 +5,14 @@
 #include "core/Global.h"
 #include "core/Memo.h"
 #include "core/Model.h"
+#include "knowledge/RegisterMap.h"
 #include "tests/support/RunBench.h"
 
 namespace torvane {
 
 namespace {
 
-constexpr std::size_t registersInAll = 33;
+constexpr std::size_t registersInAll = registerCount;
 
 class FaultyRead : public RunBench {
  protected:
