@@ -10,15 +10,14 @@
 #include "core/ConfigFile.h"
 #include "core/Memo.h"
 #include "core/Model.h"
+#include "core/PartNumber.h"
 #include "tests/support/Bench.h"
 
 namespace torvane {
 
 namespace {
 
-constexpr const char* models[] = {"Rkw77[case]", "IRkw77[case]", "Tv[8,16,32]", "Tv8",   "Tv8C",  "Tv8D[H/V]",
-                                  "Tv32",        "Tv16",         "Tv16D",       "Mqv8",  "Mqv8C", "Rkv8",
-                                  "Rkv8C",       "Rkv8D[H/V]",   "Rkv32",       "Mqv16", "Rkv16", "Rkv16D"};
+const std::vector<std::string> models = listedModels();
 
 class ConfigChecked : public ::testing::Test {
  protected:
@@ -30,10 +29,11 @@ class ConfigChecked : public ::testing::Test {
 
   // A state of the program as its own parts leave it.
   void fillSetup() {
-    const int model = pick(18);
-    BaseModel = pick(10) == 0 ? "" : models[model];
+    const int model = pick(static_cast<int>(models.size()));
+    const std::string& name = models[static_cast<std::size_t>(model)];
+    BaseModel = pick(10) == 0 ? "" : name;
     for (int shorter = pick(3); shorter > 0 && !BaseModel.empty(); --shorter) BaseModel.pop_back();
-    Hardware.ModelNumber = std::string(models[model]) + digits();
+    Hardware.ModelNumber = name + digits();
     const bool fresh = pick(8) == 0;
     DeviceState = {.IdFlagE = static_cast<std::int16_t>(fresh ? 0 : 2 * pick(2) - 1),
                    .IdFlagC = static_cast<std::int16_t>(pick(2)),
