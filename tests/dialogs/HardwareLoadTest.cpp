@@ -221,7 +221,7 @@ TEST_F(HardwareLoad, TellsAnErrorByItsNumberAndCanBeUsedAllTheSame) {
     std::int32_t modelIndex;
   };
   for (const auto& [deviceClass, busMode, modelIndex] :
-       {Case{0, 3, -1}, {1, 5, -1}, {1, 0, 18}, {1, -2, 0}}) {
+       {Case{0, 3, -1}, {1, 5, -1}, {1, 0, static_cast<std::int32_t>(models.size())}, {1, -2, 0}}) {
     DeviceState.DeviceClass = deviceClass;
     Hardware.BusMode = busMode;
     DeviceState.ModelIndex = modelIndex;
