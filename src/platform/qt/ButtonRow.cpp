@@ -28,7 +28,7 @@ ButtonRow::ButtonRow(QLayout& row) {
   setSpacing(row.spacing());
   while (QLayoutItem* item = row.takeAt(0)) {
     if (item->widget() != nullptr) addChildWidget(item->widget());
-    addItem(item);
+    ButtonRow::addItem(item);
   }
 }
 
@@ -67,7 +67,7 @@ QList<ButtonRow::Line> ButtonRow::brokenWithin(int width, bool atGaps) const {
 ButtonRow::Line ButtonRow::groupBefore(QLayoutItem* item, Line& line, int width) const {
   const auto gap = std::find_if(line.rbegin(), line.rend(), [](auto* each) { return isGap(*each); });
   if (gap == line.rend()) return {};
-  const Line group(gap.base(), line.end());
+  Line group(gap.base(), line.end());
   if (leastWidthOf(group + Line{item}) > width) return {};
   line.resize(line.size() - group.size());
   return group;
@@ -129,7 +129,7 @@ void ButtonRow::place(const Line& line, QRect room) const {
   if (left > 0 && parts == 0 && endsRight) room.setLeft(room.left() + left);
   for (QLayoutItem* item : line) {
     int width = item->sizeHint().width();
-    if (const int share = partsOf(*item); share > 0) {
+    if (const int share = partsOf(*item); share > 0 && parts > 0) {
       const int change = std::max(left * share / parts, -width);
       width += change;
       left -= change;
