@@ -34,6 +34,7 @@ class FirstStart : public testing::Test {
  protected:
   explicit FirstStart(const sim::LineSettings& line = {}) : unit_({.line = line}) {
     setMachine(&user_);
+    forget();  // what sessions before this one have left
     for (const char* key : {"CommPort", "Baud", "Parity", "Data", "Stop", "Warn"}) {
       user_.deleteSetting(std::string(program::title) + "/Persist/" + key);
     }
@@ -45,9 +46,13 @@ class FirstStart : public testing::Test {
     unloadAllForms();
     for (int port = 1; port <= 10; ++port) user_.deleteSetting(portKey(port));
     setMachine(nullptr);
+    forget();
+    EXPECT_TRUE(user_.done());
+  }
+  static void forget() {
     Memo.reset();
     Global.reset();
-    EXPECT_TRUE(user_.done());
+    resetModel();
   }
 
   static std::string portKey(int port) {

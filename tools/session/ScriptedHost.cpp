@@ -18,7 +18,10 @@ namespace {
 constexpr double glance = 0.02;  // seconds between two looks of the user
 }
 
-void ScriptedHost::then(Condition when, Act act) { script_.push_back({std::move(when), std::move(act)}); }
+void ScriptedHost::then(Condition when, Act act) {
+  if (script_.empty()) waitsSince_ = QtHost::now();
+  script_.push_back({std::move(when), std::move(act)});
+}
 
 void ScriptedHost::whenShown(const std::string& formName, Act act) {
   then(
@@ -31,7 +34,14 @@ void ScriptedHost::whenShown(const std::string& formName, Act act) {
 }
 
 void ScriptedHost::letUserAct() {
-  if (script_.empty() || !script_.front().when()) return;
+  if (script_.empty()) return;
+  const bool due = script_.front().when();
+  if (!due && QtHost::now() - waitsSince_ < patience) return;
+  waitsSince_ = QtHost::now();
+  if (!due) {
+    for (const auto& form : loadedForms()) form->hide();
+    return;
+  }
   const Act act = script_.front().act;
   script_.pop_front();
   act();

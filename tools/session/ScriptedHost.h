@@ -22,6 +22,8 @@ class ScriptedHost : public QtHost {
   void then(Condition when, Act act);
   void whenShown(const std::string& formName, Act act);
   bool done() const { return script_.empty(); }
+  // Seconds after which a user who waits for a condition in vain closes all windows; done() stays false.
+  double patience = 300;
 
   // Answers every message box with its default after noting its text.
   std::deque<std::string> boxes;
@@ -49,6 +51,7 @@ class ScriptedHost : public QtHost {
   void letUserAct();
 
   std::deque<Step> script_;
+  double waitsSince_ = 0;  // for the first step of the script
 };
 
 // The widget of a control on the form's window.
