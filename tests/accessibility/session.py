@@ -114,9 +114,10 @@ def read_unit(app, main):
     chooser = window(app, "Read from")
     check_dialog(chooser)
     press(chooser, "Read configuration from device connected to Serial Port.")
+    wait(lambda: " read from " in get(main, "Good", "label", start=True).name, "the end of the read")
     gone(app, "Read from")
     turn_to(main, "Setpoints")
-    expect(text(get(main, "Setpoint 1", "text")) == "123.4", "what the unit holds")
+    wait(lambda: text(get(main, "Setpoint 1", "text")) == "123.4", "what the unit holds")
     turn_to(main, "Input type")
     expect(has(get(main, "RTD", "radio button"), pyatspi.STATE_CHECKED), "RTD of the unit")
 
