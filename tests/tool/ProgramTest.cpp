@@ -158,6 +158,12 @@ TEST(LineLock, TakesAPortThatIsNoFileForTheSameInEveryFolder) {
   QDir::setCurrent(before);
 }
 
+TEST(LineLock, TakesADeviceForTheSameByItsNameAlone) {
+  LineLock byPath("/dev/null");
+  ASSERT_TRUE(byPath.take());
+  EXPECT_FALSE(LineLock("null").take());
+}
+
 }  // namespace
 
 }  // namespace torvane

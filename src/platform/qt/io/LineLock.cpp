@@ -14,10 +14,11 @@ namespace torvane {
 
 namespace {
 
-// A port of Windows is no file, whatever lies in the folder where the program was started.
+// A name alone is a device in /dev, as it is for who opens it; a port of Windows or a bridge's address is no
+// file.
 QString lockFile(const std::string& line) {
   QString name = QString::fromStdString(line);
-  const QString device = name.contains('/') ? QFileInfo(name).canonicalFilePath() : QString();
+  const QString device = QFileInfo(name.contains('/') ? name : "/dev/" + name).canonicalFilePath();
   if (!device.isEmpty()) name = device;
   for (QChar& letter : name) {
     if (!letter.isLetterOrNumber() && letter != '.') letter = '_';
