@@ -14,6 +14,7 @@
 #include <string>
 
 #include "platform/RuntimeError.h"
+#include "tests/support/Trials.h"
 
 namespace torvane {
 
@@ -246,7 +247,7 @@ double randomDouble(std::mt19937_64& random) {
 
 TEST(NumberText, IsReadBackToFifteenDigits) {
   std::mt19937_64 random(20);
-  for (int i = 0; i < 100'000; ++i) {
+  for (int i = 0; i < trials(100'000); ++i) {
     const double value =
         i % 2 == 0 ? randomDouble(random) : std::ldexp(randomDouble(random) > 0 ? 1.7 : -1.3, i % 60 - 30);
     const std::string text = numberText(value);
@@ -352,7 +353,7 @@ std::string garbage(std::mt19937_64& random, std::size_t length) {
 
 TEST(GarbageTexts, GiveANumberOrAnOverflow) {
   std::mt19937_64 random(3);
-  for (int i = 0; i < 200'000; ++i) {
+  for (int i = 0; i < trials(200'000); ++i) {
     const std::string text = garbage(random, random() % 20);
     double value = 0;
     const int valFault = faultOf([&] { value = Val(text); });

@@ -4,6 +4,7 @@
 #include "dialogs/SetupFiles.h"
 #include "knowledge/UnitFile.h"
 #include "tests/dialogs/CompareBench.h"
+#include "tests/support/Trials.h"
 
 namespace torvane {
 
@@ -173,7 +174,7 @@ sim::UnitSetup unitOf(int kind) {
 
 class ComparedWrite : public CompareBench, public testing::WithParamInterface<int> {
  protected:
-  static constexpr int rounds = 100;  // of each kind, over each way
+  const int rounds = trials(100);  // of each kind, over each way
 
   ComparedWrite() : CompareBench(unitOf(GetParam())) { random.seed(static_cast<unsigned>(60 + GetParam())); }
 

@@ -3,6 +3,7 @@
 #include <random>
 
 #include "tests/dialogs/HardwareBench.h"
+#include "tests/support/Trials.h"
 
 namespace torvane {
 
@@ -59,7 +60,7 @@ class HardwareWalk : public HardwareBench {
 };
 
 TEST_F(HardwareWalk, NeverFailsAndEndsOnATabInUse) {
-  for (int seed = 1; seed <= 1800; ++seed) {
+  for (int seed = 1; seed <= trials(1800); ++seed) {
     random.seed(static_cast<unsigned>(seed));
     showTab(pick(12));
     host.whenShown("frmHardware", [&] {
@@ -75,7 +76,7 @@ TEST_F(HardwareWalk, NeverFailsAndEndsOnATabInUse) {
 }
 
 TEST_F(HardwareWalk, ShowsWhatMakeModelGivesBehindEveryChoiceOfAnOutputOrAnOption) {
-  for (int seed = 1; seed <= 360; ++seed) {
+  for (int seed = 1; seed <= trials(360); ++seed) {
     random.seed(static_cast<unsigned>(seed));
     dialog();
     walk(seed % 18);
@@ -139,7 +140,7 @@ class HardwareTruth : public HardwareWalk {
 };
 
 TEST_F(HardwareTruth, IsWhatOkLeavesWhateverWasClicked) {
-  for (int seed = 1; seed <= 3000; ++seed) {
+  for (int seed = 1; seed <= trials(3000); ++seed) {
     random.seed(static_cast<unsigned>(seed));
     disturb();
     session(true);
@@ -150,7 +151,7 @@ TEST_F(HardwareTruth, IsWhatOkLeavesWhateverWasClicked) {
 }
 
 TEST_F(HardwareTruth, IsPutBackByCancel) {
-  for (int seed = 1; seed <= 1000; ++seed) {
+  for (int seed = 1; seed <= trials(1000); ++seed) {
     random.seed(static_cast<unsigned>(seed));
     disturb();
     const HardwareRecord before = Hardware;
@@ -165,7 +166,7 @@ TEST_F(HardwareTruth, IsPutBackByCancel) {
 }
 
 TEST_F(HardwareTruth, OfAUnitThatWasFoundGoesIntoTheNumberUnseen) {
-  for (int seed = 1; seed <= 1000; ++seed) {
+  for (int seed = 1; seed <= trials(1000); ++seed) {
     random.seed(static_cast<unsigned>(seed));
     disturb();
     const DeviceStateRecord found = DeviceState;

@@ -7,6 +7,7 @@
 #include "dialogs/frmPreferences.h"
 #include "knowledge/UnitFile.h"
 #include "tests/dialogs/CompareBench.h"
+#include "tests/support/Trials.h"
 
 namespace torvane {
 
@@ -123,7 +124,7 @@ sim::UnitSetup unitOf(int kind) {
 
 class PuttingBack : public CompareBench, public testing::WithParamInterface<int> {
  protected:
-  static constexpr int rounds = 100;
+  const int rounds = trials(100);
 
   PuttingBack() : CompareBench(unitOf(GetParam())) {
     random.seed(static_cast<unsigned>(80 + GetParam()));

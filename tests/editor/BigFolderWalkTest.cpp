@@ -6,6 +6,7 @@
 
 #include "tests/editor/EditorTest.h"
 #include "tests/support/RandomMemo.h"
+#include "tests/support/Trials.h"
 
 namespace torvane {
 
@@ -111,11 +112,11 @@ class Walk : public EditorTest {
 };
 
 TEST_F(Walk, NeverFailsAndEndsWithASetupThatCanBeSent) {
-  for (unsigned seed = 1; seed <= 1200; ++seed) {
-    random.seed(seed);
+  for (int seed = 1; seed <= trials(1200); ++seed) {
+    random.seed(static_cast<unsigned>(seed));
     changeUnit();
     for (int step = 0; step < 300; ++step) act();
-    expectSound(static_cast<int>(seed));
+    expectSound(seed);
     leaveEveryBox();
     editor.reCover();
     EXPECT_EQ(registerWithoutAnswer(), "") << seed;
@@ -135,19 +136,19 @@ TEST_F(Walk, OfTenThousandActionsTakesLessThanTwoSeconds) {
 }
 
 TEST_F(Walk, StartsFromAnyImage) {
-  for (unsigned seed = 1; seed <= 300; ++seed) {
-    random.seed(seed);
+  for (int seed = 1; seed <= trials(300); ++seed) {
+    random.seed(static_cast<unsigned>(seed));
     fillWildMemo(random);
     Hardware.BusMode = static_cast<std::int16_t>(pick(2));  // a wild one raises a box
     for (std::int16_t tab = 0; tab < 12; ++tab) editor.loadMemo(tab);
     for (int step = 0; step < 300; ++step) act();
-    expectSound(static_cast<int>(seed));
+    expectSound(seed);
   }
 }
 
 TEST_F(Walk, NeverShowsATabOutOfUseBehindTheHardwareButton) {
-  for (unsigned seed = 1; seed <= 500; ++seed) {
-    random.seed(seed);
+  for (int seed = 1; seed <= trials(500); ++seed) {
+    random.seed(static_cast<unsigned>(seed));
     for (int step = 0; step < 50; ++step) act();
     changeUnit();
     fitForm();
@@ -156,8 +157,8 @@ TEST_F(Walk, NeverShowsATabOutOfUseBehindTheHardwareButton) {
 }
 
 TEST_F(Walk, FindsTheSameFormAtEveryPressOfTheHardwareButtonOnATabInUse) {
-  for (unsigned seed = 1; seed <= 500; ++seed) {
-    random.seed(seed);
+  for (int seed = 1; seed <= trials(500); ++seed) {
+    random.seed(static_cast<unsigned>(seed));
     for (int step = 0; step < 50; ++step) act();
     changeUnit();
     unload<frmHardware>();  // factory defaults leave one behind, which knows nothing of the unit
@@ -171,8 +172,8 @@ TEST_F(Walk, FindsTheSameFormAtEveryPressOfTheHardwareButtonOnATabInUse) {
 }
 
 TEST_F(Walk, CommitsTheSameImageTwice) {
-  for (unsigned seed = 1; seed <= 300; ++seed) {
-    random.seed(seed);
+  for (int seed = 1; seed <= trials(300); ++seed) {
+    random.seed(static_cast<unsigned>(seed));
     for (int step = 0; step < 100; ++step) act();
     editor.reCover();
     std::vector<MemoField> once;

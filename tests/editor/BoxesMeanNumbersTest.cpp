@@ -7,6 +7,7 @@
 #include "tests/editor/EditorTest.h"
 #include "tests/support/RandomMemo.h"
 #include "tests/support/RunBench.h"
+#include "tests/support/Trials.h"
 
 namespace torvane {
 
@@ -81,7 +82,7 @@ class BoxesMeanNumbers : public EditorTest {
 };
 
 TEST_F(BoxesMeanNumbers, AfterAnyWayThroughTheWindow) {
-  for (int round = 0; round < 10000 && !HasFailure(); ++round) {
+  for (int round = 0; round < trials(10000) && !HasFailure(); ++round) {
     if (round % 20 == 0) editor.initBigFolder();
     for (int step = between(random, 1, 5); step > 0; --step) useWindow();
     editor.commitForRun();
@@ -142,7 +143,7 @@ TEST_F(WholeRuns, AUnitAndItsBoxesAgreeInAnyFormat) {
   host.toleratesBoxes = true;
   editor.tabBig.setTab(tab::inputType);
   editor.optInType(2).userClicked();
-  for (int round = 0; round < 500 && !HasFailure(); ++round) {
+  for (int round = 0; round < trials(500) && !HasFailure(); ++round) {
     const int decimals = between(random, 0, 3);
     editor.tabBig.setTab(tab::reading);
     editor.optDpoint(static_cast<std::size_t>(decimals)).userClicked();

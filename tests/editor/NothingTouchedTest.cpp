@@ -4,6 +4,7 @@
 #include "tests/editor/EditorTest.h"
 #include "tests/editor/PlausibleUnit.h"
 #include "tests/support/RandomMemo.h"
+#include "tests/support/Trials.h"
 
 namespace torvane {
 
@@ -110,7 +111,7 @@ class NothingTouched : public EditorTest {
 };
 
 TEST_F(NothingTouched, OfTenThousandUnitsKeepsEveryBitThatCanBeKept) {
-  for (int round = 0; round < 10000 && !HasFailure(); ++round) {
+  for (int round = 0; round < trials(10000) && !HasFailure(); ++round) {
     const Unit unit = anyUnit();
     readAndFit(unit);
     expectNothingElseLost(unit, round);

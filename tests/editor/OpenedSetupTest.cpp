@@ -10,6 +10,7 @@
 #include "protocol/Encoders.h"
 #include "tests/editor/EditorTest.h"
 #include "tests/support/RandomMemo.h"
+#include "tests/support/Trials.h"
 
 namespace torvane {
 
@@ -75,7 +76,7 @@ class OpenedSetup : public EditorTest {
 
 TEST_F(OpenedSetup, OfAnyKindKeepsWhatNoRuleForces) {
   Global.WarningsOff = True;
-  for (int round = 0; round < 10000 && !HasFailure(); ++round) {
+  for (int round = 0; round < trials(10000) && !HasFailure(); ++round) {
     anySetup();
     const Image before = imageNow();
     const std::set<int> forced = forcedNow();
@@ -89,7 +90,7 @@ TEST_F(OpenedSetup, OfAnyKindKeepsWhatNoRuleForces) {
 TEST_F(OpenedSetup, FromAFileKeepsIt) {
   Global.WarningsOff = True;
   host.whenever("frmHardware", [] { form<frmHardware>().cmdCancel.userClicked(); });
-  for (int round = 0; round < 300 && !HasFailure(); ++round) {
+  for (int round = 0; round < trials(300) && !HasFailure(); ++round) {
     anySetup();
     const Image before = imageNow();
     const std::set<int> forced = forcedNow();
@@ -198,7 +199,7 @@ class AnyWay : public OpenedSetup {
 };
 
 TEST_F(AnyWay, NoListOffersAnItemTwiceOrLosesItsChoiceAndEveryPayloadFits) {
-  for (int round = 0; round < 10000 && !HasFailure(); ++round) {
+  for (int round = 0; round < trials(10000) && !HasFailure(); ++round) {
     for (int count = 0; count < 20; ++count) step();
     for (const ComboBox* list : {&editor.cboAl1Setup, &editor.cboAl2Setup}) {
       EXPECT_EQ(doubledItem(*list), "") << round;

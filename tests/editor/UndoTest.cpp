@@ -4,6 +4,7 @@
 #include "editor/Replacement.h"
 #include "tests/editor/EditorTest.h"
 #include "tests/support/RandomMemo.h"
+#include "tests/support/Trials.h"
 #include "tests/support/WizardBench.h"
 
 namespace torvane {
@@ -69,7 +70,7 @@ TEST_F(Undo, IsOutOfReachUntilSomethingIsReplaced) {
 
 TEST_F(Undo, BringsBackWhatFactoryDefaultsReplaced) {
   std::mt19937 random(1);
-  for (int round = 0; round < 60; ++round) {
+  for (int round = 0; round < trials(60); ++round) {
     randomSetup(random);
     const SetupSnapshot before = takeSnapshot(editor);
     const Looks looks = looksOf(editor);
@@ -87,7 +88,7 @@ TEST_F(Undo, BringsBackWhatFactoryDefaultsReplaced) {
 
 TEST_F(Undo, BringsBackWhatAReadReplaced) {
   std::mt19937 random(2);
-  for (int round = 0; round < 20; ++round) {
+  for (int round = 0; round < trials(20); ++round) {
     randomSetup(random);
     const SetupSnapshot before = committed();
     readUnit();
@@ -101,7 +102,7 @@ TEST_F(Undo, BringsBackWhatAReadReplaced) {
 
 TEST_F(Undo, BringsBackWhatAnOpenedFileReplaced) {
   std::mt19937 random(3);
-  for (int round = 0; round < 20; ++round) {
+  for (int round = 0; round < trials(20); ++round) {
     makeFile(random);
     randomSetup(random);
     const SetupSnapshot before = committed();

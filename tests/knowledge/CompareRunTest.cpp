@@ -11,14 +11,15 @@
 #include "knowledge/Compare.h"
 #include "tests/support/NetworkBench.h"
 #include "tests/support/RandomMemo.h"
+#include "tests/support/Trials.h"
 
 namespace torvane {
 
 namespace {
 
 constexpr int kinds = 5;
-constexpr int serialRounds = 300;  // per kind, straight from the records
-constexpr int networkRounds = 6;   // per kind, through the window
+const int serialRounds = trials(300);  // per kind, straight from the records
+const int networkRounds = trials(6);   // per kind, through the window
 
 sim::UnitSetup unitOf(int kind) {
   sim::UnitSetup setup;

@@ -6,13 +6,14 @@
 #include "core/Model.h"
 #include "tests/support/NetworkBench.h"
 #include "tests/support/RandomMemo.h"
+#include "tests/support/Trials.h"
 
 namespace torvane {
 
 namespace {
 
-constexpr int rounds = 60;     // straight from the records
-constexpr int wholeRuns = 12;  // through the tabs
+const int rounds = trials(60);     // straight from the records
+const int wholeRuns = trials(12);  // through the tabs
 
 struct Meter {
   int kind;

@@ -10,12 +10,13 @@
 #include "core/NumberText.h"
 #include "platform/RuntimeError.h"
 #include "support/RandomMemo.h"
+#include "tests/support/Trials.h"
 
 namespace torvane {
 
 namespace {
 
-constexpr int rounds = 1000;  // for each kind of unit
+const int rounds = trials(1000);  // for each kind of unit
 
 bool isHexadecimal(const std::string& text) {
   return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) {

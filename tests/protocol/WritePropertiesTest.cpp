@@ -8,14 +8,15 @@
 #include "core/NumberText.h"
 #include "tests/support/RandomMemo.h"
 #include "tests/support/RunBench.h"
+#include "tests/support/Trials.h"
 
 namespace torvane {
 
 namespace {
 
-constexpr int sequences = 1000;  // per kind of unit, straight from the records
-constexpr int roundTrips = 300;  // per kind of unit that takes every register
-constexpr int wholeRuns = 40;    // per kind of unit, through the tabs
+const int sequences = trials(1000);  // per kind of unit, straight from the records
+const int roundTrips = trials(300);  // per kind of unit that takes every register
+const int wholeRuns = trials(40);    // per kind of unit, through the tabs
 
 sim::UnitSetup unitOfKind(int kind) {
   sim::UnitSetup setup;

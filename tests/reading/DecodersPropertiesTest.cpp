@@ -13,12 +13,13 @@
 #include "protocol/Scale.h"
 #include "reading/Decoders.h"
 #include "support/RandomMemo.h"
+#include "tests/support/Trials.h"
 
 namespace torvane {
 
 namespace {
 
-constexpr int rounds = 1000;  // for each kind of unit
+const int rounds = trials(1000);  // for each kind of unit
 
 class DecodersProperties : public testing::TestWithParam<int> {
  protected:

@@ -11,6 +11,7 @@
 #include "protocol/Steps.h"
 #include "tests/support/RandomMemo.h"
 #include "tests/support/RunBench.h"
+#include "tests/support/Trials.h"
 
 namespace torvane {
 
@@ -40,7 +41,7 @@ class ImageRun : public RunBench {
 };
 
 TEST_F(ImageRun, HoldsEveryRegisterOfTheUnitAndTouchesNothing) {
-  for (int round = 0; round < 50; ++round) {
+  for (int round = 0; round < trials(50); ++round) {
     scramble();
     fillRandomMemo(random);
     const MemoArray memo = Memo;
@@ -76,7 +77,7 @@ TEST_F(ImageRun, LeavesTheSixRegistersThatTheRkw77LineHasNot) {
 
 // Keep, change anything, put back: every bit that may be changed is as before.
 TEST_F(ImageRun, PutsBackEveryBitThatMayBeChanged) {
-  for (int round = 0; round < 1000; ++round) {
+  for (int round = 0; round < trials(1000); ++round) {
     chooseKind(between(random, 0, 3));
     scramble();
     const UnitImage copy = read();

@@ -5,12 +5,13 @@
 #include "core/Model.h"
 #include "tests/support/NetworkBench.h"
 #include "tests/support/RandomMemo.h"
+#include "tests/support/Trials.h"
 
 namespace torvane {
 
 namespace {
 
-constexpr int cycles = 1000;
+const int cycles = trials(1000);
 constexpr std::size_t fewForms = 6;  // main, splash, status, hardware, and two warnings
 
 struct SoakedUnit {

@@ -11,6 +11,7 @@
 
 #include "core/Memo.h"
 #include "support/RandomMemo.h"
+#include "support/Trials.h"
 #include "tool/RandomSetups.h"
 #include "tool/SettingList.h"
 #include "tool/Setup.h"
@@ -68,7 +69,7 @@ class ToolSettings : public testing::Test {
 
 TEST_F(ToolSettings, NamesAreUniqueWithTheirSection) {
   std::set<std::string> names;
-  for (int round = 0; round < 40; ++round) {
+  for (int round = 0; round < trials(40); ++round) {
     names.clear();
     writeRandomSetup(random, path);
     for (const auto& [section, name, value] : shown(path))
@@ -78,7 +79,7 @@ TEST_F(ToolSettings, NamesAreUniqueWithTheirSection) {
 }
 
 TEST_F(ToolSettings, SetToWhatIsPrintedNothingChanges) {
-  for (int round = 0; round < 15 && !HasFailure(); ++round) {
+  for (int round = 0; round < trials(15) && !HasFailure(); ++round) {
     writeRandomSetup(random, path);
     const std::vector<NamedSetting> before = shown(path);
     std::vector<tool::SettingChange> changes;
@@ -107,7 +108,7 @@ std::string anyValue(const Setting& setting, std::mt19937& random) {
 
 // What was set is what is shown, or the reply says what became of it.
 TEST_F(ToolSettings, AnyValueIsShownAsItWasSetOrToldAsRepaired) {
-  for (int round = 0; round < 400 && !HasFailure(); ++round) {
+  for (int round = 0; round < trials(400) && !HasFailure(); ++round) {
     writeRandomSetup(random, path);
     tool::loadSetup(path);
     const std::vector<Setting> all = tool::allSettings();
@@ -136,7 +137,7 @@ TEST_F(ToolSettings, InWhateverOrderTheyAreGiven) {
                                            {"Setpoint 1", "12.34"},
                                            {"alarm 1 / HIGH setpoint", "-5.01"},
                                            {"Out 1/Prop Band", "3.25"}};
-  for (int round = 0; round < 20; ++round) {
+  for (int round = 0; round < trials(20); ++round) {
     writeRandomSetup(random, path);
     std::ranges::shuffle(changes, random);
     EXPECT_TRUE(set(changes).empty());

@@ -12,6 +12,7 @@
 #include "dialogs/frmHardware.h"
 #include "tests/support/NetworkBench.h"
 #include "tests/support/RandomMemo.h"
+#include "tests/support/Trials.h"
 #include "tool/Connection.h"
 #include "tool/RandomSetups.h"
 #include "tool/Setup.h"
@@ -130,7 +131,7 @@ class Trace : public Bench, public testing::WithParamInterface<Way> {
 };
 
 TEST_P(Trace, OfAWriteIsTheWindows) {
-  for (int round = 0; round < 300 && !HasFailure(); ++round) {
+  for (int round = 0; round < trials(300) && !HasFailure(); ++round) {
     SCOPED_TRACE(round);
     forget();
     anySetup();
@@ -150,7 +151,7 @@ TEST_P(Trace, OfAWriteIsTheWindows) {
 
 // Without a setup the tool has to find out the line behind a bridge, which the window knows from its setup.
 TEST_P(Trace, OfAReadIsTheWindows) {
-  for (int round = 0; round < 150 && !HasFailure(); ++round) {
+  for (int round = 0; round < trials(150) && !HasFailure(); ++round) {
     SCOPED_TRACE(round);
     forget();
     anySetup();
