@@ -63,10 +63,10 @@ constexpr bool stepsFollowEachOther() {
     if (row.step != expected && row.step != expected - 1) return false;
     if (row.step == expected) ++expected;
   }
-  return expected == 31;
+  return true;
 }
 
-// An offset or a bus address stands behind what it goes with, in one step; nothing else shares its step.
+// An offset or a bus address follows what it goes with, in one step; nothing else shares its step.
 constexpr bool pairsBelongTogether() {
   for (std::size_t at = 1; at < std::size(steps); ++at) {
     const bool second = steps[at].rule == offset || steps[at].rule == busAddress;
@@ -83,7 +83,7 @@ static_assert(pairsBelongTogether(), "rows of one step that don't belong togethe
 static_assert(steps[0].rule == firstContact, "all later values are in terms of the input type");
 static_assert(std::end(steps)[-1].rule == busAddress, "what changes how a unit answers comes last");
 
-constexpr std::size_t groupCount = 31;
+constexpr auto groupCount = static_cast<std::size_t>(std::end(steps)[-1].step) + 1;
 
 constexpr std::array<std::span<const RegisterStep>, groupCount> grouped() {
   std::array<std::span<const RegisterStep>, groupCount> result;

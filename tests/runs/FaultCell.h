@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/Memo.h"
+#include "protocol/Steps.h"
 #include "tests/runs/FaultList.h"
 #include "tests/support/RunPlan.h"
 
@@ -15,7 +16,7 @@ namespace torvane {
 enum class Body { serial, network };
 enum class Direction { write, read };
 
-inline constexpr int everyStep = 31;
+inline const int everyStep = static_cast<int>(stepGroups().size());
 
 struct CellOutcome {
   Body body = Body::serial;

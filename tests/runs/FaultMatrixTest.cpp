@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <fstream>
 
+#include "knowledge/RegisterMap.h"
 #include "tests/runs/FaultCell.h"
 #include "tests/support/Trials.h"
 
@@ -72,7 +73,7 @@ void store(const std::string& name, const std::string& table) {
 
 TEST_P(FaultMatrix, IsWithinTheRules) {
   const CellOutcome sound = run(nullptr, 0);
-  ASSERT_EQ(sound.told.size(), 33U);
+  ASSERT_EQ(sound.told.size(), registerCount);
   ASSERT_TRUE(sound.ended);
   std::string table = heading(GetParam().title);
   int first = 0;
