@@ -21,7 +21,7 @@ void setFlag(int file, int level, int name) {
 }
 
 int bound(Family family, int port) {
-  const int file = socket(number(family), SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+  const int file = socket(addressFamily(family), SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
   if (file < 0) return -1;
   setFlag(file, SOL_SOCKET, SO_REUSEADDR);
   if (family == Family::ipv6) setFlag(file, IPPROTO_IPV6, IPV6_V6ONLY);
@@ -56,7 +56,7 @@ int portOf(int file) {
 void takeConnections(int file, int queueLength) { listen(file, queueLength); }
 
 int connectedSocket(Family family, int port) {
-  const int file = socket(number(family), SOCK_STREAM | SOCK_CLOEXEC, 0);
+  const int file = socket(addressFamily(family), SOCK_STREAM | SOCK_CLOEXEC, 0);
   Address address = loopback(family, port);
   if (file < 0 || connect(file, address.get(), address.size) == 0) return file;
   close(file);

@@ -23,7 +23,7 @@ struct Address {
   sockaddr* get() { return reinterpret_cast<sockaddr*>(&storage); }
 };
 
-inline int number(Family family) { return family == Family::ipv4 ? AF_INET : AF_INET6; }
+inline int addressFamily(Family family) { return family == Family::ipv4 ? AF_INET : AF_INET6; }
 
 inline Address loopback(Family family, int port) {
   Address address;

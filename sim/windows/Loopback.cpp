@@ -26,7 +26,7 @@ void neverBlock(int file) {
 }
 
 int opened(Family family) {
-  const SOCKET found = socket(number(family), SOCK_STREAM, 0);
+  const SOCKET found = socket(addressFamily(family), SOCK_STREAM, 0);
   return found == INVALID_SOCKET ? -1 : static_cast<int>(found);
 }
 

@@ -8,7 +8,9 @@
 #include <QTabBar>
 #include <QTest>
 #include <algorithm>
+#include <cstdio>
 
+#include "editor/frmBigFolder.h"
 #include "platform/Form.h"
 #include "platform/qt/QtPrinterDevice.h"
 
@@ -73,6 +75,13 @@ Answer ScriptedHost::messageBox(std::string_view text, std::string_view, Icon, B
 
 std::unique_ptr<Printer> ScriptedHost::choosePrinter(const std::string& document) {
   return pdf.isEmpty() ? QtHost::choosePrinter(document) : pdfPrinter(pdf);
+}
+
+void playToTheEnd(ScriptedHost& user) {
+  form<frmBigFolder>();
+  while (isLoaded<frmBigFolder>()) user.idle(1.0);
+  for (const std::string& box : user.boxes) std::printf("box: %s\n", box.c_str());
+  unloadAllForms();
 }
 
 // A check box or an option is hit at its mark, which lies at the left of a wide widget.

@@ -54,6 +54,9 @@ class ScriptedHost : public QtHost {
   double waitsSince_ = 0;  // for the first step of the script
 };
 
+// Shows the main window until the script has closed it, and prints the message boxes that came up.
+void playToTheEnd(ScriptedHost& user);
+
 // The widget of a control on the form's window.
 template <class Widget>
 Widget& widget(QtHost& host, Form& form, const char* name) {

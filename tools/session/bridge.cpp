@@ -98,9 +98,6 @@ int main(int argc, char** argv) {
   planWrite(user);
   planRead(user);
   planSave(user);
-  form<frmBigFolder>();
-  while (isLoaded<frmBigFolder>()) user.idle(1.0);
-  for (const std::string& box : user.boxes) std::printf("box: %s\n", box.c_str());
-  unloadAllForms();
+  playToTheEnd(user);
   return cameBack && user.done() ? 0 : 1;
 }

@@ -381,9 +381,6 @@ int main(int argc, char** argv) {
   ScriptedHost user;
   setMachine(&user);
   planSession(user);
-  form<frmBigFolder>();
-  while (isLoaded<frmBigFolder>()) user.idle(1.0);
-  for (const std::string& box : user.boxes) std::printf("box: %s\n", box.c_str());
-  unloadAllForms();
+  playToTheEnd(user);
   return user.done() && user.boxes.empty() ? 0 : 1;
 }
