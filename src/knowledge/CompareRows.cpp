@@ -5,25 +5,13 @@
 #include <algorithm>
 #include <cctype>
 #include <iterator>
+#include <string_view>
+
+#include "knowledge/Sections.h"
 
 namespace torvane {
 
 namespace {
-
-// The sections of the report in the order of the tabs that show them.
-constexpr std::string_view sections[] = {"General",
-                                         "Set Points",
-                                         "Input",
-                                         "Reading Configuration",
-                                         "Reading Scale & Offset",
-                                         "Alarm 1",
-                                         "Alarm 2",
-                                         "Loop Break Alarm / Reading Adjust",
-                                         "Out 1",
-                                         "Out 2",
-                                         "Ramp & Soak",
-                                         "Analog Output",
-                                         "Comm"};
 
 constexpr const char* notRead = "Not read";
 constexpr const char* nothingToSend = "Nothing to send";
@@ -100,8 +88,8 @@ std::string lineOf(const CompareRow& row) {
   return start + row.inUnit + " -> " + row.inSetup + (plain ? "" : " (" + row.change + ")");
 }
 
-int tabOrder(std::string_view section) {
-  return static_cast<int>(std::distance(std::begin(sections), std::ranges::find(sections, section)));
+int tabOrder(std::string_view heading) {
+  return static_cast<int>(std::distance(std::begin(section::all), std::ranges::find(section::all, heading)));
 }
 
 std::string tableRow(const std::vector<std::string>& cells) {

@@ -28,7 +28,7 @@ std::vector<CompareRow> rowsWith(std::string_view words, const std::vector<Compa
 // "Set Points / Set-Point 1: 100.0 -> 123.4"
 std::string lineOf(const CompareRow& row);
 // Where a section of the report stands in the order of the tabs.
-int tabOrder(std::string_view section);
+int tabOrder(std::string_view heading);
 // One cell beside the other, as a table takes them.
 std::string tableRow(const std::vector<std::string>& cells);
 

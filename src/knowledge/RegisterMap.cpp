@@ -7,6 +7,7 @@
 #include "core/Memo.h"
 #include "core/Model.h"
 #include "core/NumberText.h"
+#include "knowledge/Sections.h"
 #include "protocol/EncodersMasks.h"
 #include "protocol/Steps.h"
 
@@ -15,6 +16,7 @@ namespace torvane {
 namespace {
 
 using enum FieldForm;
+using namespace section;
 
 // ---- conditions
 
@@ -38,20 +40,6 @@ constexpr const char* rtdCodes[] = {"2 wires  392", "3 wires  392", "4 wires  39
                                     "2 wires  385", "3 wires  385", "4 wires  385"};
 // Two bits, one for each level.
 constexpr const char* protectionCodes[] = {"None", "Setpoints", "Full", "Setpoints, Full"};
-
-constexpr const char* general = "General";
-constexpr const char* setPoints = "Set Points";
-constexpr const char* input = "Input";
-constexpr const char* readingTab = "Reading Configuration";
-constexpr const char* readingLine = "Reading Scale & Offset";
-constexpr const char* alarm1 = "Alarm 1";
-constexpr const char* alarm2 = "Alarm 2";
-constexpr const char* loopBreak = "Loop Break Alarm / Reading Adjust";
-constexpr const char* out1 = "Out 1";
-constexpr const char* out2 = "Out 2";
-constexpr const char* rampSoak = "Ramp & Soak";
-constexpr const char* analog = "Analog Output";
-constexpr const char* comm = "Comm";
 
 constexpr std::uint32_t all16 = 0xFFFF;
 constexpr std::uint32_t all24 = 0xFFFFFF;

@@ -6,6 +6,7 @@
 #include "core/Memo.h"
 #include "core/Model.h"
 #include "core/NumberText.h"
+#include "knowledge/Sections.h"
 
 namespace torvane {
 
@@ -93,11 +94,11 @@ constexpr ReportRow inputRows[] = {
 };
 
 constexpr ReportRow readingRows[] = {
-    {heading, "Reading Configuration", nullptr, 0, always},
+    {heading, section::readingTab, nullptr, 0, always},
     {field, "Decimal Point:      ", decimalPoint, rec::optDpoint, always},
     {field, "Temperature Unit:   ", item, rec::cboTUnit, always},
     {field, "Filter Constant:    ", item, rec::lstFiltConst, always},
-    {heading, "Reading Scale & Offset", nullptr, 0, always},
+    {heading, section::readingLine, nullptr, 0, always},
     {field, "In 1:               ", text, rec::txtIn1, always},
     {field, "Read 1:             ", text, rec::txtRd1, always},
     {field, "In 2:               ", text, rec::txtIn2, always},
@@ -105,7 +106,7 @@ constexpr ReportRow readingRows[] = {
 };
 
 constexpr ReportRow alarm1Rows[] = {
-    {heading, "Alarm 1", nullptr, 0, always},
+    {heading, section::alarm1, nullptr, 0, always},
     {field, "Enabled:            ", number, rec::chkAl1Enabled, always},
     {field, "Color when active: ", color, rec::cboAl1WhenActiveColor, always},
     {field, "Control:            ", item, rec::cboAl1Ctrl, notSimple},
@@ -120,7 +121,7 @@ constexpr ReportRow alarm1Rows[] = {
 };
 
 constexpr ReportRow alarm2Rows[] = {
-    {heading, "Alarm 2", nullptr, 0, always},
+    {heading, section::alarm2, nullptr, 0, always},
     {field, "Enabled:            ", number, rec::chkAl2Enabled, always},
     {field, "Color when active: ", color, rec::cboAl2WhenActiveColor, always},
     {field, "Control:            ", item, rec::cboAl2Ctrl, notSimple},
@@ -133,14 +134,14 @@ constexpr ReportRow alarm2Rows[] = {
 };
 
 constexpr ReportRow loopBreakRows[] = {
-    {heading, "Loop Break Alarm / Reading Adjust", nullptr, 0, always},
+    {heading, section::loopBreak, nullptr, 0, always},
     {field, "Enabled:            ", number, rec::chkLBAEnabled, full},
     {field, "Loop Break Time:    ", text, rec::txtLBATime, full},
     {field, "Temperature Adjust: ", text, rec::txtTAdjust, always},
 };
 
 constexpr ReportRow output1Rows[] = {
-    {heading, "Out 1", nullptr, 0, always},
+    {heading, section::out1, nullptr, 0, always},
     {field, "Self Enabled:       ", isOne, rec::chkOut1Self, always},
     {field, "4-20mA Enabled:     ", flag, rec::opt420mA, always},
     {field, "Control Type:       ", item, rec::cboOut1Ctrl, always},
@@ -159,7 +160,7 @@ constexpr ReportRow output1Rows[] = {
 };
 
 constexpr ReportRow output2Rows[] = {
-    {heading, "Out 2", nullptr, 0, always},
+    {heading, section::out2, nullptr, 0, always},
     {field, "Control Type:       ", item, rec::cboOut2Ctrl, always},
     {field, "Action Type:        ", item, rec::cboOut2Action, always},
     {field, "Auto PID            ", abled, rec::chkOut2AutoPID, always},
@@ -169,7 +170,7 @@ constexpr ReportRow output2Rows[] = {
 };
 
 constexpr ReportRow rampAndSoakRows[] = {
-    {heading, "Ramp & Soak", nullptr, 0, always},
+    {heading, section::rampSoak, nullptr, 0, always},
     {field, "Ramp Enabled:       ", isOne, rec::chkRampEn, always},
     {field, "Soak Enabled:       ", isOne, rec::chkSoakEn, always},
     {field, "Ramp Value:         ", text, rec::txtRampT, always},
@@ -177,7 +178,7 @@ constexpr ReportRow rampAndSoakRows[] = {
 };
 
 constexpr ReportRow analogRows[] = {
-    {heading, "Analog Output", nullptr, 0, always},
+    {heading, section::analog, nullptr, 0, always},
     {field, "Enabled:       ", number, rec::chkAnalogOutputEnabled, always},
     {field, "Mode              ", voltOrCurrent, rec::optAOutV, always},
     {field, "Read 1          ", text, rec::txtAOutRd1, always},

@@ -9,6 +9,7 @@
 #include "core/Model.h"
 #include "core/NumberText.h"
 #include "knowledge/EncodedSetup.h"
+#include "knowledge/Sections.h"
 
 namespace torvane::tool {
 
@@ -40,7 +41,7 @@ constexpr int ticks[] = {rec::chkAl1Enabled, rec::chkAl1AutoPOn, rec::chkAl2Enab
 constexpr int positions[] = {rec::HSOut1Low, rec::HSOut1High, rec::HSOut1CycleT, rec::HSOut2CycleT};
 
 // What the report prints without a heading of its own.
-constexpr const char* unnamedSections[] = {"General", "", "Input"};
+constexpr const char* unnamedSections[] = {section::general, "", section::input};
 
 // The settings that the report prints as one.
 struct Part {
