@@ -11,6 +11,10 @@ namespace torvane {
 
 class frmBigFolder;
 
+// The control that a record has on the tabs. One that is only made of others counts as a text.
+enum class EntryControl { text, tick, option, list, bar };
+EntryControl controlOfRecord(int record);
+
 class SetupEditor {
  public:
   SetupEditor();  // on the factory setup

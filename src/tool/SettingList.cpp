@@ -8,6 +8,7 @@
 #include "core/Memo.h"
 #include "core/Model.h"
 #include "core/NumberText.h"
+#include "editor/SetupEditor.h"
 #include "knowledge/EncodedSetup.h"
 #include "knowledge/Sections.h"
 
@@ -31,14 +32,6 @@ constexpr OptionGroup groups[] = {
     {{rec::optAOutV, rec::optAOutI, -1, -1}, choices::analogModes},
     {{rec::optRS232, rec::optRS485, rec::optNoChange, -1}, busWords},
 };
-
-constexpr int ticks[] = {rec::chkAl1Enabled, rec::chkAl1AutoPOn, rec::chkAl2Enabled,
-                         rec::chkLBAEnabled, rec::chkOut1Self,   rec::chkOut1AutoPID,
-                         rec::chkOut1Anti,   rec::chkOut1Start,  rec::chkOut2AutoPID,
-                         rec::chkRampEn,     rec::chkSoakEn,     rec::chkAnalogOutputEnabled,
-                         rec::chkSPDeviation};
-
-constexpr int positions[] = {rec::HSOut1Low, rec::HSOut1High, rec::HSOut1CycleT, rec::HSOut2CycleT};
 
 // What the report prints without a heading of its own.
 constexpr const char* unnamedSections[] = {section::general, "", section::input};
@@ -75,6 +68,11 @@ const OptionGroup* groupOf(int record) {
   return found == std::end(groups) ? nullptr : found;
 }
 
+SettingForm formOf(EntryControl control) {
+  if (control == EntryControl::tick) return SettingForm::tick;
+  return control == EntryControl::bar ? SettingForm::position : SettingForm::text;
+}
+
 void fillOf(Setting& setting, int record) {
   const OptionGroup* const group = groupOf(record);
   setting.records = {record};
@@ -86,11 +84,8 @@ void fillOf(Setting& setting, int record) {
                            group->records.begin() + static_cast<std::ptrdiff_t>(group->words.size()));
   } else if (!setting.words.empty()) {
     setting.form = SettingForm::choice;
-  } else if (std::ranges::find(ticks, record) != std::end(ticks)) {
-    setting.form = SettingForm::tick;
   } else {
-    const bool isBar = std::ranges::find(positions, record) != std::end(positions);
-    setting.form = isBar ? SettingForm::position : SettingForm::text;
+    setting.form = formOf(controlOfRecord(record));
   }
 }
 
