@@ -1,5 +1,8 @@
 # SPDX-License-Identifier: MIT
-# Checks and test programs that may run side by side, and are counted. Read in by ./test and .ci/run.
+# Checks and test programs that may run side by side, and are counted. Read in at the root of the tree, by ./test and .ci/run.
+export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 ASAN_OPTIONS=detect_leaks=1
+export ASAN_SYMBOLIZER_PATH=/usr/lib/llvm-16/bin/llvm-symbolizer  # names in what the sanitizers say
+export LSAN_OPTIONS=suppressions=$PWD/tools/leaks-of-others:print_suppressions=0
 counts=$(mktemp)
 trap 'rm -f "$counts"' EXIT
 
