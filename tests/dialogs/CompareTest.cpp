@@ -233,6 +233,8 @@ class ComparingFiles : public CompareBench {
     host.whenShown("frmCompare", [act] {
       auto& window = form<frmCompare>();
       EXPECT_EQ(window.lblSummary.caption().find("Choose two files"), 0U);
+      EXPECT_EQ(window.lstDifferences.headings(),
+                std::vector<std::string>({"Setting", "First file", "Second file", "Change"}));
       window.cmdFirst.userClicked();
       window.cmdSecond.userClicked();
       act(window);
