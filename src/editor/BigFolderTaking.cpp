@@ -24,22 +24,16 @@ struct Chooser {
   void operator()(ScrollBar* bar) const { bar->setValue(std::clamp(choice, bar->min(), bar->max())); }
 };
 
-struct KindOfControl {
-  EntryControl operator()(TextBox BigFolderControls::* /*text*/) const { return EntryControl::text; }
-  EntryControl operator()(CheckBox BigFolderControls::* /*check*/) const { return EntryControl::tick; }
-  EntryControl operator()(OptionButton BigFolderControls::* /*option*/) const { return EntryControl::option; }
-  EntryControl operator()(const OptionOf& /*option*/) const { return EntryControl::option; }
-  EntryControl operator()(ListBox BigFolderControls::* /*list*/) const { return EntryControl::list; }
-  EntryControl operator()(ComboBox BigFolderControls::* /*list*/) const { return EntryControl::list; }
-  EntryControl operator()(ScrollBar BigFolderControls::* /*bar*/) const { return EntryControl::bar; }
-};
-
 }  // namespace
 
 EntryControl controlOfRecord(int record) {
   const auto boxes = setupBoxes();
   const auto found = std::ranges::find(boxes, record, &SetupBox::record);
-  return found == boxes.end() ? EntryControl::text : std::visit(KindOfControl(), found->control);
+  if (found == boxes.end()) return EntryControl::text;
+  if (std::holds_alternative<TextBox BigFolderControls::*>(found->control)) return EntryControl::text;
+  if (std::holds_alternative<CheckBox BigFolderControls::*>(found->control)) return EntryControl::tick;
+  if (std::holds_alternative<ScrollBar BigFolderControls::*>(found->control)) return EntryControl::bar;
+  return EntryControl::choice;
 }
 
 // A dead band has two boxes; the one in use is that of the menu.

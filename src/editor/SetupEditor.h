@@ -11,8 +11,9 @@ namespace torvane {
 
 class frmBigFolder;
 
-// The control that a record has on the tabs. One that is only made of others counts as a text.
-enum class EntryControl { text, tick, option, list, bar };
+// The control that a record has on the tabs; a choice is an option or a list. A record without one counts as
+// a text.
+enum class EntryControl { text, tick, choice, bar };
 EntryControl controlOfRecord(int record);
 
 class SetupEditor {

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <span>
+#include <stdexcept>
+#include <string>
 #include <string_view>
 
 #include "core/Memo.h"
@@ -18,6 +20,7 @@ namespace {
 std::int32_t maskOf(const RegisterUnderTest& reg, int kind) {
   const std::span<const PlanRow> plan = runPlan();
   const auto row = std::ranges::find(plan, std::string_view(reg.index), &PlanRow::reg);
+  if (row == plan.end()) throw std::out_of_range(std::string("no plan for register ") + reg.index);
   const std::uint32_t mask = row->masks[static_cast<std::size_t>(kind)];
   return reg.width == 4 && mask == 0xFFFF ? -1 : static_cast<std::int32_t>(mask);
 }
