@@ -156,7 +156,7 @@ void Server::deliver() {
 
 void Server::hangUp() {
   if (!pty_.isOpen()) return;
-  pty_.close();
+  pty_.hangUp();
   dropLink(options_.link, path());
   due_.clear();
   outbox_.clear();

@@ -96,11 +96,14 @@ LineSettings PtyPair::spoken(const LineSettings& own) const {
 
 void PtyPair::allowOthers() const { ioctl(slave_, TIOCNXCL); }
 
-void PtyPair::close() {
-  if (slave_ >= 0) ::close(slave_);
+void PtyPair::hangUp() {
   if (master_ >= 0) ::close(master_);
-  slave_ = -1;
   master_ = -1;
+}
+
+void PtyPair::close() {
+  hangUp();
+  if (slave_ >= 0) ::close(slave_);
 }
 
 }  // namespace sim

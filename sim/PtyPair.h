@@ -19,7 +19,7 @@ class PtyPair {
   PtyPair& operator=(const PtyPair&) = delete;
 
   const std::string& path() const { return path_; }  // the device file that a program opens
-  int master() const { return master_; }             // -1 when closed
+  int master() const { return master_; }             // -1 when hung up
   bool isOpen() const { return master_ >= 0; }
 
   // What has come in, at most some kilobytes; empty when there is nothing.
@@ -36,11 +36,13 @@ class PtyPair {
   // for good.
   void allowOthers() const;
 
-  // The other side sees a hang-up and the device file goes.
-  void close();
+  // The other side sees a hang-up and the device file goes. Its name is given to nobody else while this
+  // stands, so that a program that opens it again does not find another unit.
+  void hangUp();
 
  private:
   void openFarEnd();
+  void close();
 
   int master_ = -1;
   int slave_ = -1;

@@ -50,12 +50,6 @@ bool saysOneOf(std::string_view words, std::initializer_list<std::string_view> p
   return std::ranges::any_of(parts, [&](std::string_view part) { return words.find(part) != words.npos; });
 }
 
-bool lostItsPort(const RunOutcome& outcome) {
-  return std::ranges::any_of(outcome.registers, [](const RegisterOutcome& each) {
-    return each.verdict == Verdict::failed && each.reason.starts_with("port gone");
-  });
-}
-
 bool echoed(const RunOutcome& outcome) {
   return std::ranges::any_of(outcome.registers, [](const RegisterOutcome& each) {
     return each.verdict == Verdict::failed && each.reason == "the line echoes";
@@ -72,7 +66,7 @@ std::string adviceFor(const RunOutcome& outcome, std::string_view lastWords) {
       return noWay::otherDevice.advice;
     return noWay::silent.advice;
   }
-  if (lostItsPort(outcome)) return noWay::unplugged.advice;
+  if (outcome.lostItsPort()) return noWay::unplugged.advice;
   return echoed(outcome) ? noWay::loop.advice : "";
 }
 

@@ -77,6 +77,12 @@ std::size_t RunOutcome::count(Verdict verdict) const {
   return static_cast<std::size_t>(std::ranges::count(registers, verdict, &RegisterOutcome::verdict));
 }
 
+bool RunOutcome::lostItsPort() const {
+  return std::ranges::any_of(registers, [](const RegisterOutcome& each) {
+    return each.verdict == Verdict::failed && each.reason.starts_with("port gone");
+  });
+}
+
 bool RunOutcome::passed() const { return end == RunEnd::finished && count(Verdict::failed) == 0; }
 
 std::string summaryOf(const RunOutcome& outcome) {

@@ -55,7 +55,8 @@ struct RunOutcome {
   bool settled(const std::string& reg) const;     // a write of it went out, or found it already so
   bool understood(const std::string& reg) const;  // it was read and decoded
   std::size_t count(Verdict verdict) const;
-  bool passed() const;  // came to its end and nothing failed
+  bool lostItsPort() const;  // meanwhile, though it may be back
+  bool passed() const;       // came to its end and nothing failed
 };
 
 // "31 steps: 29 written, 2 failed: Set-Point 1, Alarm 1 High"; says how the run ended where it did not

@@ -279,11 +279,12 @@ void Connection::write(bool reset, bool force) {
 void Connection::overSerial(const std::function<void()>& job) { noteLostLine(attempt(job)); }
 
 // A run that broke off, or a line that went away meanwhile, is a fault of the line, however many registers
-// took before it.
+// took before it or afterwards.
 void Connection::noteLostLine(bool cameToItsEnd) {
   if (bridgeIsLost_ && !wasInterrupted()) run_.outcome.end = RunEnd::wiring;
   if (run_.outcome.end != RunEnd::finished) return;
-  const bool goesOn = run_.outcome.count(Verdict::failed) == 0 || isReachable();
+  const bool goesOn =
+      run_.outcome.count(Verdict::failed) == 0 || (!run_.outcome.lostItsPort() && isReachable());
   if (!cameToItsEnd || !goesOn) run_.outcome.end = RunEnd::wiring;
 }
 

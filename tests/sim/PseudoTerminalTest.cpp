@@ -6,7 +6,9 @@
 
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <system_error>
+#include <vector>
 
 #include "TestPort.h"
 
@@ -122,6 +124,17 @@ TEST_F(PseudoTerminal, UnplugHangsUpAndTakesTheDeviceAway) {
   EXPECT_FALSE(std::filesystem::exists(path));
   EXPECT_FALSE(server.poll(0));
   server.unplug();
+}
+
+// Else a program that opens the port again would talk to whoever made a terminal meanwhile.
+TEST_F(PseudoTerminal, UnpluggedItsNameIsNobodyElses) {
+  Server server(unit);
+  server.unplug();
+  std::vector<std::unique_ptr<Server>> others;
+  for (int i = 0; i < 20; ++i) {
+    others.push_back(std::make_unique<Server>(unit));
+    EXPECT_NE(others.back()->path(), server.path());
+  }
 }
 
 TEST_F(PseudoTerminal, CommandThatPullsThePlug) {

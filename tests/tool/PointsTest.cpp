@@ -5,6 +5,7 @@
 #include <QFileInfo>
 
 #include <csignal>
+#include <functional>
 
 #include "platform/qt/io/LineLock.h"
 #include "tool/Processes.h"
@@ -27,10 +28,14 @@ class UnderWay {
  public:
   explicit UnderWay(QStringList words) { program_.start(TORVANE_UNIT, words << "--json"); }
 
-  void mustHave(const QString& line) {
+  bool comesTo(const std::function<bool()>& what) {
     QElapsedTimer clock;
     clock.start();
-    while (!LineLock(line.toStdString()).holder() && clock.elapsed() < patience) program_.waitForFinished(10);
+    while (!what() && clock.elapsed() < patience) program_.waitForFinished(10);
+    return what();
+  }
+  void mustHave(const QString& line) {
+    comesTo([&] { return LineLock(line.toStdString()).holder().has_value(); });
   }
   Ended interrupt() {
     kill(static_cast<pid_t>(program_.processId()), SIGINT);
@@ -87,6 +92,19 @@ TEST_F(ToolPoints, ACablePulledInARunIsAFaultOfThePortWithTheRegistersSoFar) {
     EXPECT_NE(pulled.object["registers"][0]["verdict"], "failed");
   }
   EXPECT_FALSE(QFile::exists(file("c.unit")));
+}
+
+TEST_F(ToolPoints, ACablePulledAndPutBackInARunIsAFaultOfThePort) {
+  const QString config = setup();
+  const QString cable = file("cable");
+  const SimulatedUnit pulled({"--fault", "hangup:20", "--link", cable});
+  const SimulatedUnit putBack;
+  UnderWay writing({"write", cable, config});
+  ASSERT_TRUE(writing.comesTo([&] { return !QFileInfo(cable).isSymLink(); }));
+  ASSERT_TRUE(QFile::link(putBack.port, cable));
+  const Ended ended = writing.end();
+  EXPECT_EQ(ended.code, 4);
+  EXPECT_NE(ended.object["registers"].back()["verdict"], "failed");
 }
 
 TEST_F(ToolPoints, ABridgeThatIsGoneEndsARun) {
