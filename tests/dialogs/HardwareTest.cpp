@@ -157,6 +157,7 @@ TEST_F(Cancel, IsWhatTheFrameDoes) {
   auto& hardware = dialog();
   choose("Rkw77[case]");
   hardware.userClosed();
+  ASSERT_TRUE(isLoaded<frmHardware>());
   EXPECT_FALSE(hardware.visible());
   EXPECT_EQ(hardware.makeModel(), "");
   EXPECT_EQ(BaseModel, "Tv[8,16,32]");

@@ -32,7 +32,7 @@ TEST_F(NetworkTestTimes, ListensUntilFiveSecondsAfterTheCallHoweverLateTheConnec
     bridge.faults.reachAfter = reachAfter;
     testFrom(host.clock);
     ASSERT_FALSE(timesOf("*U01").empty()) << reachAfter;
-    EXPECT_NEAR(timesOf("*U01").front(), 5.0 + 0.5, 0.1) << reachAfter;
+    EXPECT_NEAR(timesOf("*U01").front(), 5.0 + 0.5, 0.04) << reachAfter;
   }
 }
 
