@@ -4,6 +4,7 @@
 
 #include "core/NumberText.h"
 #include "dialogs/SetupFiles.h"
+#include "dialogs/frmHardware.h"
 #include "dialogs/frmPreferences.h"
 #include "knowledge/UnitFile.h"
 #include "tests/dialogs/CompareBench.h"
@@ -88,6 +89,13 @@ TEST_F(KeepAndPutBack, RefusesACopyThatIsCutOrForeign) {
     press(&frmWrite::cmdPutBack);
     EXPECT_TRUE(unit.log().empty());
   }
+}
+
+TEST_F(KeepAndPutBack, SaysThatACopyCannotBeRead) {
+  host.chosenFiles = {"/gone.unit"};
+  host.expectBox("/gone.unit\rIt can't be read: No such file or directory");
+  press(&frmWrite::cmdPutBack);
+  EXPECT_TRUE(unit.log().empty());
 }
 
 TEST_F(KeepAndPutBack, ACopyIsNoSetupToBeOpened) {
@@ -204,6 +212,20 @@ TEST_F(PuttingBackOnABus, KeepsTheAddressAndReachesTheUnitThere) {
     EXPECT_EQ(window.lblVerdict.caption().find("PASS: "), 0U);
     window.cmdClose.userClicked();
   });
+}
+
+TEST_F(PuttingBackOnABus, GoesOnAtTheAddressThatItHasPutBack) {
+  keepCopy();
+  unit.setRegister("21", "2A");
+  unit.powerOn();
+  Hardware.BusAddress = 42;
+  putBackAndThen([](frmCompare& window) {
+    window.chkBus.userClicked();
+    window.cmdWrite.userClicked();
+  });
+  EXPECT_EQ(unit.registerHex("21"), "11");
+  EXPECT_EQ(Hardware.BusAddress, 17);
+  EXPECT_EQ(form<frmHardware>().txtAddress.text(), "17");
 }
 
 // ---- a copy before every write

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+// Settings that come from elsewhere than a user's hand go through the same boxes.
+#include "editor/SetupEditor.h"
+
+#include <stdexcept>
+
+#include "core/Memo.h"
+#include "core/NumberText.h"
+#include "dialogs/frmHardware.h"
+#include "editor/SetupBoxes.h"
+#include "editor/frmBigFolder.h"
+#include "tests/support/Bench.h"
+
+namespace torvane {
+
+namespace {
+
+constexpr const char* typed = "12";
+
+class SetupEditorTest : public Bench {
+ protected:
+  SetupEditorTest() {
+    host.whenShown("frmHardware", [] { form<frmHardware>().cmdOk.userClicked(); });
+    host.toleratesBoxes = true;  // a new format of the reading asks for its set points anew
+  }
+
+  SetupEditor editor;
+};
+
+// What a record holds of its box after a choice.
+int held(const SetupBox& box) {
+  const MemoField& field = Memo[box.record];
+  if (box.copy == Copy::asText) return static_cast<int>(Val(field.text));
+  return box.copy == Copy::inExtra ? field.extra : field.value;
+}
+
+struct Chosen {
+  SetupEditor& editor;
+  const SetupBox& box;
+
+  void operator()(const TextBox*) const {
+    EXPECT_EQ(controlOfRecord(box.record), EntryControl::text);
+    editor.type(box.record, typed);
+    const EntryForm form = entryForm();
+    EXPECT_EQ(Memo[box.record].text, box.rule ? repair(*box.rule, typed, form).text : typed);
+  }
+  void operator()(const CheckBox*) const {
+    EXPECT_EQ(controlOfRecord(box.record), EntryControl::tick);
+    for (const int tick : {1, 0, 1}) {
+      editor.choose(box.record, tick);
+      EXPECT_EQ(held(box), tick);
+    }
+  }
+  void operator()(const OptionButton*) const {
+    EXPECT_EQ(controlOfRecord(box.record), EntryControl::choice);
+    editor.choose(box.record, 1);
+    EXPECT_EQ(Memo[box.record].flag, -1);
+  }
+  void operator()(const ListControl* list) const {
+    EXPECT_EQ(controlOfRecord(box.record), EntryControl::choice);
+    for (int item = list->listCount() - 1; item >= 0; --item) {
+      editor.choose(box.record, item);
+      EXPECT_EQ(held(box), item);
+    }
+    editor.choose(box.record, list->listCount());
+    EXPECT_EQ(held(box), 0);
+  }
+  void operator()(const ScrollBar* bar) const {
+    EXPECT_EQ(controlOfRecord(box.record), EntryControl::bar);
+    for (const auto& [asked, taken] : {std::pair{bar->min() - 1, bar->min()},
+                                       {bar->min() + 1, bar->min() + 1},
+                                       {bar->max() + 1, bar->max()}}) {
+      editor.choose(box.record, asked);
+      EXPECT_EQ(held(box), taken);
+    }
+  }
+
+ private:
+  static EntryForm entryForm() {
+    auto& window = form<frmBigFolder>();
+    return {window.formDPt(), window.optAOutV.value()};
+  }
+};
+
+TEST_F(SetupEditorTest, PutsIntoEachRecordWhatItsBoxCanHold) {
+  auto& window = form<frmBigFolder>();
+  int tried = 0;
+  for (const SetupBox& box : setupBoxes()) {
+    if (!isInUse(box)) continue;
+    SCOPED_TRACE(box.record);
+    std::visit(Chosen{editor, box}, controlOf(window, box));
+    ++tried;
+  }
+  EXPECT_GT(tried, 80);
+}
+
+TEST_F(SetupEditorTest, RefusesARecordWithoutABox) {
+  EXPECT_EQ(controlOfRecord(rec::menuKind), EntryControl::text);
+  EXPECT_THROW(editor.type(rec::menuKind, typed), std::logic_error);
+  EXPECT_THROW(editor.choose(rec::txtSp1, 1), std::logic_error);
+}
+
+TEST_F(SetupEditorTest, OpensAFileThatItHasGiven) {
+  editor.type(rec::txtSp1, "123");
+  host.files["a.cfg"] = editor.asFile();
+  const MemoArray given = Memo;
+  editor.type(rec::txtSp1, "7");
+  EXPECT_NE(Memo, given);
+  editor.open("a.cfg");
+  EXPECT_EQ(Memo, given);
+}
+
+TEST_F(SetupEditorTest, ShowsTheRecordsAsAReadLeavesThem) {
+  Memo[rec::txtSp2].text = "045.0";
+  editor.takeRecords();
+  EXPECT_EQ(Memo[rec::txtSp2].text, "045.0");
+  EXPECT_EQ(form<frmBigFolder>().txtSp2.text(), "045.0");
+}
+
+}  // namespace
+
+}  // namespace torvane
