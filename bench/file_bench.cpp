@@ -12,6 +12,7 @@
 #include "dialogs/frmHardware.h"
 #include "dialogs/frmWrite.h"
 #include "editor/frmBigFolder.h"
+#include "platform/qt/Outlines.h"
 #include "session/ScriptedHost.h"
 
 using namespace torvane;

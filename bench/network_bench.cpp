@@ -17,6 +17,7 @@
 #include "core/NumberText.h"
 #include "editor/frmBigFolder.h"
 #include "network/NetworkChannel.h"
+#include "platform/qt/Outlines.h"
 #include "platform/qt/io/QtSocket.h"
 #include "protocol/frmSerial.h"
 #include "sim/TcpServer.h"
@@ -176,6 +177,7 @@ int main(int argc, char** argv) {
   const QTemporaryDir preferences;
   qputenv("XDG_CONFIG_HOME", preferences.path().toUtf8());
   QApplication application(argc, argv);
+  takeOutlines();
   sim::UnitSetup setup;
   setup.turnaround = 0;
   sim::Unit unit(setup);

@@ -10,6 +10,7 @@
 #include "Figures.h"
 #include "dialogs/Report.h"
 #include "editor/frmBigFolder.h"
+#include "platform/qt/Outlines.h"
 #include "session/ScriptedHost.h"
 
 using namespace torvane;
@@ -50,6 +51,7 @@ int main(int argc, char** argv) {
   const QTemporaryDir preferences;
   qputenv("XDG_CONFIG_HOME", preferences.path().toUtf8());
   QApplication application(argc, argv);
+  takeOutlines();
   benchmark::Initialize(&argc, argv);
   Bench bench;
   openEditor(bench);
