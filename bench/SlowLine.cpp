@@ -10,6 +10,7 @@
 
 #include "editor/frmBigFolder.h"
 #include "platform/Program.h"
+#include "platform/qt/Outlines.h"
 
 namespace torvane {
 
@@ -54,6 +55,7 @@ bool runSession(int argc, char** argv, const MakeUser& makeUser,
   qputenv("XDG_CONFIG_HOME", preferences.path().toUtf8());
   choosePort();
   const QApplication application(argc, argv);
+  takeOutlines();
   sim::Unit unit(setup());
   sim::Server server(unit);
   server.start();

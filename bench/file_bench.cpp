@@ -81,6 +81,7 @@ int main(int argc, char** argv) {
   const QTemporaryDir folder;
   qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
   const QApplication application(argc, argv);
+  takeOutlines();
   benchmark::Initialize(&argc, argv);
   Bench bench;
   bench.path = folder.filePath("setup.cfg").toStdString();

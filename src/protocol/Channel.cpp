@@ -128,7 +128,7 @@ void Channel::countLoops(int loops) {
 
 std::string Channel::reasonOf(std::string_view reply) const {
   if (!linkFault.empty()) return shortened(linkFault);
-  if (contains(reply, "*")) return "the line echoes";
+  if (contains(reply, "*")) return std::string(reasonLineEchoes);
   if (const auto mark = reply.find('?'); mark != reply.npos) {
     return "refused \"" + std::string(reply.substr(mark, 3)) + "\"";
   }

@@ -33,6 +33,10 @@ struct RegisterTrace {
   std::string reason;  // of a failure, in plain words; empty: it took
 };
 
+// Reasons that lie with the line. The system's own words come after the first.
+inline constexpr std::string_view reasonPortGone = "port gone";
+inline constexpr std::string_view reasonLineEchoes = "the line echoes";
+
 // Whether commands go without an address: BusMode 0 and 2.
 bool isUnaddressed();
 // Two hexadecimal digits, or nothing when unaddressed.

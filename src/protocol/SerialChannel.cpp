@@ -39,7 +39,7 @@ std::string echoOf(std::string_view command) {
   return std::string(command.substr(1, addressPart().size() + mnemonicLength));
 }
 
-std::string gone(const RuntimeError& error) { return std::string("port gone: ") + error.what(); }
+std::string gone(const RuntimeError& error) { return std::string(reasonPortGone) + ": " + error.what(); }
 
 // A line that never falls silent must not hold the program, nor fill its memory. What already waits when a
 // process comes back late is read all the same.

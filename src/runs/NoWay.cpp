@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "protocol/Channel.h"
+
 namespace torvane {
 
 namespace noWay {
@@ -52,7 +54,7 @@ bool saysOneOf(std::string_view words, std::initializer_list<std::string_view> p
 
 bool echoed(const RunOutcome& outcome) {
   return std::ranges::any_of(outcome.registers, [](const RegisterOutcome& each) {
-    return each.verdict == Verdict::failed && each.reason == "the line echoes";
+    return each.verdict == Verdict::failed && each.reason == reasonLineEchoes;
   });
 }
 

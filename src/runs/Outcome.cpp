@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "protocol/Channel.h"
+
 namespace torvane {
 
 namespace {
@@ -79,7 +81,7 @@ std::size_t RunOutcome::count(Verdict verdict) const {
 
 bool RunOutcome::lostItsPort() const {
   return std::ranges::any_of(registers, [](const RegisterOutcome& each) {
-    return each.verdict == Verdict::failed && each.reason.starts_with("port gone");
+    return each.verdict == Verdict::failed && each.reason.starts_with(reasonPortGone);
   });
 }
 

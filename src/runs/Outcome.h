@@ -55,7 +55,7 @@ struct RunOutcome {
   bool settled(const std::string& reg) const;     // a write of it went out, or found it already so
   bool understood(const std::string& reg) const;  // it was read and decoded
   std::size_t count(Verdict verdict) const;
-  bool lostItsPort() const;  // meanwhile, though it may be back
+  bool lostItsPort() const;  // in the run, though it may be back since
   bool passed() const;       // came to its end and nothing failed
 };
 

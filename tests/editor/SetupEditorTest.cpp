@@ -3,6 +3,8 @@
 #include "editor/SetupEditor.h"
 
 #include <stdexcept>
+#include <utility>
+#include <variant>
 
 #include "core/Memo.h"
 #include "core/NumberText.h"
