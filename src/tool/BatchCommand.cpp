@@ -13,7 +13,6 @@
 #include "tool/BatchPlan.h"
 #include "tool/BatchResults.h"
 #include "tool/BatchWorkers.h"
-#include "tool/Declare.h"
 #include "tool/ShellView.h"
 #include "tool/Subcommands.h"
 
@@ -41,20 +40,19 @@ beside it and begin with its name. With --resume verified and refused rows stay 
 ones are tried again, and a unit that was half written is written anew. Ctrl+C ends each line after
 the register in hand.)";
 
-void declare(CLI::App& app, Arguments& arguments) {
-  app.footer(more);
-  declareFile(app, "PLAN", arguments.plan, "a table: line, address, model, setup, serial")->required();
-  declareFile(app, "--journal", arguments.journal, "what has been done, to go on with after any end")
-      ->required();
-  const auto takeJobs = [&arguments](const std::string& text) {
-    const auto jobs = wholeNumber(text, 1, mostJobs);
-    if (!jobs) refuse("--jobs", text, "It may be 1 to " + std::to_string(mostJobs) + '.');
-    arguments.jobs = *jobs;
-  };
-  app.add_option_function<std::string>("--jobs", takeJobs, "lines at work side by side; without it all")
-      ->type_name("N");
-  app.add_flag("--resume", arguments.resume, "go on with this journal");
-  declareFile(app, "--results", arguments.results, "the results as a table of commas");
+void takeJobs(Arguments& to, const std::string& text) {
+  const auto jobs = wholeNumber(text, 1, mostJobs);
+  if (!jobs) refuse("--jobs", text, "It may be 1 to " + std::to_string(mostJobs) + '.');
+  to.jobs = *jobs;
+}
+
+std::vector<OptionRow> options() {
+  return {
+      required({"PLAN", "FILE", "a table: line, address, model, setup, serial", &Arguments::plan}),
+      required({"--journal", "FILE", "what has been done, to go on with after any end", &Arguments::journal}),
+      {"--jobs", "N", "lines at work side by side; without it all", takeJobs},
+      {"--resume", "", "go on with this journal", &Arguments::resume},
+      {"--results", "FILE", "the results as a table of commas", &Arguments::results}};
 }
 
 std::string absolute(const std::string& path) {
@@ -229,6 +227,8 @@ ExitCode run(const Arguments& arguments, const Output& output) { return Batch(ar
 
 }  // namespace
 
-Subcommand batchCommand() { return {"batch", "writes the setups of a plan to many units", declare, run}; }
+Subcommand batchCommand() {
+  return {"batch", "writes the setups of a plan to many units", options, run, more};
+}
 
 }  // namespace torvane::tool

@@ -2,11 +2,12 @@
 // The command line of torvane-unit.
 #include "tool/CommandLine.h"
 
+#include <CLI/CLI.hpp>
 #include <algorithm>
+#include <type_traits>
 
 #include "platform/Program.h"
 #include "tool/Completion.h"
-#include "tool/Declare.h"
 #include "tool/ManPage.h"
 #include "tool/Nearest.h"
 
@@ -24,7 +25,7 @@ const CLI::App& chosen(const CLI::App& app) {
   return commands.empty() ? app : *commands.front();
 }
 
-std::vector<std::string> optionsOf(const CLI::App& app) {
+std::vector<std::string> optionNames(const CLI::App& app) {
   std::vector<std::string> names;
   for (const CLI::Option* const option : app.get_options()) {
     for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
@@ -49,7 +50,7 @@ Problem unknownWord(const CLI::App& app, const std::string& word) {
   const std::string what = isCommand  ? "no command"
                            : isOption ? "no option of " + callOf(command)
                                       : "too much here";
-  std::string hint = didYouMean(word, isCommand ? commandNames() : optionsOf(command));
+  std::string hint = didYouMean(word, isCommand ? commandNames() : optionNames(command));
   if (hint.empty()) hint = "\"" + callOf(command) + " --help\" tells what there is.";
   return {ExitCode::usage, '"' + word + "\" is " + what, hint};
 }
@@ -72,24 +73,64 @@ Problem problemOf(const CLI::App& app, const CLI::ParseError& fault) {
   return {ExitCode::usage, words, hint};
 }
 
-void declareProgram(CLI::App& app, Arguments& arguments) {
-  app.description("Reads, writes and compares controllers of the Torvane and Larkspur lines from a shell.");
-  app.require_subcommand(1);
-  app.set_help_flag("-h,--help", "this text");
-  app.set_version_flag("--version", versionText(), "the version of the program");
-  const auto refuseShell = [](const std::string& shell) { refuse("--completion", shell, "It may be bash."); };
-  app.add_option_function<std::string>("--completion", refuseShell,
-                                       "what a shell needs to complete the command line; alone on its line")
-      ->type_name("bash");
-  app.add_flag("--json", arguments.json, "the answer as one JSON object");
-  app.add_flag("--man")->description("the man page")->group("");
+CLI::Option* declareHelp(CLI::App& app, const OptionRow& row) {
+  return row.names == "--version" ? app.set_version_flag(row.names, versionText(), row.what)
+                                  : app.set_help_flag(row.names, row.what);
+}
+
+CLI::Option* declareOption(CLI::App& app, const OptionRow& row, Arguments& arguments) {
+  const auto declareInto = [&](const auto into) -> CLI::Option* {
+    using Target = std::remove_const_t<decltype(into)>;
+    if constexpr (std::is_same_v<Target, std::monostate>) {
+      return declareHelp(app, row);
+    } else if constexpr (std::is_same_v<Target, bool Arguments::*>) {
+      return app.add_flag(row.names, arguments.*into, row.what);
+    } else if constexpr (std::is_same_v<Target, TakeValue>) {
+      const auto take = [row, into, &arguments](const std::string& text) {
+        mustBeLegal(row, text);
+        into(arguments, text);
+      };
+      return app.add_option_function<std::string>(row.names, take, row.what);
+    } else {
+      return app.add_option(row.names, arguments.*into, row.what);
+    }
+  };
+  return std::visit(declareInto, row.into);
+}
+
+// What a row needs or excludes stands before it.
+void declare(CLI::App& app, const std::vector<OptionRow>& rows, Arguments& arguments) {
+  for (const OptionRow& row : rows) {
+    CLI::Option* const option = declareOption(app, row, arguments);
+    if (!row.value.empty()) option->type_name(row.value);
+    option->required(row.isRequired);
+    if (!row.needs.empty()) option->needs(app.get_option(row.needs));
+    if (!row.excludes.empty()) option->excludes(app.get_option(row.excludes));
+  }
+}
+
+std::unique_ptr<CLI::App> declared(Arguments& arguments) {
+  auto app = std::make_unique<CLI::App>(summary, "torvane-unit");
+  app->require_subcommand(1);
+  declare(*app, programOptions(), arguments);
+  app->add_flag("--man")->group("");
+  for (const Subcommand& command : subcommands()) {
+    CLI::App& own = *app->add_subcommand(command.name, command.what);
+    own.footer(command.more);
+    declare(own, optionsOf(command), arguments);
+  }
+  return app;
 }
 
 // The words of an option that stands for a command.
-std::optional<std::string> wordsOf(const std::vector<std::string>& arguments, const CLI::App& app) {
-  if (arguments == std::vector<std::string>{"--completion", "bash"}) return bashCompletion(app);
-  if (arguments == std::vector<std::string>{"--man"}) return manPage(app);
+std::optional<std::string> wordsOf(const std::vector<std::string>& arguments) {
+  if (arguments == std::vector<std::string>{"--completion", "bash"}) return bashCompletion();
+  if (arguments == std::vector<std::string>{"--man"}) return manPage();
   return std::nullopt;
+}
+
+std::string helpOf(const CLI::App& command) {
+  return command.help(command.get_parent() == nullptr ? "" : command.get_parent()->get_name());
 }
 
 const Subcommand* commandNamed(const std::string& name) {
@@ -99,26 +140,14 @@ const Subcommand* commandNamed(const std::string& name) {
 
 }  // namespace
 
-std::unique_ptr<CLI::App> declared(Arguments& arguments) {
-  auto app = std::make_unique<CLI::App>();
-  app->name("torvane-unit");
-  declareProgram(*app, arguments);
-  for (const Subcommand& command : subcommands()) {
-    CLI::App& own = *app->add_subcommand(command.name, command.what);
-    command.declare(own, arguments);
-    own.add_flag("--json", arguments.json, "the answer as one JSON object");
-  }
-  return app;
-}
-
 Invocation parseCommandLine(const std::vector<std::string>& arguments) {
   Invocation asked;
+  if (const auto words = wordsOf(arguments)) return {.words = *words};
   const auto app = declared(asked.arguments);
-  if (const auto words = wordsOf(arguments, *app)) return {.words = *words};
   try {
     app->parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
   } catch (const CLI::CallForHelp&) {
-    return {.words = chosen(*app).help()};
+    return {.words = helpOf(chosen(*app))};
   } catch (const CLI::CallForVersion&) {
     return {.words = versionText()};
   } catch (const CLI::ParseError& fault) {

@@ -2,8 +2,6 @@
 // The command line of torvane-unit: declared once, for parsing, help, completion and man page.
 #pragma once
 
-#include <CLI/CLI.hpp>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -11,9 +9,6 @@
 #include "tool/Subcommands.h"
 
 namespace torvane::tool {
-
-// Values go into the arguments, which outlive it.
-std::unique_ptr<CLI::App> declared(Arguments& arguments);
 
 struct Invocation {
   Arguments arguments = {};

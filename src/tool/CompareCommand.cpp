@@ -5,7 +5,6 @@
 #include "platform/Files.h"
 #include "tool/CompareReport.h"
 #include "tool/Connection.h"
-#include "tool/Declare.h"
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
 
@@ -13,12 +12,10 @@ namespace torvane::tool {
 
 namespace {
 
-void declare(CLI::App& app, Arguments& arguments) {
-  app.add_option("LINE_OR_FILE", arguments.first, "a line, or a second setup file")
-      ->required()
-      ->type_name("LINE");
-  declareFile(app, "SETUP", arguments.setup, "the setup file")->required();
-  declareUnit(app, arguments.line);
+std::vector<OptionRow> options() {
+  return joined({required({"LINE_OR_FILE", "LINE", "a line, or a second setup file", &Arguments::first}),
+                 required({"SETUP", "FILE", "the setup file", &Arguments::setup})},
+                unitOptions());
 }
 
 ExitCode tell(Json object, const Comparison& comparison, const Output& output) {
@@ -32,7 +29,7 @@ ExitCode tell(Json object, const Comparison& comparison, const Output& output) {
 ExitCode compareUnit(const Arguments& arguments, const Output& output) {
   const EncodedSetup setup = asSetup(loadEither(arguments.setup), false);
   LineArguments line = arguments.line;
-  line.name = lineNamed(arguments.first);
+  line.name = lineNamed("LINE", arguments.first);
   DeviceState.IsRkw77 = asFlag(setup.kind == kind::rkw77);
   Connection connection(line);
   connection.meetForSetup();
@@ -56,7 +53,7 @@ ExitCode run(const Arguments& arguments, const Output& output) {
 }  // namespace
 
 Subcommand compareCommand() {
-  return {"compare", "how a unit, or a file, differs from a setup file", declare, run};
+  return {"compare", "how a unit, or a file, differs from a setup file", options, run};
 }
 
 }  // namespace torvane::tool

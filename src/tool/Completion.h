@@ -2,11 +2,10 @@
 // What bash needs to complete a command line.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <string>
 
 namespace torvane::tool {
 
-std::string bashCompletion(const CLI::App& app);
+std::string bashCompletion();
 
 }  // namespace torvane::tool

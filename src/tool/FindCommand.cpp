@@ -6,7 +6,6 @@
 #include "core/Model.h"
 #include "platform/qt/io/Terminal.h"
 #include "tool/Connection.h"
-#include "tool/Declare.h"
 #include "tool/Models.h"
 #include "tool/PortList.h"
 #include "tool/Setup.h"
@@ -18,26 +17,22 @@ namespace {
 
 using Addresses = std::vector<std::optional<int>>;  // nothing for a unit without one
 
-void declare(CLI::App& app, Arguments& arguments) {
-  LineArguments& line = arguments.line;
-  CLI::Option* const port =
-      app.add_option_function<std::string>(
-             "--port", [&line](const std::string& text) { line.name = lineNamed(text); },
-             "COM1 or the path of a device; without it and --host all ports")
-          ->type_name("PORT");
-  app.add_option_function<std::string>(
-         "--host", [&line](const std::string& text) { line.name = lineNamed(text); }, "host:port of a bridge")
-      ->type_name("HOST:PORT")
-      ->excludes(port);
-  const auto take = [&arguments](const std::string& text) {
-    const auto addresses = parseAddresses(text);
-    if (!addresses) refuse("--addresses", text, "It may be such as 0-199 or 1,5,10-12.");
-    arguments.addresses = *addresses;
-  };
-  app.add_option_function<std::string>("--addresses", take,
-                                       "addresses to ask, such as 0-199; without it units without one")
-      ->type_name("LIST");
-  declareLineSettings(app, line);
+void takePort(Arguments& to, const std::string& text) { to.line.name = lineNamed("--port", text); }
+void takeHost(Arguments& to, const std::string& text) { to.line.name = lineNamed("--host", text); }
+
+void takeAddresses(Arguments& to, const std::string& text) {
+  const auto addresses = parseAddresses(text);
+  if (!addresses) refuse("--addresses", text, "It may be such as 0-199 or 1,5,10-12.");
+  to.addresses = *addresses;
+}
+
+std::vector<OptionRow> options() {
+  return joined(
+      {{"--port", "PORT", "COM1 or the path of a device; without it and --host all ports", takePort},
+       excluding("--port", {"--host", "HOST:PORT", "host:port of a bridge", takeHost}),
+       {"--addresses", "LIST", "addresses to ask, such as 0-199; without it units without one",
+        takeAddresses}},
+      lineSettingsOptions());
 }
 
 struct Skipped {
@@ -70,7 +65,7 @@ class Search {
     if (named_) return {arguments_.line.name};
     std::vector<LineName> lines;
     for (const Port& port : portsHere())
-      lines.push_back(port.name.empty() ? LineName{.device = port.device} : lineNamed(port.name));
+      lines.push_back(port.name.empty() ? LineName{.device = port.device} : lineNamed("--port", port.name));
     return lines;
   }
 
@@ -165,7 +160,7 @@ ExitCode run(const Arguments& arguments, const Output& output) {
 }  // namespace
 
 Subcommand findCommand() {
-  return {"find", "what answers on a port, behind a bridge, or on every port", declare, run};
+  return {"find", "what answers on a port, behind a bridge, or on every port", options, run};
 }
 
 }  // namespace torvane::tool

@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: MIT
 // What the unit on a line is.
 #include "tool/Connection.h"
-#include "tool/Declare.h"
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
 
 namespace torvane::tool {
 
 namespace {
-
-void declare(CLI::App& app, Arguments& arguments) { declareLine(app, arguments.line); }
 
 ExitCode run(const Arguments& arguments, const Output& output) {
   beginRecords();
@@ -31,6 +28,6 @@ ExitCode run(const Arguments& arguments, const Output& output) {
 
 }  // namespace
 
-Subcommand identifyCommand() { return {"identify", "what the unit on a line is", declare, run}; }
+Subcommand identifyCommand() { return {"identify", "what the unit on a line is", lineOptions, run}; }
 
 }  // namespace torvane::tool

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Keeps a copy of all registers of a unit.
 #include "tool/Connection.h"
-#include "tool/Declare.h"
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
 
@@ -9,10 +8,10 @@ namespace torvane::tool {
 
 namespace {
 
-void declare(CLI::App& app, Arguments& arguments) {
-  declareLine(app, arguments.line);
-  declareFile(app, "-o,--output", arguments.out, "the copy to write")->required();
-  declareFile(app, "--setup", arguments.setup, "a setup file that tells the kind of the unit");
+std::vector<OptionRow> options() {
+  return joined(lineOptions(),
+                {required({"-o,--output", "FILE", "the copy to write", &Arguments::out}),
+                 {"--setup", "FILE", "a setup file that tells the kind of the unit", &Arguments::setup}});
 }
 
 ExitCode run(const Arguments& arguments, const Output& output) {
@@ -32,6 +31,6 @@ ExitCode run(const Arguments& arguments, const Output& output) {
 
 }  // namespace
 
-Subcommand keepCommand() { return {"keep", "keeps a copy of all registers of a unit", declare, run}; }
+Subcommand keepCommand() { return {"keep", "keeps a copy of all registers of a unit", options, run}; }
 
 }  // namespace torvane::tool

@@ -7,6 +7,7 @@
 
 #include "platform/Program.h"
 #include "tool/ExitCodes.h"
+#include "tool/Subcommands.h"
 
 namespace torvane::tool {
 
@@ -30,23 +31,13 @@ std::string plain(const std::string& text) {
 std::string bold(const std::string& text) { return "\\fB" + plain(text) + "\\fR"; }
 std::string slanted(const std::string& text) { return "\\fI" + plain(text) + "\\fR"; }
 
-std::vector<const CLI::Option*> positionals(const CLI::App& command) {
-  return command.get_options([](const CLI::Option* option) { return option->get_positional(); });
-}
+bool isHelp(const OptionRow& row) { return row.names.ends_with("--help"); }
 
-bool isHelp(const CLI::Option& option) { return option.check_lname("help"); }
-
-std::vector<const CLI::Option*> named(const CLI::App& command) {
-  return command.get_options([](const CLI::Option* option) {
-    return option->nonpositional() && !option->get_group().empty() && !isHelp(*option);
-  });
-}
-
-std::string namesOf(const CLI::Option& option) {
+std::string headOf(const OptionRow& row) {
+  if (isWord(row)) return slanted(row.names);
   std::string text;
-  for (const std::string& name : option.get_snames()) text += (text.empty() ? "" : ", ") + bold('-' + name);
-  for (const std::string& name : option.get_lnames()) text += (text.empty() ? "" : ", ") + bold("--" + name);
-  return option.get_type_size() == 0 ? text : text + ' ' + slanted(option.get_type_name());
+  for (const std::string& name : namesOf(row)) text += (text.empty() ? "" : ", ") + bold(name);
+  return row.value.empty() ? text : text + ' ' + slanted(row.value);
 }
 
 std::string item(const std::string& head, const std::string& text) {
@@ -63,17 +54,23 @@ std::string paragraphs(const std::string& text) {
   return all;
 }
 
-std::string commandText(const CLI::App& command) {
-  std::string call = bold("torvane-unit " + command.get_name());
-  for (const CLI::Option* const word : positionals(command)) call += ' ' + slanted(word->get_name(true));
-  std::string text =
-      ".SS " + call + " [" + slanted("option") + "]...\n" + plain(command.get_description()) + ".\n";
-  for (const CLI::Option* const word : positionals(command)) {
-    text += item(slanted(word->get_name(true)), word->get_description());
+// Words before options.
+std::string itemsOf(std::vector<OptionRow> rows) {
+  std::erase_if(rows, isHelp);
+  std::ranges::stable_partition(rows, isWord);
+  std::string text;
+  for (const OptionRow& row : rows) text += item(headOf(row), row.what);
+  return text;
+}
+
+std::string commandText(const Subcommand& command) {
+  const std::vector<OptionRow> rows = optionsOf(command);
+  std::string call = bold(std::string("torvane-unit ") + command.name);
+  for (const OptionRow& row : rows) {
+    if (isWord(row)) call += ' ' + slanted(row.names);
   }
-  for (const CLI::Option* const option : named(command))
-    text += item(namesOf(*option), option->get_description());
-  return text + paragraphs(command.get_footer());
+  return ".SS " + call + " [" + slanted("option") + "]...\n" + plain(command.what) + ".\n" + itemsOf(rows) +
+         paragraphs(command.more);
 }
 
 std::string exitText() {
@@ -84,28 +81,25 @@ std::string exitText() {
   return text;
 }
 
-std::string optionText(const CLI::App& app) {
-  std::string text =
-      item(bold("-h") + ", " + bold("--help"), "what there is; after a command, what it takes");
-  for (const CLI::Option* const option : named(app))
-    text += item(namesOf(*option), option->get_description());
-  return text;
+std::string optionText() {
+  return item(bold("-h") + ", " + bold("--help"), "what there is; after a command, what it takes") +
+         itemsOf(programOptions());
 }
 
 }  // namespace
 
-std::string manPage(const CLI::App& app) {
+std::string manPage() {
   const std::string version =
       std::to_string(program::majorVersion) + '.' + std::to_string(program::minorVersion);
   std::string text = ".TH TORVANE\\-UNIT 1 \"\" \"" + std::string(program::title) + ' ' + version +
                      "\" \"User Commands\"\n" +
                      ".SH NAME\ntorvane\\-unit \\- process controllers from a shell, one or five hundred\n" +
                      ".SH SYNOPSIS\n" + bold("torvane-unit") + ' ' + slanted("command") + " [" +
-                     slanted("argument") + "]...\n.SH DESCRIPTION\n" + plain(app.get_description()) +
-                     "\n.PP\n" + slanted("LINE") +
+                     slanted("argument") + "]...\n.SH DESCRIPTION\n" + plain(summary) + "\n.PP\n" +
+                     slanted("LINE") +
                      " is COM1 and so on, the path of a device, or host:port of a bridge.\n" +
-                     ".SH OPTIONS\n" + optionText(app) + ".SH COMMANDS\n";
-  for (const CLI::App* const command : app.get_subcommands({})) text += commandText(*command);
+                     ".SH OPTIONS\n" + optionText() + ".SH COMMANDS\n";
+  for (const Subcommand& command : subcommands()) text += commandText(command);
   return text + ".SH EXIT STATUS\n" + exitText() + ".SH SEE ALSO\n" + bold("torvane-configuration") +
          "(1), " + bold("unit-simulator") + "(1)\n";
 }

@@ -3,7 +3,6 @@
 #include <optional>
 
 #include "platform/qt/io/DeviceFile.h"
-#include "tool/Declare.h"
 #include "tool/PortList.h"
 #include "tool/Subcommands.h"
 
@@ -44,10 +43,10 @@ ExitCode run(const Arguments&, const Output& output) {
   return ExitCode::done;
 }
 
-void declare(CLI::App&, Arguments&) {}
+std::vector<OptionRow> options() { return {}; }
 
 }  // namespace
 
-Subcommand portsCommand() { return {"ports", "the serial ports, and who has them open", declare, run}; }
+Subcommand portsCommand() { return {"ports", "the serial ports, and who has them open", options, run}; }
 
 }  // namespace torvane::tool

@@ -2,7 +2,6 @@
 // Puts a copy back into a unit.
 #include "core/Model.h"
 #include "tool/Connection.h"
-#include "tool/Declare.h"
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
 
@@ -10,10 +9,9 @@ namespace torvane::tool {
 
 namespace {
 
-void declare(CLI::App& app, Arguments& arguments) {
-  declareLine(app, arguments.line);
-  declareFile(app, "COPY", arguments.unitFile, "the copy to put back")->required();
-  app.add_flag("--bus", arguments.bus, "bus format and address too");
+std::vector<OptionRow> options() {
+  return joined(lineOptions(), {required({"COPY", "FILE", "the copy to put back", &Arguments::unitFile}),
+                                {"--bus", "", "bus format and address too", &Arguments::bus}});
 }
 
 // No bit that either side has not got.
@@ -39,6 +37,6 @@ ExitCode run(const Arguments& arguments, const Output& output) {
 
 }  // namespace
 
-Subcommand putBackCommand() { return {"put-back", "puts a copy back into a unit", declare, run}; }
+Subcommand putBackCommand() { return {"put-back", "puts a copy back into a unit", options, run}; }
 
 }  // namespace torvane::tool

@@ -4,7 +4,6 @@
 
 #include "core/Model.h"
 #include "tool/Connection.h"
-#include "tool/Declare.h"
 #include "tool/Models.h"
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
@@ -13,10 +12,10 @@ namespace torvane::tool {
 
 namespace {
 
-void declare(CLI::App& app, Arguments& arguments) {
-  declareLine(app, arguments.line);
-  declareFile(app, "-o,--output", arguments.out, "the setup file to write")->required();
-  declareFile(app, "--keep", arguments.keep, "keep a copy of all registers as well");
+std::vector<OptionRow> options() {
+  return joined(lineOptions(),
+                {required({"-o,--output", "FILE", "the setup file to write", &Arguments::out}),
+                 {"--keep", "FILE", "keep a copy of all registers as well", &Arguments::keep}});
 }
 
 // The setup is for the unit that was read.
@@ -59,6 +58,6 @@ ExitCode run(const Arguments& arguments, const Output& output) {
 
 }  // namespace
 
-Subcommand readCommand() { return {"read", "reads a unit into a setup file", declare, run}; }
+Subcommand readCommand() { return {"read", "reads a unit into a setup file", options, run}; }
 
 }  // namespace torvane::tool

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // Changes settings of a setup file.
-#include "tool/Declare.h"
 #include "tool/Settings.h"
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
@@ -9,12 +8,10 @@ namespace torvane::tool {
 
 namespace {
 
-void declare(CLI::App& app, Arguments& arguments) {
-  declareFile(app, "SETUP", arguments.setup, "the setup file")->required();
-  app.add_option("CHANGE", arguments.changes, "such as 'Setpoint 1=123.4'")
-      ->required()
-      ->type_name("NAME=VALUE");
-  declareFile(app, "-o,--output", arguments.out, "the setup file to write")->required();
+std::vector<OptionRow> options() {
+  return {required({"SETUP", "FILE", "the setup file", &Arguments::setup}),
+          required({"CHANGE", "NAME=VALUE", "such as 'Setpoint 1=123.4'", &Arguments::changes}),
+          required({"-o,--output", "FILE", "the setup file to write", &Arguments::out})};
 }
 
 // Also what changed because something else did: numbers follow the reading format.
@@ -74,7 +71,7 @@ ExitCode run(const Arguments& arguments, const Output& output) {
 }  // namespace
 
 Subcommand setCommand() {
-  return {"set", "changes settings of a setup file by the rules of entry", declare, run};
+  return {"set", "changes settings of a setup file by the rules of entry", options, run};
 }
 
 }  // namespace torvane::tool

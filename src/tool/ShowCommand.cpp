@@ -3,7 +3,6 @@
 #include "core/Model.h"
 #include "dialogs/Report.h"
 #include "tool/Csv.h"
-#include "tool/Declare.h"
 #include "tool/Settings.h"
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
@@ -12,10 +11,10 @@ namespace torvane::tool {
 
 namespace {
 
-void declare(CLI::App& app, Arguments& arguments) {
-  declareFile(app, "SETUP", arguments.setup, "the setup file")->required();
-  app.add_flag("--csv", arguments.csv, "as a table of commas");
-  declareFile(app, "--pdf", arguments.pdf, "the report as a PDF");
+std::vector<OptionRow> options() {
+  return {required({"SETUP", "FILE", "the setup file", &Arguments::setup}),
+          {"--csv", "", "as a table of commas", &Arguments::csv},
+          {"--pdf", "FILE", "the report as a PDF", &Arguments::pdf}};
 }
 
 Json objectOf(const std::string& file, const std::vector<NamedSetting>& settings) {
@@ -65,7 +64,7 @@ ExitCode run(const Arguments& arguments, const Output& output) {
 }  // namespace
 
 Subcommand showCommand() {
-  return {"show", "the settings of a setup file in the report's words", declare, run};
+  return {"show", "the settings of a setup file in the report's words", options, run};
 }
 
 }  // namespace torvane::tool

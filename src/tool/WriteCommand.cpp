@@ -3,7 +3,6 @@
 #include "core/Model.h"
 #include "tool/CompareReport.h"
 #include "tool/Connection.h"
-#include "tool/Declare.h"
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
 #include "tool/WriteRecord.h"
@@ -12,15 +11,15 @@ namespace torvane::tool {
 
 namespace {
 
-void declare(CLI::App& app, Arguments& arguments) {
-  declareLine(app, arguments.line);
-  declareFile(app, "SETUP", arguments.setup, "the setup file")->required();
-  app.add_flag("--dry-run", arguments.dryRun, "tell what would change, write nothing");
-  app.add_flag("--reset", arguments.reset, "reset the unit when all is written");
-  app.add_flag("--force", arguments.force, "write even to a unit of the other line than the setup's");
-  CLI::Option* const record =
-      declareFile(app, "--record", arguments.record, "a record of the write, a new file");
-  app.add_option("--who", arguments.who, "who writes, for the record")->type_name("NAME")->needs(record);
+std::vector<OptionRow> options() {
+  return joined(
+      lineOptions(),
+      {required({"SETUP", "FILE", "the setup file", &Arguments::setup}),
+       {"--dry-run", "", "tell what would change, write nothing", &Arguments::dryRun},
+       {"--reset", "", "reset the unit when all is written", &Arguments::reset},
+       {"--force", "", "write even to a unit of the other line than the setup's", &Arguments::force},
+       {"--record", "FILE", "a record of the write, a new file", &Arguments::record},
+       needing("--record", {"--who", "NAME", "who writes, for the record", &Arguments::who})});
 }
 
 ExitCode dryRun(const Arguments& arguments, const Output& output) {
@@ -57,6 +56,6 @@ ExitCode run(const Arguments& arguments, const Output& output) {
 
 }  // namespace
 
-Subcommand writeCommand() { return {"write", "writes a setup file to a unit and verifies it", declare, run}; }
+Subcommand writeCommand() { return {"write", "writes a setup file to a unit and verifies it", options, run}; }
 
 }  // namespace torvane::tool

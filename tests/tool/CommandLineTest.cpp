@@ -96,6 +96,8 @@ TEST(ToolCommandLine, WhatIsMissingOrWrong) {
             "--address can't be \"200\" | It may be 0 to 199.");
   EXPECT_EQ(complaintOf({"identify", "COM1", "--baud"}),
             "--baud needs a value | \"torvane-unit identify --help\" tells how it is called.");
+  EXPECT_EQ(complaintOf({"find", "--host", "nowhere"}),
+            "--host can't be \"nowhere\" | It may be COM1, the path of a device, or host:port.");
   for (const auto& bad :
        std::vector<std::vector<std::string>>{{"read", "COM1"},
                                              {"write", "COM1", "a", "--who", "me"},
@@ -110,19 +112,23 @@ TEST(ToolCommandLine, WhatIsMissingOrWrong) {
 TEST(ToolCommandLine, HelpVersionAndPages) {
   EXPECT_NE(parseCommandLine({"--help"}).words.find("put-back"), std::string::npos);
   EXPECT_NE(parseCommandLine({"write", "--help"}).words.find("--dry-run"), std::string::npos);
+  EXPECT_NE(
+      parseCommandLine({"write", "--help"}).words.find("Usage: torvane-unit write [OPTIONS] LINE SETUP"),
+      std::string::npos);
   EXPECT_EQ(parseCommandLine({"--version"}).words, "torvane-unit 1.0\n");
   const std::string completion = parseCommandLine({"--completion", "bash"}).words;
   const std::string page = parseCommandLine({"--man"}).words;
-  Arguments unused;
-  const auto app = tool::declared(unused);
-  for (const CLI::App* const command : app->get_subcommands({})) {
-    EXPECT_NE(completion.find("    " + command->get_name() + ") options="), std::string::npos);
-    for (const CLI::Option* const option : command->get_options()) {
-      for (const std::string& name : option->get_lnames()) {
-        EXPECT_NE(completion.find("--" + name), std::string::npos) << name;
+  for (const tool::Subcommand& command : tool::subcommands()) {
+    EXPECT_NE(completion.find(std::string("    ") + command.name + ") options="), std::string::npos);
+    for (const tool::OptionRow& row : optionsOf(command)) {
+      if (isWord(row)) continue;
+      for (const std::string& name : namesOf(row)) {
+        EXPECT_NE(completion.find(name), std::string::npos) << name;
       }
     }
   }
+  EXPECT_EQ(completion.find("--dry-run)"), std::string::npos) << "a flag has no value to offer";
+  EXPECT_EQ(page.find("\\fI\\fR"), std::string::npos) << "nor to name";
   for (const char* part :
        {".SH EXIT STATUS", "\\fB130\\fR", "put\\-back\\fR", "\\-\\-dry\\-run", "\\fIHOST:PORT\\fR"}) {
     EXPECT_NE(page.find(part), std::string::npos) << part;
