@@ -17,13 +17,6 @@ constexpr std::size_t valueColumn = 22;
 
 const char* verdictOf(const AsLeft& record) { return record.passed ? "pass" : "fail"; }
 
-RegisterDigits completed(RegisterDigits digits, const RegisterDigits& other) {
-  for (std::size_t place = 0; place < registerCount; ++place) {
-    if (digits[place].empty()) digits[place] = other[place];
-  }
-  return digits;
-}
-
 std::string wordsOf(const RegisterField& field, const UnitImage& image, const UnitContext& context) {
   const std::string& payload = image.registers[static_cast<std::size_t>(registerPlace(field.reg))].payload;
   return payload.empty() || !appliesIn(field, context) ? "" : describe(field, payload, context);

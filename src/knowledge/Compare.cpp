@@ -25,14 +25,6 @@ constexpr LineRegisters lines[] = {
     {"0F", "04", 0.001, &EncodedSetup::analogLine},
 };
 
-// What one side doesn't know is taken as the other has it, so that it makes no difference of its own.
-RegisterDigits completed(RegisterDigits digits, const RegisterDigits& other) {
-  for (std::size_t place = 0; place < registerCount; ++place) {
-    if (digits[place].empty()) digits[place] = other[place];
-  }
-  return digits;
-}
-
 std::string bitsName(const RegisterField& field) {
   return "Register " + std::string(field.reg) + ", bits " +
          padLeft(hexText(static_cast<std::int32_t>(field.bits)), 2);

@@ -14,8 +14,6 @@ namespace {
 using Digits = RegisterDigits;
 using Context = UnitContext;
 
-constexpr std::uint32_t all16 = 0xFFFF;
-constexpr std::uint32_t all24 = 0xFFFFFF;
 constexpr std::uint32_t longestCycle = 199;
 constexpr std::uint32_t highestPercent = 99;
 constexpr std::uint32_t highestRate = 1999;

@@ -41,9 +41,6 @@ constexpr const char* rtdCodes[] = {"2 wires  392", "3 wires  392", "4 wires  39
 // Two bits, one for each level.
 constexpr const char* protectionCodes[] = {"None", "Setpoints", "Full", "Setpoints, Full"};
 
-constexpr std::uint32_t all16 = 0xFFFF;
-constexpr std::uint32_t all24 = 0xFFFFFF;
-
 // clang-format off
 constexpr RegisterRow rows[] = {
     {"07", 2, "Input Type"},          {"08", 2, "Reading"},              {"01", 6, "Set-Point 1"},
@@ -187,6 +184,13 @@ bool hasRegister(std::string_view reg, int kind) {
 
 const std::string& digitsOf(const RegisterDigits& digits, std::string_view reg) {
   return digits.at(static_cast<std::size_t>(registerPlace(reg)));
+}
+
+RegisterDigits completed(RegisterDigits digits, const RegisterDigits& other) {
+  for (std::size_t place = 0; place < registerCount; ++place) {
+    if (digits[place].empty()) digits[place] = other[place];
+  }
+  return digits;
 }
 
 UnitContext contextOf(const RegisterDigits& digits, int kind) {

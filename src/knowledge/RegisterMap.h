@@ -34,9 +34,15 @@ std::int32_t maskOf(std::string_view reg, int kind);
 // Whether a unit of this kind has the register: the Rkw77 line has 27 of them.
 bool hasRegister(std::string_view reg, int kind);
 
+// All bits of a register, by its width.
+inline constexpr std::uint32_t all16 = 0xFFFF;
+inline constexpr std::uint32_t all24 = 0xFFFFFF;
+
 // One payload for each register, empty where it isn't known.
 using RegisterDigits = std::array<std::string, registerCount>;
 const std::string& digitsOf(const RegisterDigits& digits, std::string_view reg);
+// What one side doesn't know is taken as the other has it, so that it makes no difference of its own.
+RegisterDigits completed(RegisterDigits digits, const RegisterDigits& other);
 
 // ---- what the meaning of a field depends on
 

@@ -24,7 +24,7 @@ constexpr ChannelRules networkRules = {
 };
 
 constexpr double connectLimit = 3.0;  // seconds
-constexpr double replyLimit = 3.0;
+constexpr double bridgeReplyLimit = 3.0;
 constexpr std::int32_t nowhere = -1;
 constexpr std::size_t mostNoted = 4096;  // bytes; a whole read has about a quarter of it
 
@@ -65,7 +65,7 @@ std::string NetworkChannel::NetworkWritePort(std::string_view command) {
   if (!reachesBridge()) return "";
   socketData = False;
   socket_.sendData(std::string(command) + "\r");
-  if (!waitFor(socketData, replyLimit)) return std::string(networkTimeoutMarker);
+  if (!waitFor(socketData, bridgeReplyLimit)) return std::string(networkTimeoutMarker);
   if (socketBuffer.ends_with('\n')) socketBuffer.pop_back();
   if (socketBuffer.ends_with('\r')) socketBuffer.pop_back();
   return socketBuffer;

@@ -14,8 +14,7 @@ namespace torvane {
 
 namespace {
 
-constexpr double connectLimit = 2.0;  // seconds
-constexpr double restBehindConnecting = 0.5;
+constexpr double restAfterConnecting = 0.5;
 
 void doJob(Run& run, NetworkChannel& channel) {
   if (!run.reading) {
@@ -33,12 +32,12 @@ bool findsBridge(Run& run, NetworkChannel& channel) {
   if (channel.socket().state() != SocketState::closed) channel.socket().close();
   channel.takeTarget();
   channel.connect();
-  if (!waitFor(channel.socketConnected, connectLimit)) {
+  if (!waitFor(channel.socketConnected, runConnectLimit)) {
     run.view.upStat(false, "Could not found web server...");
     return false;
   }
   run.view.upStat(false, "Found web server...");
-  waitOut(restBehindConnecting);
+  waitOut(restAfterConnecting);
   return true;
 }
 

@@ -11,6 +11,8 @@ namespace torvane {
 class DeviceDetection;
 class NetworkChannel;
 
+inline constexpr double runConnectLimit = 2.0;  // seconds that a run waits for the bridge
+
 // What came of a whole job.
 namespace job {
 enum : std::int16_t {

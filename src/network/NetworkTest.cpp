@@ -18,7 +18,7 @@ namespace torvane {
 namespace {
 
 // Seconds.
-constexpr double connectLimit = 2.0;
+constexpr double testConnectLimit = 2.0;
 constexpr double listenLimit = 5.0;  // after the call for a connection: does the bridge talk by itself?
 constexpr double settle = 0.5;       // before the first question
 constexpr double retryRest = 1.0;
@@ -75,7 +75,7 @@ bool connectsToBridge(Run& run, NetworkChannel& channel) {
   const double start = host<Clock>().now();
   channel.connect();
   publish(run, 1);
-  if (!waitFor(channel.socketConnected, connectLimit)) {
+  if (!waitFor(channel.socketConnected, testConnectLimit)) {
     run.view.wizardSays(
         "Web server not found.  Check the TCP/IP address and port number and make sure that the web server "
         "is connected properly and try again");

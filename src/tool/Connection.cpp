@@ -30,7 +30,6 @@ namespace torvane::tool {
 
 namespace {
 
-constexpr double connectLimit = 2.0;  // seconds, as a run waits
 constexpr std::int16_t probeForRun = 4;
 constexpr std::int16_t resetOnly = 1;
 constexpr int versionLength = 3;
@@ -212,7 +211,7 @@ void Connection::connectToBridge() {
   if (socket_->state() == SocketState::connected) return;
   network_.takeTarget();
   network_.connect();
-  if (!waitFor(network_.socketConnected, connectLimit)) noBridge(lineText(line_.name));
+  if (!waitFor(network_.socketConnected, runConnectLimit)) noBridge(lineText(line_.name));
 }
 
 void Connection::meetOverBridge() {
