@@ -17,14 +17,14 @@ struct StandingWord {
   const char* word;
 };
 
-constexpr std::array<StandingWord, 5> words{{{Standing::verified, "verified"},
-                                             {Standing::failed, "failed"},
-                                             {Standing::refused, "refused"},
-                                             {Standing::half, "half written"},
-                                             {Standing::untouched, "left"}}};
+constexpr std::array<StandingWord, 5> standingWords{{{Standing::verified, "verified"},
+                                                     {Standing::failed, "failed"},
+                                                     {Standing::refused, "refused"},
+                                                     {Standing::half, "half written"},
+                                                     {Standing::untouched, "left"}}};
 
 std::string wordOf(Standing standing) {
-  return std::ranges::find(words, standing, &StandingWord::standing)->word;
+  return std::ranges::find(standingWords, standing, &StandingWord::standing)->word;
 }
 
 using Cell = std::string (*)(const RowResult&);
@@ -66,7 +66,7 @@ std::size_t count(const std::vector<RowResult>& results, Standing standing) {
 std::string summaryOf(const std::vector<RowResult>& results) {
   std::string text = std::to_string(results.size()) + (results.size() == 1 ? " unit" : " units");
   const char* between = ": ";
-  for (const auto& [standing, word] : words) {
+  for (const auto& [standing, word] : standingWords) {
     const std::size_t number = count(results, standing);
     if (number > 0) text += between + std::to_string(number) + ' ' + word;
     if (number > 0) between = ", ";

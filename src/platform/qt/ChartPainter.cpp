@@ -13,9 +13,9 @@ namespace torvane {
 namespace {
 
 constexpr double gap = 4;
-constexpr double dot = 4;       // radius of a mark
-constexpr double tickMark = 4;  // length
-constexpr double linesOfBar = 2;
+constexpr double dot = 4;        // radius of a mark
+constexpr double tickMark = 4;   // length
+constexpr double barHeight = 2;  // in lines
 
 // The unit's display; a unit without colours has that of the palette.
 QColor displayColor(ZoneColor color, const QColor& none) {
@@ -92,7 +92,7 @@ void ChartPainter::paintBar() {
   const int count = rows.empty() ? 0 : 1 + *std::ranges::max_element(rows);
   frame.setTop(room_.top() + count * line_ + gap);
   frame.setHeight(
-      std::max(line_, std::min(linesOfBar * line_, room_.bottom() - frame.top() - 2 * line_ - 2 * gap)));
+      std::max(line_, std::min(barHeight * line_, room_.bottom() - frame.top() - 2 * line_ - 2 * gap)));
   for (const ChartZone& each : chart_.zones) zone(each, frame);
   painter_.setBrush(Qt::NoBrush);
   painter_.setPen(QPen(ink_, 1));

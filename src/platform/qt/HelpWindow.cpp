@@ -16,7 +16,7 @@ namespace torvane {
 
 namespace {
 
-constexpr int gap = 8;
+constexpr int margin = 8;
 constexpr int fileRole = Qt::UserRole;
 
 void onKey(QWidget* window, const QKeySequence& key, std::function<void()> act) {
@@ -62,8 +62,8 @@ void HelpWindow::build() {
   panes->setStretchFactor(0, 3);
   panes->setStretchFactor(1, 7);
   auto* rows = new QVBoxLayout(this);
-  rows->setContentsMargins(gap, gap, gap, gap);
-  rows->setSpacing(gap);
+  rows->setContentsMargins(margin, margin, margin, margin);
+  rows->setSpacing(margin);
   rows->addWidget(commands());
   rows->addWidget(panes, 1);
   connect(view_, &QTextBrowser::sourceChanged, this, [this] { follow(); });
@@ -78,7 +78,7 @@ QWidget* HelpWindow::commands() {
   label->setBuddy(query_);
   auto* columns = new QHBoxLayout(row);
   columns->setContentsMargins(0, 0, 0, 0);
-  columns->setSpacing(gap);
+  columns->setSpacing(margin);
   columns->addWidget(label);
   columns->addWidget(query_);
   for (QWidget* widget : {back, forward, home}) columns->addWidget(widget);

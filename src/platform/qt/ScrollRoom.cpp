@@ -16,7 +16,7 @@ namespace {
 
 constexpr int linesAround = 8;    // of text, that a window's title, buttons and margins may take beside it
 constexpr int columnsAround = 4;  // of the widest letter
-constexpr int air = 8;            // pixels to be seen around what has the keyboard
+constexpr int airAround = 8;      // pixels to be seen around what has the keyboard
 
 }  // namespace
 
@@ -85,8 +85,8 @@ void ScrollRoom::follow(QWidget* keyboard) {
 // All of it, where the toolkit is content with the cursor of a text; of one larger than the room its
 // beginning.
 void ScrollRoom::bringIntoView(const QWidget& box) {
-  const QSize seen = (box.size() + QSize(2 * air, 2 * air)).boundedTo(viewport()->size());
-  const QRect place(box.mapTo(widget(), QPoint(-air, -air)), seen);
+  const QSize seen = (box.size() + QSize(2 * airAround, 2 * airAround)).boundedTo(viewport()->size());
+  const QRect place(box.mapTo(widget(), QPoint(-airAround, -airAround)), seen);
   ensureVisible(place.center().x(), place.center().y(), seen.width() / 2, seen.height() / 2);
 }
 
