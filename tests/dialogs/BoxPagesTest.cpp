@@ -174,7 +174,7 @@ TEST(BoxPages, WordsThatStandElsewhereHaveTheirPagesToo) {
 // "Port ... replaced Port ..." leaves out what differs from time to time.
 bool titles(const std::string& title, const std::vector<std::string>& pieces) {
   std::string words;
-  for (const std::string& piece : pieces) words += piece + " ";
+  for (const std::string& piece : pieces) words += simplified(piece) + " ";
   std::size_t at = 0;
   for (std::size_t begin = 0; begin < title.size();) {
     const std::size_t end = std::min(title.find("...", begin), title.size());
@@ -206,6 +206,19 @@ TEST(BoxPages, APageIsFoundByTheWholeWordsOfItsBoxAlone) {
             "box-unusable-copy.html");
   EXPECT_EQ(pageOfBox("endless"), nullptr);
   EXPECT_EQ(pageOfBox("an endless loop"), nullptr);
+  EXPECT_EQ(pageOfBox("The file can't be opened:\r/a/b.cfg\rNo such file"), nullptr)
+      << "a line end is missing";
+}
+
+TEST(BoxPages, TheyTellTitlesAndButtonsOfTheirOwn) {
+  const BoxPage* const asking = pageOfBox(
+      "Divide by Zero Error!\rIn1 and In2 in Reading Scale & Offset cannot be of\rthe same value."
+      "Skip Reading Offset and continue?");
+  ASSERT_NE(asking, nullptr);
+  EXPECT_EQ(asking->titleOfBox, "Set-Up Error(s)...");
+  EXPECT_TRUE(asking->asks);
+  EXPECT_EQ(pageOfBox("endless loop")->titleOfBox, "");
+  EXPECT_FALSE(pageOfBox("endless loop")->asks);
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Verify and record: through the chooser, in virtual time.
+#include <algorithm>
+
 #include "knowledge/AsLeft.h"
 #include "tests/dialogs/CompareBench.h"
 
@@ -103,6 +105,40 @@ TEST_F(Recording, IsSavedSignedAndNeverOverAnOlderFile) {
   EXPECT_EQ(host.files, before);
 }
 
+TEST_F(Recording, OffersEachKindOfFileAndRemembersWhoRecorded) {
+  writeSetPoint("123.4");
+  recordAndThen([this](frmRecord& window) {
+    host.filters.clear();
+    window.txtWho.userTyped("R. Tester");
+    for (const auto& [button, ending] : {std::pair{&frmRecord::cmdPdf, ".pdf"},
+                                         {&frmRecord::cmdText, ".txt"},
+                                         {&frmRecord::cmdJson, ".json"}}) {
+      (window.*button).userClicked();
+      EXPECT_TRUE(host.proposedName.ends_with(ending)) << host.proposedName;
+    }
+    window.cmdClose.userClicked();
+  });
+  EXPECT_EQ(host.filters, (Lines{"PDF Files (*.pdf)|*.pdf", "Text Files (*.txt)|*.txt|All Files (*.*)|*.*",
+                                 "JSON Files (*.json)|*.json|All Files (*.*)|*.*"}));
+  EXPECT_EQ(host.settings["Torvane Configuration/Persist/RecordedBy"], "R. Tester");
+  EXPECT_TRUE(host.boxes.empty()) << "the user has named no file";
+}
+
+TEST_F(Recording, ShowsWhatStayedAndWhatIsNotKnown) {
+  unit.faults.refusals = {{"?43", "W16", sim::unlimited}};
+  writeSetPoint("123.4");
+  recordAndThen([](frmRecord& window) {
+    const std::string rows = rowsOf(window.lstRecord);
+    EXPECT_NE(rows.find("\tas before\n"), std::string::npos) << rows;
+    EXPECT_EQ(rows.find("\t\t"), std::string::npos) << "what is not known is a dash: " << rows;
+    for (int row = 0; row < window.lstRecord.listCount(); ++row) {
+      const bool bad = window.lstRecord.list(row).find("\tfailed: ") != std::string::npos;
+      EXPECT_EQ(window.lstRecord.itemMark(row), bad ? Mark::error : Mark::none) << window.lstRecord.list(row);
+    }
+    window.cmdClose.userClicked();
+  });
+}
+
 TEST_F(Recording, IsPrinted) {
   writeSetPoint("123.4");
   host.paper = std::make_shared<Paper>();
@@ -111,6 +147,8 @@ TEST_F(Recording, IsPrinted) {
     window.cmdClose.userClicked();
   });
   EXPECT_TRUE(host.paper->ended);
+  EXPECT_EQ(std::ranges::count(host.events, "choose printer for As-left record"), 1);
+  EXPECT_TRUE(host.paper->asText().starts_with("As-left record\n"));
   EXPECT_NE(host.paper->asText().find("* Set-Point 1"), std::string::npos) << host.paper->asText();
 }
 

@@ -2,6 +2,7 @@
 // The report as a whole: what it says for each kind of unit, where it stands, and what is left when it fails.
 #include <algorithm>
 
+#include "knowledge/ReportSections.h"
 #include "tests/dialogs/ReportBench.h"
 
 namespace torvane {
@@ -221,6 +222,23 @@ TEST_F(Report, GoesOnBelowTheNameAloneWhenAPageEndsInsideASection) {
   EXPECT_EQ(*next, (Imprint{2, (12240 - 8 * 144) / 2, 0, "Untitled", false, false}));
   EXPECT_EQ(*(next + 1), (Imprint{2, 1920, 480, "Dead Band:          ", false, false}));
   EXPECT_EQ(*(next + 2), (Imprint{2, 4320, 480, "020.0", false, false}));
+}
+
+// The page is turned before the type is set bold, which the foot of a page ends.
+TEST_F(Report, HasItsHeadingsBoldAlsoBehindTheTurnOfAPage) {
+  int headings = 0;
+  for (int number = 0; number <= report::lastSection; ++number) {
+    const ReportSection& section = reportSections()[static_cast<std::size_t>(number)];
+    if (!section.printed() || section.rows.front().kind != RowKind::heading) continue;
+    ++headings;
+    Sheet sheet;
+    sheet.printer.currentY = sheet.paper->height - 1440 + 1;
+    printSection(sheet.printer, number);
+    const auto next = std::ranges::find(sheet.paper->runs, 2, &Imprint::page);
+    ASSERT_NE(next, sheet.paper->runs.end()) << number;
+    EXPECT_TRUE(next->bold) << next->text;
+  }
+  EXPECT_GT(headings, 3);
 }
 
 TEST_F(Report, HasNoGapsBetweenSectionsForTheirCarriageReturnsMoveNothing) {

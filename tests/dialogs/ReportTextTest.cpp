@@ -151,6 +151,27 @@ TEST_F(ReportText, HasTabStopsThatAreCountedFromTheMarginAndSetFromTheEdge) {
   }
 }
 
+TEST_F(ReportText, HasTabStopsOfOneUnitWhereTheFontHasNoWidth) {
+  paper.pitch = 0;
+  PrintText(printer, "\t\n");
+  PrintText(printer, "a\tb");
+  EXPECT_EQ(paper.find("b").x, 1920 - 1440 + 10);
+}
+
+class ProportionalPrinter : public VirtualPrinter {
+ public:
+  using VirtualPrinter::VirtualPrinter;
+  int textWidth(std::string_view text) override {
+    return text == "0" ? 100 : VirtualPrinter::textWidth(text);
+  }
+};
+
+TEST_F(ReportText, HasTabStopsOfTenNoughts) {
+  ProportionalPrinter proportional(sheet.paper);
+  PrintText(proportional, "\tx\n");
+  EXPECT_EQ(paper.find("x").x, 10 * 100);
+}
+
 TEST_F(ReportText, OfAHeaderStandsInTheMiddleWithAnEmptyLineBelow) {
   PrintHeader(printer, "abc");
   EXPECT_EQ(paper.runs, (std::vector<Imprint>{{1, (12240 - 3 * 144) / 2, 0, "abc"}}));

@@ -34,6 +34,35 @@ TEST_F(RunDetails, ShowTheVerdictAndTheLinesWithTheFirstFailureInView) {
   EXPECT_EQ(details.lstHistory.listIndex(), 1);
 }
 
+struct Lines {
+  std::vector<HistoryLine> history;
+  int chosen;
+};
+
+TEST_F(RunDetails, ChooseTheFirstFailureOfAnyHistory) {
+  for (const auto& [history, chosen] : {Lines{{}, -1},
+                                        {{{"only", false}}, 0},
+                                        {{{"only", true}}, 0},
+                                        {{{"a", false}, {"b", false}}, 0},
+                                        {{{"a", true}, {"b", true}, {"c", false}}, 0},
+                                        {{{"a", false}, {"b", false}, {"c", true}, {"d", true}}, 2}}) {
+    unload<frmRunDetails>();
+    form<frmBigFolder>().lastRun.history = history;
+    auto& window = form<frmRunDetails>();
+    EXPECT_EQ(window.lstHistory.listIndex(), chosen) << history.size();
+    for (std::size_t line = 0; line < history.size(); ++line) {
+      EXPECT_EQ(window.lstHistory.itemMark(static_cast<int>(line)),
+                history[line].failed ? Mark::error : Mark::none);
+    }
+  }
+}
+
+TEST_F(RunDetails, OfARunThatPassedHaveNoMark) {
+  unload<frmRunDetails>();
+  form<frmBigFolder>().keepRun(outcomeOf(false, {took("01", "Set-Point 1", Verdict::written)}), {});
+  EXPECT_EQ(form<frmRunDetails>().lblVerdict.mark(), Mark::none);
+}
+
 TEST_F(RunDetails, AreCopied) {
   details.cmdCopy.userClicked();
   EXPECT_EQ(host.clipboard, text);
@@ -64,6 +93,7 @@ TEST_F(RunDetails, ArePrinted) {
   host.paper = std::make_shared<Paper>();
   details.cmdPrint.userClicked();
   const std::string printed = host.paper->asText();
+  EXPECT_EQ(host.events.back(), "choose printer for Run Details");
   EXPECT_NE(printed.find("Run Details"), std::string::npos);
   EXPECT_NE(printed.find("second - failed: no answer"), std::string::npos) << printed;
 }

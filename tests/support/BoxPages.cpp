@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The guide's pages of message boxes: <p class="box"> holds the words of a box, <i> in it a gap.
+// The guide's pages of message boxes: <p class="box"> holds the words of a box, <br> in it a line end, <i> a
+// gap.
 #include "tests/support/BoxPages.h"
 
 #include <algorithm>
@@ -49,14 +50,25 @@ std::string withoutTags(const std::string& html) {
   return text;
 }
 
+// With single blanks, and none at the ends of a line; a carriage return ends a line.
+std::string inLines(std::string_view text) {
+  std::string result;
+  for (std::size_t begin = 0; begin <= text.size();) {
+    const std::size_t end = std::min(text.find('\r', begin), text.size());
+    result += (begin > 0 ? "\r" : "") + simplified(text.substr(begin, end - begin));
+    begin = end + 1;
+  }
+  return result;
+}
+
 std::vector<std::string> piecesOf(std::string html) {
-  replaceAll(html, "<br>", " ");
+  replaceAll(html, "<br>", "\r");
   for (std::size_t at = 0; (at = html.find("<i>", at)) != html.npos;) {
     html.replace(at, html.find("</i>", at) + 4 - at, 1, gap);
   }
   std::vector<std::string> pieces;
   std::istringstream text(withoutTags(html));
-  for (std::string piece; std::getline(text, piece, gap);) pieces.push_back(simplified(piece));
+  for (std::string piece; std::getline(text, piece, gap);) pieces.push_back(inLines(piece));
   if (html.ends_with(gap)) pieces.emplace_back();
   return pieces;
 }
@@ -64,10 +76,14 @@ std::vector<std::string> piecesOf(std::string html) {
 BoxPage readPage(const std::filesystem::path& path) {
   const std::string html = contentOf(path);
   std::size_t at = 0;
-  BoxPage page{path.filename().string(), withoutTags(between(html, "<title>", "</title>", at)), "", {}};
+  BoxPage page{
+      path.filename().string(), withoutTags(between(html, "<title>", "</title>", at)), "", {}, "", false};
   std::string body = html.substr(html.find("<body>"));
   replaceAll(body, "<br>", " ");
   page.text = simplified(withoutTags(body));
+  page.asks = body.find("<b>The buttons:</b>") != body.npos;
+  at = 0;
+  page.titleOfBox = between(page.text, "The box has the title \"", "\"", at);
   for (at = 0; at != html.npos;) {
     const std::string words = between(html, "<p class=\"box\">", "</p>", at);
     if (!words.empty()) page.wordings.push_back(piecesOf(words));
@@ -113,7 +129,7 @@ const std::vector<BoxPage>& boxPages() {
 }
 
 const BoxPage* pageOfBox(std::string_view text) {
-  const std::string words = simplified(text);
+  const std::string words = inLines(text);
   for (const BoxPage& page : boxPages()) {
     if (std::ranges::any_of(page.wordings, [&](const auto& pieces) { return fits(pieces, words); })) {
       return &page;

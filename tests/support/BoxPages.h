@@ -12,7 +12,9 @@ struct BoxPage {
   std::string file;  // "box-endless-loop.html"
   std::string title;
   std::string text;                                // all that the page says, with single blanks
-  std::vector<std::vector<std::string>> wordings;  // of a box: the pieces between its gaps
+  std::vector<std::vector<std::string>> wordings;  // of a box: the pieces between its gaps, line by line
+  std::string titleOfBox;                          // empty: the program's name
+  bool asks;                                       // the box has more buttons than OK
 };
 
 const std::vector<BoxPage>& boxPages();
@@ -20,7 +22,7 @@ const std::vector<BoxPage>& boxPages();
 // With single blanks, and none at its ends.
 std::string simplified(std::string_view text);
 
-// The page that has the words of a box; null if none has.
+// The page that has the words of a box, with the same line ends; null if none has.
 const BoxPage* pageOfBox(std::string_view text);
 
 }  // namespace torvane

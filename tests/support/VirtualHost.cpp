@@ -27,6 +27,16 @@ bool isInFront(const std::string& formName) {
       forms, [&](const auto& form) { return form->containerName() == formName && form->reachable(); });
 }
 
+void expectAsInGuide(const Box& box) {
+  const BoxPage* const page = pageOfBox(box.text);
+  if (page == nullptr) {
+    ADD_FAILURE() << "the guide has no page for the box: " << box.text;
+    return;
+  }
+  EXPECT_EQ(box.title, page->titleOfBox) << page->file;
+  EXPECT_EQ(box.buttons != Buttons::ok, page->asks) << page->file;
+}
+
 }  // namespace
 
 VirtualHost::VirtualHost() { setMachine(this); }
@@ -116,7 +126,7 @@ void VirtualHost::repaint(Form& form) { events.push_back("repaint " + form.conta
 
 Answer VirtualHost::messageBox(std::string_view text, std::string_view title, Icon icon, Buttons buttons) {
   boxes.push_back({std::string(text), std::string(title), icon, buttons});
-  EXPECT_NE(pageOfBox(text), nullptr) << "the guide has no page for the box: " << text;
+  expectAsInGuide(boxes.back());
   if (announced_.empty() || boxes.back().text.find(announced_.front().part) == std::string::npos) {
     if (!toleratesBoxes) ADD_FAILURE() << "nobody expected the box: " << text;
     return buttons == Buttons::ok ? Answer::ok : Answer::no;
