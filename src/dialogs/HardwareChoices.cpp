@@ -164,18 +164,12 @@ void frmHardware::setFamily(std::int32_t code) {
 }
 
 void frmHardware::offerRkw77Line() {
-  for (CheckBox* variant : {&chkAlarmsOnly, &chkSimpleMenu}) {
-    variant->setValue(0);
-    variant->setEnabled(true);
-  }
-  clearAndDisable(chkIsoAnalogOutput);
+  for (CheckBox* box : {&chkAlarmsOnly, &chkSimpleMenu, &chkIsoAnalogOutput}) clearAndDisable(*box);
   optOut[3].setVisible(true);
   const int row = offerOptions(std::span(familyOptions).first<2>());
   lstOption.setListIndex(row == 0 || row == 2 ? 0 : 1);
   optOut[7].setVisible(true);
-  for (CheckBox* variant : {&chkMonitor, &chkAlarmsOnly, &chkSimpleMenu}) {
-    if (variant->enabled()) clearAndDisable(*variant);
-  }
+  if (chkMonitor.enabled()) clearAndDisable(chkMonitor);
 }
 
 void frmHardware::offerFamily(std::int32_t code) {

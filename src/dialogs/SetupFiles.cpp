@@ -2,6 +2,7 @@
 // The setup of the main window as a file.
 #include "dialogs/SetupFiles.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cmath>
 
@@ -25,6 +26,7 @@ namespace torvane {
 namespace {
 
 constexpr double secondsOfDay = 86400;
+constexpr std::size_t lengthOfDay = 10;  // "2026-03-01"
 constexpr const char* copyHint =
     "\"Write to...\" puts a copy back into a unit, \"Read from...\" compares it with another file.";
 
@@ -58,7 +60,7 @@ void remember(const std::string& path) {
   std::vector<std::string> files = storedFiles();
   std::erase(files, path);
   files.insert(files.begin(), path);
-  if (files.size() > mostRecent) files.resize(mostRecent);
+  files.resize(std::min(files.size(), mostRecent));
   for (std::size_t at = 0; at < files.size(); ++at) {
     Registry place = placeOfRecent(at + 1);
     place.Setting = files[at];
@@ -75,7 +77,7 @@ std::string proposedName() {
   for (const char sign : Hardware.ModelNumber) {
     if (std::isalnum(static_cast<unsigned char>(sign)) != 0 || sign == '-') model += sign;
   }
-  return model + "-" + host<Clock>().utcNow().substr(0, std::string_view("2026-03-01").size()) + ".cfg";
+  return model + "-" + host<Clock>().utcNow().substr(0, lengthOfDay) + ".cfg";
 }
 
 std::string rescueFile() { return host<Files>().dataFolder() + "/rescue.cfg"; }

@@ -161,7 +161,7 @@ bool hearsVersion(Run& run, NetworkChannel& channel, std::string& lastReply) {
 bool knowsModel(Run& run, NetworkChannel& channel, const std::string& lastReply) {
   run.view.wizardAdds("Found the Torvane device");
   endWizard(run);
-  std::int16_t type = -1;
+  std::int16_t type{};
   TcpCheckForMeterType(run, channel, type);
   if (type < 0) {
     run.view.wizardAdds("The device found is not a LARKSPUR or an Torvane model");
