@@ -164,12 +164,18 @@ void frmHardware::setFamily(std::int32_t code) {
 }
 
 void frmHardware::offerRkw77Line() {
-  for (CheckBox* box : {&chkAlarmsOnly, &chkSimpleMenu, &chkIsoAnalogOutput}) clearAndDisable(*box);
+  for (CheckBox* variant : {&chkAlarmsOnly, &chkSimpleMenu}) {
+    variant->setValue(0);
+    variant->setEnabled(true);
+  }
+  clearAndDisable(chkIsoAnalogOutput);
   optOut[3].setVisible(true);
   const int row = offerOptions(std::span(familyOptions).first<2>());
   lstOption.setListIndex(row == 0 || row == 2 ? 0 : 1);
   optOut[7].setVisible(true);
-  if (chkMonitor.enabled()) clearAndDisable(chkMonitor);
+  for (CheckBox* variant : {&chkMonitor, &chkAlarmsOnly, &chkSimpleMenu}) {
+    if (variant->enabled()) clearAndDisable(*variant);
+  }
 }
 
 void frmHardware::offerFamily(std::int32_t code) {

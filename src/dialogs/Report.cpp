@@ -21,7 +21,8 @@ namespace torvane {
 
 namespace {
 
-constexpr const char* emptyLine = "\r";  // PrintText makes nothing of it, but for the turn of a page
+constexpr const char* emptyLine = "\r";  // PrintText makes nothing of it
+constexpr int linesAfterShortSections = 4;
 
 int bottomLimit(Printer& printer) { return printer.pageHeight() - report::bottomMargin; }
 
@@ -93,6 +94,13 @@ void printRow(Printer& printer, const ReportRow& row) {
   if (row.kind == RowKind::line) return PrintText(printer, std::string(row.label) + "\n");
   if (row.kind != RowKind::valueOnly) printLabel(printer, row);
   if (row.kind != RowKind::labelOnly) PrintValue(printer, row.value(row.record));
+}
+
+void printSpaceAfterSection(Printer& printer) {
+  PrintText(printer, emptyLine);
+  const int unit = meterKind();
+  if (unit != kind::alarmsOnly && unit != kind::simpleMenu) return;
+  for (int line = 0; line < linesAfterShortSections; ++line) PrintText(printer, emptyLine);
 }
 
 void printTitle(Printer& printer) {
@@ -192,7 +200,7 @@ void printSection(Printer& printer, int number) {
   for (const ReportRow& row : section.rows) {
     if (row.printed()) printRow(printer, row);
   }
-  if (section.spaceAfter) PrintText(printer, emptyLine);
+  if (section.spaceAfter) printSpaceAfterSection(printer);
 }
 
 }  // namespace torvane

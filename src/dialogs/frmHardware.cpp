@@ -94,6 +94,7 @@ void frmHardware::showUnit() {
     }
     lstOption.setListIndex(offerOptions(rkw77Options));
   }
+  if (DeviceState.AnalogFound != False) optOut[3].setValue(true);
   chkMonitor.setValue(Memo[rec::monitorOnly].value);
 }
 
@@ -103,7 +104,7 @@ void frmHardware::showOutputs() {
   for (std::size_t output = 0; output < optOut.size(); ++output) {
     optOut[output].setValue(fits[output] != False);
   }
-  if (optOut[7].value() && !optOut[7].visible()) optOut[4].setValue(true);
+  if (optOut[7].value() && !(optOut[7].enabled() && optOut[7].visible())) optOut[4].setValue(true);
 }
 
 void frmHardware::showAddress() {
