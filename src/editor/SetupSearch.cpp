@@ -31,15 +31,24 @@ int tabOf(const frmBigFolder& editor, const Control& control) {
   return -1;
 }
 
-// The label in front of a box bears its name: "text_Sp1" that of "txtSp1".
-std::string labelOf(const frmBigFolder& editor, const Control& control) {
-  const std::string name = "text_" + control.name().substr(std::min(kindOfControl, control.name().size()));
+// The label in front of a box bears its name: "text_Sp1" that of "txtSp1", "lblTUnit" that of "cboTUnit",
+// "text_Dpoint" that of all of "optDpoint". Empty if there is none.
+std::string labelBeside(const frmBigFolder& editor, const Control& control) {
+  std::string name = control.name().substr(std::min(kindOfControl, control.name().size()));
+  name.resize(std::min(name.find('_'), name.size()));
   for (const Control* each : editor.controls) {
-    if (each->name() == name) return dynamic_cast<const CaptionedControl&>(*each).caption();
+    const bool named = each->name() == "text_" + name || each->name() == "lbl" + name;
+    if (named && &each->container() == &control.container())
+      return dynamic_cast<const CaptionedControl&>(*each).caption();
   }
+  return "";
+}
+
+std::string labelOf(const frmBigFolder& editor, const Control& control) {
+  const std::string beside = labelBeside(editor, control);
   const auto* captioned = dynamic_cast<const CaptionedControl*>(&control);
-  if (captioned != nullptr) return captioned->caption();
-  return control.toolTip().substr(0, control.toolTip().find(','));
+  if (captioned != nullptr) return (beside.empty() ? "" : beside + " ") + captioned->caption();
+  return beside.empty() ? control.toolTip().substr(0, control.toolTip().find(',')) : beside;
 }
 
 std::string valueOf(const Control& control) {

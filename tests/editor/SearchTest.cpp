@@ -26,6 +26,36 @@ TEST_F(Search, FindsABoxWithItsTabAndWhatStandsInIt) {
   EXPECT_EQ(lines("DEAD band out1").size(), 1U) << "all words, in any order and case";
 }
 
+// One box of each kind, and what stands in it before and after a change. The label beside a box comes first,
+// then its own caption, then its tip up to the comma.
+TEST_F(Search, ReadsEveryKindOfBox) {
+  const auto expectLine = [this](const char* words, const char* line) {
+    const std::vector<std::string> found = lines(words);
+    EXPECT_EQ(std::ranges::count(found, line), 1) << line << ::testing::PrintToString(found);
+  };
+  expectLine("filter", "Reading: Filter constant: 4");
+  editor.lstFiltConst.setListIndex(5);
+  expectLine("filter", "Reading: Filter constant: 32");
+  expectLine("temperature unit", "Reading: Temperature unit: F");
+  expectLine("decimal point", "Reading: Decimal point xxx.x: chosen");
+  expectLine("celsius", "Reading: Temperature unit: F");
+  expectLine("alarm control", "Alarm 1: Control: Absolute");
+  expectLine("deviation", "Setpoints: Setpoint 2 is a deviation from setpoint 1: off");
+  editor.chkSPDeviation.setValue(1);
+  expectLine("deviation", "Setpoints: Setpoint 2 is a deviation from setpoint 1: on");
+  expectLine("thermocouples", "Input type: Thermocouples: chosen");
+  expectLine("rtd", "Input type: RTD: not chosen");
+  expectLine("color", "Setpoints: Color of the display while no alarm is active: Green");
+  editor.HSOut1High.setValue(57);
+  expectLine("highest", "Out1: Highest output: 57");
+  expectLine("cycle time out1", "Out1: Cycle time: 4");
+}
+
+TEST_F(Search, FindsABoxByTheFrameAroundIt) {
+  const std::vector<std::string> found = lines("protection full");
+  EXPECT_EQ(found, std::vector<std::string>{"ID code: Full: not chosen"});
+}
+
 TEST_F(Search, FindsABoxByOtherWordsForIt) {
   EXPECT_EQ(lines("hysteresis out1"), lines("dead band out1"));
   EXPECT_EQ(lines("password"), lines("id code"));
@@ -43,6 +73,12 @@ TEST_F(Search, EveryWordOfTheIndexIsOfSomethingInTheSetup) {
     EXPECT_NE(lowerCase(all).find(entry.term), std::string::npos) << entry.term;
     EXPECT_EQ(lowerCase(entry.term), entry.term);
   }
+}
+
+TEST_F(Search, EveryTermOfTheIndexFindsABoxWhereAllIsInUse) {
+  for (Control* control : editor.controls) control->setVisible(true);
+  for (int tab = 0; tab < editor.tabBig.tabs(); ++tab) editor.tabBig.setTabAvailable(tab, true);
+  for (const IndexEntry& entry : indexEntries()) EXPECT_FALSE(lines(entry.term).empty()) << entry.term;
 }
 
 TEST_F(Search, FindsNothingThatIsOutOfSightOrOutOfUse) {
