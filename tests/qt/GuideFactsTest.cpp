@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Facts that the guide lists as tables: row by row what the program does.
+// The guide's keys, and its search: what the program's own table and viewer make of it.
 #include <gtest/gtest.h>
 
 #include <QFile>
@@ -8,12 +8,9 @@
 #include <algorithm>
 
 #include "core/IndexWords.h"
-#include "core/PartNumber.h"
-#include "editor/ForcedRules.h"
 #include "editor/frmBigFolder.h"
 #include "platform/qt/HelpGuide.h"
 #include "qt/TestForm.h"
-#include "runs/NoWay.h"
 
 namespace torvane {
 
@@ -36,29 +33,6 @@ QList<QStringList> tableAfter(const QString& page, const QString& heading) {
     rows << cells;
   }
   return rows;
-}
-
-TEST(GuideFacts, WhatTheWindowChangesInASetupIsListedAsItIsDone) {
-  const QList<QStringList> told = tableAfter("read-from.html", "After a read");
-  QList<QStringList> done;
-  for (const ForcedRule& rule : forcedRules()) done << QStringList{rule.when, rule.becomes};
-  ASSERT_FALSE(told.isEmpty());
-  EXPECT_TRUE(told.mid(1) == done);
-}
-
-TEST(GuideFacts, EveryCauseOfNoWayToTheUnitIsListedInTheWordsOfTheProgram) {
-  QList<QStringList> said;
-  for (const NoWay* each : noWays()) said << QStringList{each->cause, each->advice};
-  EXPECT_TRUE(tableAfter("no-way.html", "The line and the unit").mid(1) == said);
-}
-
-TEST(GuideFacts, TheModelsAreThoseOfTheHardwareDialog) {
-  QFile file(":/help/hardware-setup.html");
-  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-  const QString told = QString::fromUtf8(file.readAll()).section("The models: ", 1, 1).section(".</p>", 0, 0);
-  QStringList models;
-  for (const std::string& model : listedModels()) models << QString::fromStdString(model);
-  EXPECT_EQ(told.simplified().toStdString(), models.join(", ").toStdString());
 }
 
 class GuideKeys : public QtTest {};
