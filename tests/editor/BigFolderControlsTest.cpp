@@ -81,13 +81,13 @@ TEST_F(Ranges, OfTheBarsAreThoseOfTheUnit) {
 struct Text {
   const char* control;
   const char* caption;
-  const char* tip;  // nullptr: of our own making
+  const char* tip;  // nullptr: held elsewhere
 };
 
 constexpr Text texts[] = {
-    {"optIDCode_0", "Disable", nullptr},
-    {"optIDCode_1", "Setpoint", nullptr},
-    {"optIDCode_2", "Full", nullptr},
+    {"optIDCode_0", "Disable", "No change at the front buttons asks for the ID code"},
+    {"optIDCode_1", "Setpoint", "A change of the set points asks for the ID code"},
+    {"optIDCode_2", "Full", "Every change at the front buttons asks for the ID code"},
     {"optInType_0", "Thermocouples", nullptr},
     {"optInType_1", "RTD", nullptr},
     {"optInType_2", "Process", nullptr},
@@ -110,7 +110,11 @@ constexpr Text texts[] = {
     {"fraTCPIPPort", "TCP/IP port", nullptr},
     {"fraAutoDetect", "Connection Wizard", nullptr},
     {"cmdAutoDetect", "Connect", "Auto connect and verification"},
-    {"optNoChange", "Leave Comm", nullptr},
+    {"optNoChange", "Leave Comm", "A write leaves the unit's serial settings as they are"},
+    {"optRS232", "RS-232", "A write sets the unit to RS-232"},
+    {"optRS485", "RS-485", "A write sets the unit to RS-485 with the address below"},
+    {"optAOutV", "Voltage", "0 to 10 V"},
+    {"optAOutI", "Current", "0 to 20 mA"},
     {"lblNoChange", "Protocol As Found, Do Not Change", nullptr},
     {"lblChange", "Change", nullptr},
     {"cmdHelp", "Help", "Get help"},
@@ -149,6 +153,7 @@ constexpr Text texts[] = {
      "Alarm 1 will be raise if the process fail to change 4F/2C/or 10 cts in specified time"},
     {"cboOut1Action", nullptr, "reverse=heating, direct=cooling"},
     {"lstOut1DamFactor", nullptr, "For Auto-tune, larger numbers indicate faster process"},
+    {"picProcess", nullptr, "The set point rises for the ramp time and is held for the soak time"},
 };
 
 TEST_F(Texts, AreLetterByLetterThoseOfTheUserGuide) {
@@ -161,6 +166,40 @@ TEST_F(Texts, AreLetterByLetterThoseOfTheUserGuide) {
       EXPECT_EQ(control.toolTip(), tip) << name;
     }
   }
+}
+
+// The names of the controls of a window that nothing has been shown on yet, which are as `is` says.
+std::set<std::string> namesWhere(bool (*is)(const Control&)) {
+  const auto fresh = std::make_shared<frmBigFolder>();
+  std::set<std::string> names;
+  for (const Control* control : fresh->controls) {
+    if (is(*control)) names.insert(control->name());
+  }
+  return names;
+}
+
+std::set<std::string> setOf(std::string_view text) {
+  const auto all = words(text);
+  return {all.begin(), all.end()};
+}
+
+using FirstLooks = EditorTest;
+
+TEST_F(FirstLooks, HideWhatBelongsToOtherChoices) {
+  std::set<std::string> hidden = namesWhere([](const Control& control) {
+    return !control.visible() && dynamic_cast<const Picture*>(&control) == nullptr;
+  });
+  EXPECT_EQ(hidden,
+            setOf("fraInType_1 fraInType_2 fraSOffset plotReading fraOut1PID fraOut2PID fraTCPIPAddress "
+                  "fraTCPIPPort fraAl1Deadband fraAl2Deadband lblIDInst lblIDCode lblIDWarn txtIDCode"));
+}
+
+TEST_F(FirstLooks, KeepFromTheUserWhatNeedsATickFirst) {
+  EXPECT_EQ(
+      namesWhere([](const Control& control) { return !control.enabled(); }),
+      setOf("cboAl1Ctrl cboAl1Latch cboAl1Closure cboAl1Setup cboAl1WhenActiveColor txtAl1HiSp txtAl1LoSp "
+            "cboAl2Ctrl cboAl2Latch cboAl2Closure cboAl2Setup cboAl2WhenActiveColor txtAl2HiSp txtAl2LoSp "
+            "txtLBATime chkOut1Start txtRampT chkSoakEn txtSoakT picProcess cmdDetails cmdUndo"));
 }
 
 TEST_F(Texts, OfTheTabsAreInOrder) {

@@ -129,6 +129,43 @@ TEST_F(VerdictLine, TakesANote) {
   EXPECT_EQ(editor.lblNote.mark(), Mark::error);
 }
 
+// A thermocouple of type T, which the setup shows as another one.
+TEST_F(VerdictLine, NotesAfterAReadAloneWhatTheSetupHasNotExactly) {
+  RegisterOutcome input = took("07", "Input Type", Verdict::read);
+  input.before = "08";
+  for (const bool reading : {false, true}) {
+    editor.forgetRun();
+    keep(outcomeOf(reading, {input}));
+    editor.noteLosses();
+    const std::string& note = editor.lblNote.caption();
+    EXPECT_EQ(note.starts_with("Not taken over exactly: Input, Thermocouple Type (unit T, setup K)"), reading)
+        << note;
+    EXPECT_EQ(editor.lblNote.mark(), reading ? Mark::error : Mark::none);
+  }
+}
+
+TEST_F(VerdictLine, NotesNothingWhereTheSetupIsAsTheUnit) {
+  RegisterOutcome input = took("07", "Input Type", Verdict::read);
+  input.before = makeInput().payload;
+  keep(outcomeOf(true, {input}));
+  editor.noteLosses();
+  EXPECT_EQ(editor.lblNote.caption(), "");
+}
+
+TEST_F(VerdictLine, NamesTheAddressOnceAndTheUnitAsItIsKnown) {
+  host.clock = 60;
+  RunOutcome outcome = outcomeOf(true, {});
+  outcome.line = "bridge, address 17";
+  outcome.unit = "";
+  keep(outcome);
+  EXPECT_TRUE(line().starts_with("Good: 00:01, bridge, address 17, read from the unit. ")) << line();
+  outcome.address.reset();
+  outcome.line = "COM 2";
+  outcome.reading = false;
+  keep(outcome);
+  EXPECT_TRUE(line().starts_with("Good: 00:01, COM 2, write to the unit. ")) << line();
+}
+
 TEST_F(VerdictLine, GoesWhenTheNextRunBegins) {
   keep(outcomeOf(false, {failed("01", "Set-Point 1", "no answer")}));
   editor.setNote("a note", true);
