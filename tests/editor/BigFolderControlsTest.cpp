@@ -194,6 +194,12 @@ TEST_F(FirstLooks, HideWhatBelongsToOtherChoices) {
                   "fraTCPIPPort fraAl1Deadband fraAl2Deadband lblIDInst lblIDCode lblIDWarn txtIDCode"));
 }
 
+TEST_F(FirstLooks, AreThoseOfTheFactorySetupWhereAChangeWouldWarn) {
+  const auto fresh = std::make_shared<frmBigFolder>();
+  EXPECT_EQ(fresh->formDPt(), "000.0");
+  EXPECT_EQ(fresh->txtRS485Address.text(), "0001");
+}
+
 TEST_F(FirstLooks, KeepFromTheUserWhatNeedsATickFirst) {
   EXPECT_EQ(
       namesWhere([](const Control& control) { return !control.enabled(); }),

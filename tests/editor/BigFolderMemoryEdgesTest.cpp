@@ -164,6 +164,17 @@ TEST_F(Committing, TakesTheDeadBandOfTheAlarmTabInTheSimpleMenuAlone) {
   }
 }
 
+TEST_F(Committing, OfATabThatIsNoneDoesNothing) {
+  Memo[rec::menuKind].extra = menu::simple;
+  editor.txtAl1Deadband.setText("alarm 1");
+  const MemoArray before = Memo;
+  for (const std::int16_t tab : {-1, 12}) {
+    editor.writeMemo(tab);
+    EXPECT_EQ(Memo, before) << tab;
+    EXPECT_EQ(editor.txtOut1DeadBand.text(), "020.0") << tab;
+  }
+}
+
 TEST_F(Committing, TakesTheManualPercentagesOfTheSecondFamilyAsTheBarsStand) {
   DeviceState.IsRkw77 = True;
   Memo[rec::HSOut1Low].text = "11";

@@ -132,6 +132,12 @@ const Rule alarmRules[] = {
      },
      [](Editor& e) { e.cboAl2Setup.setListIndex(3); }, "txtAl2HiSp", "txtAl2LoSp"},
     {"alarm 1 without a choice", nothing, [](Editor& e) { e.cboAl1Setup.setListIndex(-1); }},
+    {"alarm 1 below, then without a choice",
+     [](Editor& e) {
+       alarmsOn(e);
+       e.cboAl1Setup.setListIndex(1);
+     },
+     [](Editor& e) { e.cboAl1Setup.setListIndex(-1); }},
 };
 
 const Rule otherRules[] = {
@@ -194,6 +200,26 @@ INSTANTIATE_TEST_SUITE_P(Others, RuleOf, ::testing::ValuesIn(otherRules),
 
 using AlarmLists = EditorTest;
 using ReadingScale = EditorTest;
+
+// The dialog decides while it stands open, the model otherwise.
+TEST_F(AlarmLists, OfAlarm1LeaveTheAnalogOutputThatThereIs) {
+  struct Case {
+    bool analog;
+    int chosenInTheDialog;  // of its outputs; -1: there is no dialog
+    int kept;
+  };
+  for (const auto& [analog, chosen, kept] :
+       {Case{true, -1, 1}, {false, -1, 0}, {false, 3, 1}, {false, 2, 0}, {false, 0, 0}}) {
+    unload<frmHardware>();
+    chooseUnit(kind::fullController, analog);
+    editor.chkAl1Enabled.setValue(1);
+    if (chosen >= 0) form<frmHardware>().optOut[static_cast<std::size_t>(chosen)].setValue(true);
+    editor.chkAnalogOutputEnabled.setValue(1);
+    editor.chkAl1Enabled.setValue(0);
+    EXPECT_EQ(editor.chkAnalogOutputEnabled.value(), kept) << analog << chosen;
+    EXPECT_EQ(isLoaded<frmHardware>(), chosen >= 0) << "asked without bringing it up";
+  }
+}
 
 const std::vector<std::string> two = {"Above", "Below"};
 const std::vector<std::string> three = {"Above", "Below", "Hi/Lo"};

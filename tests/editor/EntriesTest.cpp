@@ -260,16 +260,18 @@ struct PointCase {
 };
 
 constexpr PointCase points[] = {
-    {0, "9999", "9999", false}, {1, "999.9", "0", false}, {1, "1000", "0", true},
-    {1, "0", "1000", true},     {2, "99.99", "0", false}, {2, "100", "0", true},
-    {3, "9.99", "0", false},    {3, "9.991", "0", true},  {3, "0", "9.999", true},
-    {3, "-500", "-500", false}, {2, "1E999", "0", true},  {3, "x", "-1E999", false},
+    {0, "9999", "9999", false}, {0, "1E999", "1E999", false}, {1, "999.9", "0", false},
+    {1, "1000", "0", true},     {1, "0", "1000", true},       {2, "99.99", "0", false},
+    {2, "100", "0", true},      {3, "9.99", "0", false},      {3, "9.991", "0", true},
+    {3, "0", "9.999", true},    {3, "-500", "-500", false},   {2, "1E999", "0", true},
+    {3, "x", "-1E999", false},
 };
 
 TEST_F(DecimalPoint, AsksForSetPointsThatNoLongerFit) {
   Global.WarningsOff = True;
   for (const auto& [option, setPoint1, setPoint2, asks] : points) {
     SCOPED_TRACE(std::string(setPoint1) + " " + setPoint2);
+    for (TextBox* setPoint : {&editor.txtSp1, &editor.txtSp2}) setPoint->setText("0");
     editor.optDpoint(option == 0 ? 1 : 0).setValue(true);
     host.boxes.clear();
     editor.txtSp1.setText(setPoint1);

@@ -2,6 +2,7 @@
 // How typed texts become legal ones, field by field.
 #include "editor/EntryRules.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <random>
@@ -131,8 +132,8 @@ TEST_F(EntryRules, ATimeHasTwoDigitsOnEitherSideOfItsColon) {
        {TextCase{"5:3", "50:30"}, TextCase{"1:75", "10:59"}, TextCase{"", "00:00"}, TextCase{":", "00:00"},
         TextCase{"15", "15:00"}, TextCase{"1234", "12:00"}, TextCase{"123:456", "12:45"},
         TextCase{"99:59", "99:59"}, TextCase{"05:07", "05:07"}, TextCase{"99:60", "99:59"},
-        TextCase{"00:99", "00:59"}, TextCase{"a1b2:c3d4", "12:34"}, TextCase{"1:2:3", "10:23"},
-        TextCase{"-1:-2", "10:20"}, TextCase{"1.5:2", "15:20"},
+        TextCase{"00:99", "00:59"}, TextCase{"a1b2:c3d4", "12:34"}, TextCase{"A1/B2:C3@D4", "12:34"},
+        TextCase{"1:2:3", "10:23"}, TextCase{"-1:-2", "10:20"}, TextCase{"1.5:2", "15:20"},
         TextCase{"\xD9\xA1\xD9\xA2:\xEF\xBC\x93", "00:00"}}) {
     EXPECT_EQ(valTime(typed), repaired) << typed;
     EXPECT_EQ(valTime(repaired), repaired) << typed;
@@ -296,7 +297,8 @@ TEST_F(EntryRules, EveryFieldHasACase) {
   for (const SetupBox& box : setupBoxes())
     EXPECT_EQ(tested.contains(&box), box.rule.has_value()) << box.record;
   EXPECT_EQ(tested.size(), 28u);
-  EXPECT_THROW(boxOf(&B::txtPortHelp), std::logic_error);
+  EXPECT_THAT([] { boxOf(&B::txtPortHelp); },
+              ::testing::ThrowsMessage<std::logic_error>("a text box without a record"));
 }
 
 TEST_F(EntryRules, ACurrentGoesToTwenty) {
@@ -310,6 +312,33 @@ TEST_F(EntryRules, ACurrentGoesToTwenty) {
     EXPECT_EQ(repaired(box, "20", "000.0", false).text, "20.00");
     EXPECT_EQ(repaired(box, "20.01", "000.0", false).text, "20.00");
     EXPECT_STREQ(repaired(box, "20.01", "000.0", false).warning, said);
+  }
+}
+
+bool isOutputPoint(const SetupBox& box) {
+  return box.record == rec::txtAOutOut1 || box.record == rec::txtAOutOut2;
+}
+
+TEST_F(EntryRules, ACurrentMovesNoOtherLimit) {
+  for (const SetupBox& box : setupBoxes()) {
+    if (!box.rule || isOutputPoint(box)) continue;
+    for (const char* typed : {"0", "5", "-5", "150", "99999"}) {
+      const Repair voltage = repair(*box.rule, typed, {"000.0", true});
+      const Repair current = repair(*box.rule, typed, {"000.0", false});
+      EXPECT_EQ(current.text, voltage.text) << box.record;
+      EXPECT_STREQ(current.warning, voltage.warning) << box.record;
+    }
+  }
+}
+
+TEST_F(EntryRules, NoughtIsLegalInEveryFieldAndNotBelowNought) {
+  for (const SetupBox& box : setupBoxes()) {
+    if (!box.rule) continue;
+    for (const bool voltage : {true, false}) {
+      const Repair result = repair(*box.rule, "0", {"000.0", voltage});
+      EXPECT_EQ(result.text.find_first_not_of("0.:"), std::string::npos) << box.record << result.text;
+      EXPECT_STREQ(result.warning, box.rule->changedText) << box.record;
+    }
   }
 }
 

@@ -86,6 +86,8 @@ TEST_F(Search, FindsNothingThatIsOutOfSightOrOutOfUse) {
   EXPECT_TRUE(lines("proportional").empty());
   EXPECT_TRUE(lines("").empty());
   EXPECT_TRUE(lines("  ").empty());
+  EXPECT_FALSE(lines("on/off band").empty());
+  EXPECT_TRUE(lines("on/offdead").empty()) << "no word of two pieces";
 }
 
 TEST_F(Search, GoesToTheBoxByEnter) {

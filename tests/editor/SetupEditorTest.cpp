@@ -6,6 +6,8 @@
 #include <utility>
 #include <variant>
 
+#include <gmock/gmock.h>
+
 #include "core/Memo.h"
 #include "core/NumberText.h"
 #include "dialogs/frmHardware.h"
@@ -98,8 +100,10 @@ TEST_F(SetupEditorTest, PutsIntoEachRecordWhatItsBoxCanHold) {
 
 TEST_F(SetupEditorTest, RefusesARecordWithoutABox) {
   EXPECT_EQ(controlOfRecord(rec::menuKind), EntryControl::text);
-  EXPECT_THROW(editor.type(rec::menuKind, typed), std::logic_error);
-  EXPECT_THROW(editor.choose(rec::txtSp1, 1), std::logic_error);
+  EXPECT_THAT([this] { editor.type(rec::menuKind, typed); },
+              ::testing::ThrowsMessage<std::logic_error>("record 101 has no control"));
+  EXPECT_THAT([this] { editor.choose(rec::txtSp1, 1); },
+              ::testing::ThrowsMessage<std::logic_error>("a text is no choice"));
 }
 
 TEST_F(SetupEditorTest, OpensAFileThatItHasGiven) {

@@ -40,12 +40,29 @@ TEST_F(Tips, OfAWarningExplainThatOnlyTheFormHasChanged) {
     reasons.push_back(form<frmWarning>().lblReason.caption());
     form<frmWarning>().cmdOk.userClicked();
   });
-  for (const char* typed : {"12", "5000", "abc"}) {
+  for (const char* typed : {"12", "5000", "abc", "", "12 ", "-012.50", "0123456789", "123.456789"}) {
     editor.txtSp1.userTyped(typed);
     editor.txtSp1.userLeft();
   }
-  EXPECT_EQ(reasons,
-            (std::vector<std::string>{"The number is the same: \"12\" is written \"012.0\" here.", "", ""}));
+  EXPECT_EQ(reasons, (std::vector<std::string>{
+                         "The number is the same: \"12\" is written \"012.0\" here.", "", "", "", "",
+                         "The number is the same: \"-012.50\" is written \"-012.5\" here.", "", ""}));
+}
+
+// Every digit is one of a number.
+TEST_F(Tips, OfAWarningKnowANumberByItsDigits) {
+  Global.WarningsOff = False;
+  showTab(tab::setpoints);
+  int same = 0;
+  host.whenever("frmWarning", [&] {
+    same += form<frmWarning>().lblReason.caption().empty() ? 0 : 1;
+    form<frmWarning>().cmdOk.userClicked();
+  });
+  for (const char* typed : {"0", "1", "2", "3", "4", "5", "6", "7", "8", "9"}) {
+    editor.txtSp1.userTyped(typed);
+    editor.txtSp1.userLeft();
+  }
+  EXPECT_EQ(same, 10);
 }
 
 TEST_F(Tips, AnAlarmThatIsOffGreysItsSetPoints) {
