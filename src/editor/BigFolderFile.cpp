@@ -11,21 +11,21 @@
 namespace torvane {
 
 void frmBigFolder::FileOpen(const std::string& path) {
-  std::int16_t tab = 0;
-  if (!readConfigurationFile(path, tab)) return;
+  const std::optional<std::int16_t> tab = readConfigurationFile(path);
+  if (!tab) return;
   DeviceState.ModelIndex = 0;
-  showLoaded(tab);
+  showLoaded(*tab);
 }
 
 void frmBigFolder::OpenConfiguration() {
   const std::string path = host<Files>().chooseFileToOpen(configFilter);
-  std::int16_t tab = 0;
-  if (!path.empty() && readConfigurationFile(path, tab)) showLoaded(tab);
+  if (path.empty()) return;
+  if (const std::optional<std::int16_t> tab = readConfigurationFile(path)) showLoaded(*tab);
 }
 
-// The stamps say what a corrupted file is. It is loaded all the same: errors count no more after the second
-// one.
-bool frmBigFolder::readConfigurationFile(const std::string& path, std::int16_t& tab) {
+// The tab that was on show when it was saved; none for a file that can't be read. One whose two stamps differ
+// is loaded like any other.
+std::optional<std::int16_t> frmBigFolder::readConfigurationFile(const std::string& path) {
   resetDeviceState();
   Global.FileName = path;
   std::string bytes;
@@ -34,17 +34,11 @@ bool frmBigFolder::readConfigurationFile(const std::string& path, std::int16_t& 
   } catch (const RuntimeError& error) {
     messageBox("Error: " + std::string(error.what()) + "\rCan't continue.", "", Icon::critical);
     reCover();
-    return false;
+    return {};
   }
   const ConfigFrame frame = readConfiguration(bytes);
-  attempt([&] {
-    if (frame.firstStamp != frame.secondStamp) {
-      throw RuntimeError(Fault::configurationCorrupted, "Configuration file corrupted");
-    }
-  });
   takeAsInFile();
-  tab = frame.tab;
-  return true;
+  return frame.tab;
 }
 
 void frmBigFolder::showLoaded(std::int16_t tab) {

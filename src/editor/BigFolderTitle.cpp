@@ -13,9 +13,7 @@ namespace torvane {
 namespace {
 
 // How this computer reaches a unit is no part of a unit's setup.
-bool isOfTheWay(int record) {
-  return (record >= rec::cboCommPort && record <= rec::cboStop) || record >= rec::optCommunicationMode;
-}
+bool isOfTheWay(int record) { return record >= rec::cboCommPort && record <= rec::cboStop; }
 
 // "12" and "0012" are one number; times are what they look like.
 bool sameText(const std::string& one, const std::string& other) {
@@ -52,6 +50,7 @@ bool frmBigFolder::differsFromFile() {
   const MemoArray& inFile = *inFile_;
   MemoArray now = Memo;
   for (int tab = 0; tab < tab::count; ++tab) commitTab(tab, now);
+  // Behind the last of the unit's records stand the rest of the way, and the model.
   for (int record = 0; record <= rec::optNoChange; ++record) {
     if (!isOfTheWay(record) && !meansTheSame(now[record], inFile[record])) return true;
   }

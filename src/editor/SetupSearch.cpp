@@ -3,6 +3,7 @@
 #include "editor/SetupSearch.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "core/IndexWords.h"
@@ -15,20 +16,20 @@ namespace {
 
 constexpr std::size_t kindOfControl = 3;  // letters in front of a name: "txt", "cbo", "lst"
 
-// The page that the control lies on; -1 outside of all, and for what is out of sight or out of use.
-int tabOf(const frmBigFolder& editor, const Control& control) {
-  if (!control.visible()) return -1;
+// The page that the control lies on; none outside of all, and for what is out of sight or out of use.
+std::optional<int> tabOf(const frmBigFolder& editor, const Control& control) {
+  if (!control.visible()) return {};
   const Container* at = &control.container();
   for (; at != nullptr; at = at->parent()) {
     const auto* frame = dynamic_cast<const Frame*>(at);
-    if (frame != nullptr && !frame->visible()) return -1;
+    if (frame != nullptr && !frame->visible()) return {};
     for (int tab = 0; tab < editor.tabBig.tabs(); ++tab) {
       if (at == &editor.tabBig.page(static_cast<std::size_t>(tab))) {
-        return editor.tabBig.tabAvailable(tab) ? tab : -1;
+        return editor.tabBig.tabAvailable(tab) ? std::optional(tab) : std::nullopt;
       }
     }
   }
-  return -1;
+  return {};
 }
 
 // The label in front of a box bears its name: "text_Sp1" that of "txtSp1", "lblTUnit" that of "cboTUnit",
@@ -85,9 +86,9 @@ std::vector<FoundBox> searchSetup(const frmBigFolder& editor, std::string_view w
   std::vector<FoundBox> found;
   if (words.find_first_not_of(' ') == words.npos) return found;
   for (const Control* control : editor.controls) {
-    const int tab = isBox(*control) ? tabOf(editor, *control) : -1;
-    if (tab < 0) continue;
-    const std::string& caption = editor.tabBig.page(static_cast<std::size_t>(tab)).caption;
+    const std::optional<int> tab = isBox(*control) ? tabOf(editor, *control) : std::nullopt;
+    if (!tab) continue;
+    const std::string& caption = editor.tabBig.page(static_cast<std::size_t>(*tab)).caption;
     const auto* frame = dynamic_cast<const Frame*>(&control->container());
     const std::string label = labelOf(editor, *control);
     const std::string around = frame == nullptr ? "" : frame->caption();
@@ -96,7 +97,7 @@ std::vector<FoundBox> searchSetup(const frmBigFolder& editor, std::string_view w
     if (!hasAll(lowerCase(all + otherWords(all)), words)) continue;
     std::string line = caption;
     line.append(": ").append(label).append(": ").append(valueOf(*control));
-    found.push_back({control, tab, std::move(line)});
+    found.push_back({control, *tab, std::move(line)});
   }
   return found;
 }

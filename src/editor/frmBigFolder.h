@@ -175,7 +175,7 @@ class frmBigFolder : public BigFolderControls {
   void setFixedTexts();
   void savePreferences();
   void keepSplashUp(double start) const;
-  bool readConfigurationFile(const std::string& path, std::int16_t& tab);
+  std::optional<std::int16_t> readConfigurationFile(const std::string& path);
   void showLoaded(std::int16_t tab);
   void stepTab(int by);
   void showFactoryFit();

@@ -133,6 +133,14 @@ TEST_F(OpenedSetup, ShowsTheNearestThingThatAControlHas) {
   EXPECT_EQ(editor.cboAl1Setup.text(), "Above");
 }
 
+TEST_F(OpenedSetup, IsShownAndCommittedInAsManyStepsAsThereAreTabs) {
+  int steps = 0;
+  editor.showRecords([&steps] { ++steps; });
+  EXPECT_EQ(steps, 12);
+  editor.commitForRun([&steps] { ++steps; });
+  EXPECT_EQ(steps, 24);
+}
+
 TEST_F(OpenedSetup, OfTheRkw77LineCommitsItsOwnPercentages) {
   Memo[rec::HSOut1Low].text = "10";
   Memo[rec::HSOut1High].text = "90";
