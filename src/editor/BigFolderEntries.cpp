@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The text boxes repair what is typed: on Enter, on leaving, and where the reading format has changed.
-#include <limits>
-
 #include "core/Global.h"
 #include "core/Model.h"
 #include "core/NumberText.h"
@@ -21,9 +19,9 @@ void warn() {
   unload<frmWarning>();
 }
 
-// The largest set point that each place of the decimal point leaves room for, by the option's index. Without
-// decimals nothing is asked. The last one has always been a digit short, which only asks a little early.
-constexpr double setPointLimits[] = {std::numeric_limits<double>::infinity(), 999.9, 99.99, 9.99};
+// The largest set point that each place of the decimal point leaves room for, by the option's index. The last
+// one has always been a digit short, which only asks a little early.
+constexpr double setPointLimits[] = {0, 999.9, 99.99, 9.99};
 
 }  // namespace
 
@@ -93,7 +91,7 @@ void frmBigFolder::reForm() {
 void frmBigFolder::optDpoint_Click(int index) {
   formatChosen_ = true;
   const double limit = setPointLimits[index];
-  if (unboundedVal(txtSp1.text()) > limit || unboundedVal(txtSp2.text()) > limit) {
+  if (index > 0 && (unboundedVal(txtSp1.text()) > limit || unboundedVal(txtSp2.text()) > limit)) {
     messageBox(" Reenter setpoints values", "Setpoints overrange");
   }
   validate(boxOf(&BigFolderControls::txtSp1));

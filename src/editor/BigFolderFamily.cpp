@@ -78,10 +78,15 @@ void frmBigFolder::fitToOtherFamilies() {
   for (int tab : {tab::lbAlarm, tab::out1, tab::out2, tab::rampSoak}) tabBig.setTabAvailable(tab, false);
 }
 
+// Setting the input type anew redraws what depends on it. A process signal is redrawn where it stands: on the
+// way over the two others it would lose the decimals that only it may have.
 void frmBigFolder::redrawInputType() {
-  for (std::size_t type = 0; type < optInType.count(); ++type) {
-    if (optInType(type).value()) optInType_Click(type);
-  }
+  if (optInType(2).value()) return optInType_Click(2);
+  const std::size_t chosen = optInType(0).value() ? 0 : 1;
+  if (!optInType(chosen).value()) return;
+  optInType(0).setValue(true);
+  optInType(1).setValue(true);
+  optInType(chosen).setValue(true);
 }
 
 }  // namespace torvane

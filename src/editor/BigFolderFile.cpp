@@ -11,21 +11,21 @@
 namespace torvane {
 
 void frmBigFolder::FileOpen(const std::string& path) {
-  const std::optional<std::int16_t> tab = readConfigurationFile(path);
-  if (!tab) return;
+  std::int16_t tab = 0;
+  if (!readConfigurationFile(path, tab)) return;
   DeviceState.ModelIndex = 0;
-  showLoaded(*tab);
+  showLoaded(tab);
 }
 
 void frmBigFolder::OpenConfiguration() {
   const std::string path = host<Files>().chooseFileToOpen(configFilter);
-  if (path.empty()) return;
-  if (const std::optional<std::int16_t> tab = readConfigurationFile(path)) showLoaded(*tab);
+  std::int16_t tab = 0;
+  if (!path.empty() && readConfigurationFile(path, tab)) showLoaded(tab);
 }
 
-// The tab that was on show when it was saved; none for a file that can't be read. One whose two stamps differ
-// is loaded like any other.
-std::optional<std::int16_t> frmBigFolder::readConfigurationFile(const std::string& path) {
+// The stamps say what a corrupted file is. It is loaded all the same: errors count no more after the second
+// one.
+bool frmBigFolder::readConfigurationFile(const std::string& path, std::int16_t& tab) {
   resetDeviceState();
   Global.FileName = path;
   std::string bytes;
@@ -34,11 +34,17 @@ std::optional<std::int16_t> frmBigFolder::readConfigurationFile(const std::strin
   } catch (const RuntimeError& error) {
     messageBox("Error: " + std::string(error.what()) + "\rCan't continue.", "", Icon::critical);
     reCover();
-    return {};
+    return false;
   }
   const ConfigFrame frame = readConfiguration(bytes);
+  attempt([&] {
+    if (frame.firstStamp != frame.secondStamp) {
+      throw RuntimeError(Fault::configurationCorrupted, "Configuration file corrupted");
+    }
+  });
   takeAsInFile();
-  return frame.tab;
+  tab = frame.tab;
+  return true;
 }
 
 void frmBigFolder::showLoaded(std::int16_t tab) {

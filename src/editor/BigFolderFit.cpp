@@ -132,7 +132,7 @@ void frmBigFolder::fitAnalogOutput() {
 
 // Tab 0 is always available.
 void frmBigFolder::leaveUnavailableTab() {
-  while (!tabBig.tabAvailable(tabBig.tab())) tabBig.setTab(tabBig.tab() - 1);
+  while (tabBig.tab() > 0 && !tabBig.tabAvailable(tabBig.tab())) tabBig.setTab(tabBig.tab() - 1);
 }
 
 }  // namespace torvane

@@ -111,7 +111,7 @@ void frmBigFolder::chkOut1Self_Click() {
 }
 
 void frmBigFolder::txtOut2CycleT_KeyPress() {
-  const int seconds = toInt16(std::clamp<double>(Val(txtOut2CycleT.text().substr(0, 3)), 1, 199));
+  const int seconds = toInt16(std::clamp(Val(txtOut2CycleT.text().substr(0, 3)), 1.0, 199.0));
   txtOut2CycleT.setText(numberText(std::int32_t{seconds}));
   HSOut2CycleT.setValue(seconds);
 }

@@ -13,8 +13,9 @@ namespace torvane {
 
 namespace {
 
-// What each reading format can show, by its decimals.
+// What each reading format can show.
 struct ReadingRange {
+  int record;  // the option that stands for the format; the last format has none of the others
   double maximum;
   double minimum;
   const char* maximumText;
@@ -23,24 +24,24 @@ struct ReadingRange {
 
 // clang-format off
 constexpr ReadingRange readingRanges[] = {
-    {9999, -1999,
+    {rec::optDpoint, 9999, -1999,
      "Maximum value possible for this field is 9999",
      "Minimum value possible for this field is -1999"},
-    {999.9, -199.9,
+    {rec::optDpoint + 1, 999.9, -199.9,
      "Maximum value possible for this field is currently 999.9.\r\n"
      "If you wish to represent value larger than 999.9, change the \r\n"
      "Decimal Position setting in Reading Tab from XXX.X to XXXX.",
      "Minimum value possible for this field is currently -199.9.\r\n"
      "If you wish to represent value smaller than -199.9, change the \r\n"
      "Decimal Position setting in Reading Tab from XXX.X to XXXX."},
-    {99.99, -19.99,
+    {rec::optDpoint + 2, 99.99, -19.99,
      "Maximum value possible for this field is currently 99.99.\r\n"
      "If you wish to represent value larger than 99.99, change the \r\n"
      "Decimal Position setting in Reading Tab to the right.",
      "Minimum value possible for this field is currently -19.99.\r\n"
      "If you wish to represent value smaller than -19.99, change the \r\n"
      "Decimal Position setting in Reading Tab to the right."},
-    {9.999, -1.999,
+    {rec::optDpoint + 3, 9.999, -1.999,
      "Maximum value possible for this field is currently 9.999.\r\n"
      "If you wish to represent value larger than 9.999, change the \r\n"
      "Decimal Position setting in Reading Tab to the right.",
@@ -50,11 +51,9 @@ constexpr ReadingRange readingRanges[] = {
 };
 // clang-format on
 
-// The last format is the one where none of the others is chosen.
 const ReadingRange& readingRange() {
-  if (isChosen(rec::optDpoint)) return readingRanges[0];
-  if (isChosen(rec::optDpoint + 1)) return readingRanges[1];
-  return readingRanges[isChosen(rec::optDpoint + 2) ? 2 : 3];
+  const auto* last = std::end(readingRanges) - 1;
+  return *std::find_if(readingRanges, last, [](const ReadingRange& range) { return isChosen(range.record); });
 }
 
 // As text it has 15 digits, and that text is what is tested.
@@ -136,7 +135,8 @@ Repair repair(const EntryRule& rule, const std::string& typed, const EntryForm& 
 
 std::string readingRangeText(const EntryRule& rule, const EntryForm& form) {
   if (!isOfReading(rule)) return "";
-  const ReadingRange& range = readingRanges[form.formDPt.size() - 1 - form.formDPt.find('.')];
+  const auto at = std::ranges::find(readingPictures, form.formDPt) - std::begin(readingPictures);
+  const ReadingRange& range = readingRanges[std::min<std::ptrdiff_t>(at, std::ssize(readingPictures) - 1)];
   const double least = rule.value == Value::absReading ? 0 : range.minimum;
   return numberText(least) + " to " + numberText(range.maximum);
 }
@@ -153,7 +153,7 @@ std::string valTime(std::string_view text) {
 // An exponent makes numbers longer than the code is.
 std::string valCode(std::string_view text) {
   const double number = std::trunc(unboundedVal(firstCharacters(text, 4)));
-  std::string code = numberText(std::clamp<double>(number, -999, 9999));
+  std::string code = numberText(std::clamp(number, -999.0, 9999.0));
   code.resize(4, '0');
   return code;
 }

@@ -175,7 +175,7 @@ class frmBigFolder : public BigFolderControls {
   void setFixedTexts();
   void savePreferences();
   void keepSplashUp(double start) const;
-  std::optional<std::int16_t> readConfigurationFile(const std::string& path);
+  bool readConfigurationFile(const std::string& path, std::int16_t& tab);
   void showLoaded(std::int16_t tab);
   void stepTab(int by);
   void showFactoryFit();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Showing and committing a tab where it isn't plain: refused values, the reading format, shared boxes, the
 // copies of the model.
+#include <initializer_list>
+
 #include "tests/editor/EditorTest.h"
 
 namespace torvane {
@@ -168,7 +170,7 @@ TEST_F(Committing, OfATabThatIsNoneDoesNothing) {
   Memo[rec::menuKind].extra = menu::simple;
   editor.txtAl1Deadband.setText("alarm 1");
   const MemoArray before = Memo;
-  for (const std::int16_t tab : {-1, 12}) {
+  for (const std::int16_t tab : std::initializer_list<std::int16_t>{-1, 12}) {
     editor.writeMemo(tab);
     EXPECT_EQ(Memo, before) << tab;
     EXPECT_EQ(editor.txtOut1DeadBand.text(), "020.0") << tab;
