@@ -167,9 +167,8 @@ void frmHardware::Form_Activate() {
 // gives way to the default.
 void frmHardware::settleModel() {
   const bool rkw77 = isRkw77Unit();
-  const bool named = listedModelRow(cboModel.items(), Hardware.ModelNumber) >= 0;
   const bool listed = std::ranges::find(cboModel.items(), BaseModel) != cboModel.items().end();
-  const bool nobodyKnows = DeviceState.DeviceClass < 0 && !named;
+  const bool nobodyKnows = DeviceState.DeviceClass < 0 && !namesListedModel();
   if (!listed || nobodyKnows || namesRkw77(BaseModel) != rkw77) showRow(rkw77 ? rkw77Row : defaultRow);
   if (cboModel.listIndex() < 0) showRow(listedModelRow(cboModel.items(), BaseModel));
   if (DeviceState.DeviceClass >= 0) family_ = DeviceState.DeviceClass;
@@ -183,8 +182,11 @@ void frmHardware::settleModel() {
 // IsRkw77 tells it, while the class may still be that of the setup before.
 bool frmHardware::isRkw77Unit() const {
   if (!visible()) return onRkw77Line();
-  const bool named = listedModelRow(cboModel.items(), Hardware.ModelNumber) >= 0;
-  return named ? namesRkw77(BaseModel) : DeviceState.DeviceClass == rkw77Family;
+  return namesListedModel() ? namesRkw77(BaseModel) : DeviceState.DeviceClass == rkw77Family;
+}
+
+bool frmHardware::namesListedModel() const {
+  return listedModelRow(cboModel.items(), Hardware.ModelNumber) >= 0;
 }
 
 void frmHardware::showRow(int row) {

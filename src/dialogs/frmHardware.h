@@ -85,6 +85,7 @@ class frmHardware : public Form {
   void showDefaultModel(int named);
   void settleModel();
   bool isRkw77Unit() const;
+  bool namesListedModel() const;  // the part number
   void showRow(int row);
   void showNumber();
   void rebuild();

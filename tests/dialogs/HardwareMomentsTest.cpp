@@ -62,6 +62,21 @@ TEST_F(HardwareMoments, WhereNobodyKnowsTheUnitAModelOfThePresentLineStays) {
   }
 }
 
+// A user sees the model and answers for it, whatever was found.
+TEST_F(HardwareMoments, InFrontOfAUserTheModelOfThePartNumberTellsTheLine) {
+  for (const std::string& model : models) {
+    for (const std::int32_t deviceClass : {0, 1, -1}) {
+      DeviceState.DeviceClass = deviceClass;
+      DeviceState.ModelIndex = -1;
+      DeviceState.IsRkw77 = asFlag(namesRkw77(model));
+      Hardware.ModelNumber = model;
+      EXPECT_TRUE(number().starts_with(model)) << number() << deviceClass;
+      EXPECT_EQ(DeviceState.IsRkw77, asFlag(namesRkw77(model))) << model << deviceClass;
+      close();
+    }
+  }
+}
+
 TEST_F(HardwareMoments, WhereNoModelIsNamedTheNameStaysAsItWas) {
   DeviceState.DeviceClass = -1;
   DeviceState.ModelIndex = -1;
@@ -69,6 +84,21 @@ TEST_F(HardwareMoments, WhereNoModelIsNamedTheNameStaysAsItWas) {
   BaseModel = "as before";
   EXPECT_EQ(form<frmHardware>().cboModel.listIndex(), 2);
   EXPECT_EQ(BaseModel, "as before");
+}
+
+// ---- the unit that it was loaded for
+
+TEST_F(HardwareMoments, ADialogIsOfAnotherUnitWithAnyOtherModelMenuBusOrOutput) {
+  using Change = void (*)();
+  for (const Change change :
+       {Change{[] { Hardware.ModelNumber += "x"; }}, Change{[] { Memo[rec::menuKind].extra = 2; }},
+        Change{[] { Memo[rec::monitorOnly].value = 1; }}, Change{[] { Hardware.BusMode = 1; }},
+        Change{[] { Hardware.Out1.Pulse = True; }}, Change{[] { Hardware.Out2.None = True; }}}) {
+    ASSERT_TRUE(dialog().isOfThisUnit());
+    change();
+    EXPECT_FALSE(dialog().isOfThisUnit());
+    close();
+  }
 }
 
 // ---- the main window

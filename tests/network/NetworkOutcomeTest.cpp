@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What a run over the network leaves behind of the unit that it met, and what it shows on the way.
+#include <set>
+
 #include "core/Global.h"
 #include "core/Memo.h"
 #include "core/Model.h"
@@ -105,15 +107,15 @@ TEST_F(NetworkOutcome, OfAResetIsToldInOneText) {
   }
 }
 
-// ---- the target
-
-TEST_F(NetworkOutcome, LeadsNowhereWithAPortThatIsBeyondAllNumbers) {
-  for (const auto& [text, port] : {std::pair{"99999999999", -1}, {"web", 0}, {"1000", 1000}}) {
-    Memo[rec::txtTCPPort].text = text;
-    window().network->NetPort = 7;
-    window().network->takeTarget();
-    EXPECT_EQ(window().network->NetPort, port) << text;
-  }
+TEST_F(NetworkOutcome, OfABridgeThatIsLostSaysSoOfTheRegistersBehindIt) {
+  host.toleratesBoxes = true;
+  bridge.faults.dropAt = 20;
+  bridge.faults.afterDrop = sim::Reach::never;
+  runRead();
+  std::set<std::string> reasons;
+  for (const RegisterOutcome& each : form<frmBigFolder>().lastRun.outcome.registers)
+    reasons.insert(each.reason);
+  EXPECT_TRUE(reasons.contains("no connection to the bridge")) << testing::PrintToString(reasons);
 }
 
 TEST_F(NetworkOutcome, OfTheWizardsTestBeginsWithItsTarget) {
