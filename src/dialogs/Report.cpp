@@ -39,7 +39,7 @@ void printLine(Printer& printer, std::string_view text) {
 void printPageBreak(Printer& printer) {
   PrintPageFooter(printer);
   printer.newPage();
-  PrintHeader(printer, Global.FileName);
+  PrintHeader(printer, printer.title.empty() ? Global.FileName : printer.title);
 }
 
 void printWord(Printer& printer, std::string_view word, int start) {

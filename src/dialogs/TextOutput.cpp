@@ -48,6 +48,7 @@ bool saveOrSay(const std::string& path, std::string_view bytes) {
 
 void printLines(Printer& printer, const std::string& title, std::string_view text) {
   printer.setFont("Courier", 12);
+  printer.title = title;
   PrintHeader(printer, title);
   while (!text.empty()) {
     const std::size_t end = text.find('\n');

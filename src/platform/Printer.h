@@ -24,6 +24,8 @@ class Printer {
   virtual void setUnderline(bool on) = 0;
   virtual int textWidth(std::string_view text) = 0;
 
+  std::string title;  // of the document, at the head of its further pages; empty: the setup's file
+
   // The present position; text stands below and right of it.
   int currentX = 0;
   int currentY = 0;

@@ -39,6 +39,20 @@ TEST_F(TextOutput, IsPrintedLineByLineBelowItsTitle) {
   EXPECT_TRUE(sheet.paper->ended);
 }
 
+TEST_F(TextOutput, EveryPageBearsItsTitleAndNotTheSetupsFile) {
+  Global.FileName = "setup.cfg";
+  Sheet sheet;
+  std::string lines;
+  for (int line = 0; line < 200; ++line) lines += "line\n";
+  printLines(sheet.printer, "A title", lines);
+  std::vector<std::string> heads;
+  for (const Imprint& run : sheet.paper->runs) {
+    if (run.y == 0) heads.push_back(run.text);
+  }
+  EXPECT_GT(heads.size(), 2U);
+  EXPECT_EQ(heads, std::vector<std::string>(heads.size(), "A title"));
+}
+
 TEST_F(TextOutput, BreaksAWordOfMoreThanFiftyCharacters) {
   const std::string fifty(50, 'w');
   const std::string thirty(30, 'w');
