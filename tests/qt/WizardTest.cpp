@@ -239,7 +239,7 @@ TEST_F(WizardSession, StaysAliveDuringTheSearchAndAsksBeforeItEnds) {
     user->then([] { return wizard().prgProgress.value() >= 14; },
                [] { click(*user, wizard(), "cmdCancel"); });
     press(Qt::Key_Return);
-    EXPECT_FALSE(wizard().visible());
+    EXPECT_FALSE(wizard().visible()) << wizard().lblCaption.caption();
   });
   user->answer = Answer::ok;
   ASSERT_FALSE(user->boxes.empty());
