@@ -2,7 +2,6 @@
 // The setup of the main window as a file.
 #include "dialogs/SetupFiles.h"
 
-#include <algorithm>
 #include <cctype>
 #include <cmath>
 
@@ -60,7 +59,7 @@ void remember(const std::string& path) {
   std::vector<std::string> files = storedFiles();
   std::erase(files, path);
   files.insert(files.begin(), path);
-  files.resize(std::min(files.size(), mostRecent));
+  if (files.size() > mostRecent) files.resize(mostRecent);
   for (std::size_t at = 0; at < files.size(); ++at) {
     Registry place = placeOfRecent(at + 1);
     place.Setting = files[at];
