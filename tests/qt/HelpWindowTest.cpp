@@ -28,7 +28,7 @@ class HelpWindowTest : public QtTest {
 
   HelpWindow& open() {
     host_.showHelp(guidePath);
-    EXPECT_TRUE(QTest::qWaitForWindowActive(helpWindow()));
+    EXPECT_TRUE(takesKeys(*helpWindow()));
     return *helpWindow();
   }
   template <class Widget>
@@ -270,7 +270,7 @@ TEST_F(HelpWindowTest, AKeyOfTheLayoutPressesItsButton) {
   int presses = 0;
   keyed.cmdKeyed.onClick = [&] { ++presses; };
   keyed.show();
-  EXPECT_TRUE(QTest::qWaitForWindowActive(&host_.window(keyed)));
+  EXPECT_TRUE(takesKeys(host_.window(keyed)));
   QTest::keyClick(&host_.window(keyed), Qt::Key_F1);
   EXPECT_EQ(presses, 1);
   unload<KeyedForm>();

@@ -27,7 +27,7 @@ class KeysInWindows : public QtTest {
     QWidget& made = host_.window(*editor_);
     if (!editor_->visible()) {
       editor_->show();
-      EXPECT_TRUE(QTest::qWaitForWindowActive(&made));
+      EXPECT_TRUE(takesKeys(made));
     }
     return made;
   }
@@ -93,7 +93,7 @@ TEST_F(KeysInWindows, PressNoButtonOfTheWriteChooserByEnterBeforeOneIsChosen) {
   }
   chooser.show();
   QWidget& dialog = host_.window(chooser);
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+  ASSERT_TRUE(takesKeys(dialog));
   QTest::keyClick(dialog.windowHandle(), Qt::Key_Return);
   EXPECT_TRUE(pressed.empty());
   QTest::keyClick(dialog.windowHandle(), Qt::Key_Tab);

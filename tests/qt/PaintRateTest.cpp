@@ -43,7 +43,7 @@ class PaintRateTest : public QtTest {
   PaintRateTest() {
     layouts().push_back({"frmLive", buildLive});
     form_.show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&host_.window(form_)));
+    EXPECT_TRUE(takesKeys(host_.window(form_)));
     label().installEventFilter(&paints_);
   }
   ~PaintRateTest() override {

@@ -30,7 +30,7 @@ TestForm& QtTest::show(int page) {
   auto& shown = form<TestForm>();
   shown.tabBig.setTab(page);
   shown.show();
-  EXPECT_TRUE(QTest::qWaitForWindowActive(&host_.window(shown)));
+  EXPECT_TRUE(takesKeys(host_.window(shown)));
   return shown;
 }
 

@@ -58,6 +58,12 @@ class TestHost : public QtHost {
   std::vector<std::string> failures;
 };
 
+// Waits until keys go to the window. The toolkit's own wait takes a dialog for active as soon as the window
+// below it is.
+inline bool takesKeys(const QWidget& window) {
+  return QTest::qWaitFor([&] { return window.isActiveWindow(); });
+}
+
 class QtTest : public testing::Test {
  protected:
   QtTest();

@@ -152,7 +152,7 @@ class WizardSession : public ::testing::Test {
   // Presses Connect and does this in the wizard.
   static void connect(const std::function<void()>& action) {
     user->whenShown("frmWizard", [action] {
-      EXPECT_TRUE(QTest::qWaitForWindowActive(&wizardWindow())) << "keys go nowhere";
+      EXPECT_TRUE(takesKeys(wizardWindow()));
       action();
     });
     click(*user, editor(), "cmdAutoDetect");
@@ -210,7 +210,6 @@ std::function<bool()> on(std::int16_t page) {
 
 TEST_F(WizardSession, IsLedByMnemonicsAndArrows) {
   connect([] {
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&wizardWindow()));
     pressMnemonic(Qt::Key_N, on(page::serialBus));
     pressMnemonic(Qt::Key_4, [] { return wizard().opt485.value(); });
     EXPECT_TRUE(wizardWindow().findChild<QWidget*>("cboAddress")->isEnabled());
