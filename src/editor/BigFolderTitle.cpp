@@ -45,9 +45,7 @@ void frmBigFolder::Form_Settled() {
 void frmBigFolder::Form_FileDropped(const std::string& path) { openNamed(path); }
 
 // With what stands in the boxes and is not committed yet.
-bool frmBigFolder::differsFromFile() {
-  if (!inFile_) return false;
-  const MemoArray& inFile = *inFile_;
+bool frmBigFolder::differsFrom(const MemoArray& inFile) {
   MemoArray now = Memo;
   for (int tab = 0; tab < tab::count; ++tab) commitTab(tab, now);
   // Behind the last of the unit's records stand the rest of the way, and the model.
@@ -60,7 +58,7 @@ bool frmBigFolder::differsFromFile() {
 void frmBigFolder::showTitle() {
   if (!inFile_) return setCaption(program::title);
   const std::string name = Global.FileName.substr(Global.FileName.find_last_of('/') + 1);
-  setCaption(name + (differsFromFile() ? " * - " : " - ") + program::title);
+  setCaption(name + (differsFrom(*inFile_) ? " * - " : " - ") + program::title);
 }
 
 }  // namespace torvane

@@ -140,7 +140,7 @@ class frmBigFolder : public BigFolderControls {
   void load(const SetupBox& box);
   void store(const SetupBox& box, MemoArray& records);
   void commitTab(int tab, MemoArray& records);
-  bool differsFromFile();
+  bool differsFrom(const MemoArray& inFile);
   void showTitle();
   void settleReadingFormat();
   void showNearest(const SetupBox& box);

@@ -121,7 +121,7 @@ void tellWhatAnswered(Run& run, NetworkChannel& channel, std::int16_t code) {
 
 // Tries a second time where that may help. False: the verdict stands in the wizard.
 bool findsUnitBehindBridge(Run& run, NetworkChannel& channel) {
-  for (const bool lastTry : {false, true}) {
+  for (bool lastTry = false;; lastTry = true) {
     Global.DetectionDone = 0;
     if (!connectsToBridge(run, channel)) return false;
     publish(run, 2);
@@ -136,7 +136,6 @@ bool findsUnitBehindBridge(Run& run, NetworkChannel& channel) {
     }
     prepareSecondTry(run, channel, code == terminalServer);
   }
-  return false;
 }
 
 bool hearsVersion(Run& run, NetworkChannel& channel, std::string& lastReply) {

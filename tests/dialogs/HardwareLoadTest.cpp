@@ -14,6 +14,8 @@ using HardwareLoad = HardwareBench;
 
 TEST_F(HardwareLoad, OffersEighteenModelsInTheirOrder) { EXPECT_EQ(dialog().cboModel.items(), models); }
 
+TEST_F(HardwareLoad, TakesAModelThatIsTypedAsWell) { EXPECT_TRUE(dialog().cboModel.editable); }
+
 TEST_F(HardwareLoad, BearsItsCaptions) {
   struct Case {
     const char* control;

@@ -74,6 +74,16 @@ TEST_F(MainWindow, WorksAnAnalogOutputInPidWithoutAlarm1) {
   EXPECT_EQ(host.events, Lines{"repaint frmBigFolder"});
 }
 
+TEST_F(MainWindow, TakesAnOutput1ThatNoButtonStandsForAsAnalog) {
+  press(0);
+  dialog().optOut[0].setValue(false);
+  press(5);
+  press(4);
+  EXPECT_EQ(output1(), -1);
+  EXPECT_TRUE(editor.opt020mA.enabled());
+  EXPECT_TRUE(editor.tabBig.tabAvailable(tab::analog));
+}
+
 TEST_F(MainWindow, KeepsAlarm1WithAnAnalogOutputOfTheRkw77Line) {
   editor.chkAl1Enabled.setValue(1);
   Memo[rec::chkAl1Enabled].value = 1;

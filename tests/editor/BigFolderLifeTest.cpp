@@ -34,6 +34,8 @@ TEST_F(Start, ShowsTheSplashThenTheMainWindowInThisOrder) {
                                                    "release frmSplash", "show frmBigFolder"}));
 }
 
+TEST_F(Start, LetsFilesFallOnTheMainWindow) { EXPECT_TRUE(start().takesFiles); }
+
 TEST_F(Start, KeepsTheMainWindowHiddenBehindTheSplash) {
   bool looked = false;
   duringTheSplash([&] {

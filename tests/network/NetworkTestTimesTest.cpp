@@ -41,7 +41,7 @@ TEST_F(NetworkTestTimes, RestsASecondBetweenTheComplaintAndTheNextConnection) {
   testFrom(host.clock);
   const std::vector<double> connections = timesOf("+");
   ASSERT_EQ(connections.size(), 2U);
-  EXPECT_NEAR(connections.back() - timesOf("*U01").front(), 1.0, 0.1);
+  EXPECT_NEAR(connections.back() - timesOf("*U01").front(), 1.0, 0.04);
 }
 
 TEST_F(NetworkTestTimes, RestsASecondBeforeEachQuestionForTheVersion) {
@@ -50,7 +50,7 @@ TEST_F(NetworkTestTimes, RestsASecondBeforeEachQuestionForTheVersion) {
   ASSERT_EQ(questions.size(), 3U);
   questions.insert(questions.begin(), timesOf("*U01").front());
   for (std::size_t each = 1; each < questions.size(); ++each) {
-    EXPECT_NEAR(questions[each] - questions[each - 1], 1.0, 0.1) << each;
+    EXPECT_NEAR(questions[each] - questions[each - 1], 1.0, 0.04) << each;
   }
 }
 
