@@ -17,6 +17,7 @@ TEST_F(Comparing, ShowsADifferenceInWordsAndChangesNothing) {
   const Payloads before = registersOf(unit);
   compareAndThen([](frmCompare& window) {
     EXPECT_NE(window.lblSummary.caption().find("differ"), std::string::npos);
+    EXPECT_EQ(window.lblSummary.mark(), Mark::none);
     EXPECT_EQ(window.lstDifferences.headings()[1], "In the unit");
     window.txtSearch.userTyped("SET-point 1");
     EXPECT_EQ(rowsOf(window.lstDifferences), "Set Points\nSet-Point 1\t000.0\t123.4\tchanged by a write\n");

@@ -108,6 +108,7 @@ TEST_F(CompareWords, OfTwoFilesTellAllThatDiffers) {
   window.cmdFirst.userClicked();
   EXPECT_EQ(window.lstDifferences.headings()[1], "one.unit");
   EXPECT_EQ(window.lstDifferences.listCount(), 0) << "one file is none to compare";
+  EXPECT_EQ(window.lblSummary.caption().find("Choose two files"), 0U);
   window.cmdSecond.userClicked();
   std::set<std::string> written;
   for (const RegisterChange& change : window.comparison().registers) {
