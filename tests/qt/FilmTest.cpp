@@ -53,8 +53,8 @@ TEST(FilmTest, ReadsTimeAndFrames) {
   const Film read = readFilm(film(40'000, twoFrames()));
   EXPECT_EQ(read.frameMilliseconds, 40);
   ASSERT_EQ(read.frames.size(), 2U);
-  EXPECT_EQ(read.frames[0].size(), QSize(10, 6));
-  EXPECT_EQ(read.frames[1].pixelColor(3, 3), QColor(Qt::blue));
+  EXPECT_EQ(imageOf(read.frames[0]).size(), QSize(10, 6));
+  EXPECT_EQ(imageOf(read.frames[1]).pixelColor(3, 3), QColor(Qt::blue));
 }
 
 TEST(FilmTest, BoundsTimeSizeAndNumber) {
@@ -66,13 +66,11 @@ TEST(FilmTest, BoundsTimeSizeAndNumber) {
 }
 
 TEST(FilmTest, ACutFilmGivesTheFramesBeforeTheCut) {
-  testing::internal::CaptureStderr();
   const QByteArray whole = film(40'000, twoFrames());
   for (qsizetype length = 0; length < whole.size(); ++length) {
     EXPECT_LE(readFilm(whole.first(length)).frames.size(), 2U);
   }
   EXPECT_EQ(readFilm(whole.first(whole.size() - 40)).frames.size(), 1U);
-  EXPECT_NE(testing::internal::GetCapturedStderr(), "");
 }
 
 TEST(FilmTest, AnyBytesWillDo) {
@@ -88,6 +86,7 @@ TEST(FilmTest, AnyBytesWillDo) {
     const Film read = readFilm(bytes);
     EXPECT_LE(read.frames.size(), 10U);
     EXPECT_GE(read.frameMilliseconds, 20);
+    for (const QByteArray& frame : read.frames) imageOf(frame);
   }
   EXPECT_TRUE(readFilm(QByteArray(5000, '\xFF')).frames.empty());
   EXPECT_TRUE(readFilm({}).frames.empty());
@@ -117,6 +116,20 @@ TEST_F(AnimationViewTest, PlaysAgainAndAgainWhileItCanBeSeen) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return view.frame() == 0; }));
   test.Animation1.setVisible(false);
   EXPECT_FALSE(view.playing());
+}
+
+TEST_F(AnimationViewTest, ADamagedFrameLeavesTheOneBeforeItOnShow) {
+  testing::internal::CaptureStderr();
+  QByteArray bytes = film(20'000, twoFrames());
+  const qsizetype pixels = bytes.lastIndexOf("IDAT");
+  bytes.replace(pixels + 4, 8, QByteArray(8, '\xFF'));
+  ASSERT_EQ(readFilm(bytes).frames.size(), 2U);
+  auto& test = show(1);
+  test.Animation1.open(fileOf(bytes).toStdString());
+  auto& view = widget<AnimationView>("Animation1");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return view.frame() == 1; }));
+  EXPECT_EQ(view.grab().toImage().pixelColor(view.rect().center()), QColor(Qt::red));
+  EXPECT_NE(testing::internal::GetCapturedStderr(), "");
 }
 
 TEST_F(AnimationViewTest, WhatIsNoFilmShowsNothing) {

@@ -23,6 +23,7 @@ QByteArray bytesOf(const QString& name) {
 AnimationView::AnimationView(QWidget* parent) : QWidget(parent) {
   connect(&clock_, &QTimer::timeout, this, [this] {
     frame_ = (frame_ + 1) % film_.frames.size();
+    due_ = true;
     update();
   });
 }
@@ -32,9 +33,17 @@ void AnimationView::play(const QString& file) {
   file_ = file;
   film_ = readFilm(bytesOf(file));
   frame_ = 0;
+  image_ = {};
+  takeImage();
   startClock();
   updateGeometry();
   update();
+}
+
+void AnimationView::takeImage() {
+  due_ = false;
+  const QImage image = film_.frames.empty() ? QImage() : imageOf(film_.frames[frame_]);
+  if (!image.isNull()) image_ = image;
 }
 
 void AnimationView::startClock() {
@@ -46,18 +55,18 @@ void AnimationView::startClock() {
 }
 
 QSize AnimationView::sizeHint() const {
-  if (film_.frames.empty()) return {};
-  return film_.frames.front().size() * fontMetrics().height() / drawnForFont;
+  return image_.isNull() ? QSize() : image_.size() * fontMetrics().height() / drawnForFont;
 }
 
+// Decoded only here: painting waits for a moment at which the line is busy.
 void AnimationView::paintEvent(QPaintEvent*) {
-  if (film_.frames.empty()) return;
-  const QImage& image = film_.frames[frame_];
-  QRect area(QPoint(0, 0), image.size().scaled(size(), Qt::KeepAspectRatio));
+  if (due_) takeImage();
+  if (image_.isNull()) return;
+  QRect area(QPoint(0, 0), image_.size().scaled(size(), Qt::KeepAspectRatio));
   area.moveCenter(rect().center());
   QPainter painter(this);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  painter.drawImage(area, image);
+  painter.drawImage(area, image_);
 }
 
 void AnimationView::showEvent(QShowEvent*) { startClock(); }

@@ -32,11 +32,14 @@ class AnimationView : public QWidget {
   void changeEvent(QEvent* event) override;
 
  private:
+  void takeImage();
   void startClock();
 
   QString file_;
   Film film_;
   std::size_t frame_ = 0;
+  bool due_ = false;  // the frame has not been decoded yet
+  QImage image_;      // of the last frame that was whole; null before the first
   QTimer clock_;
 };
 

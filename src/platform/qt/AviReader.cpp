@@ -25,9 +25,10 @@ struct Chunk {
   QByteArrayView name;
   QByteArrayView list;  // of a LIST chunk, else empty
   QByteArrayView body;
+  bool cut = false;  // its length goes beyond the end
 };
 
-// The chunk at the start of `rest`, which is moved behind it; a length beyond the end is cut.
+// The chunk at the start of `rest`, which is moved behind it.
 Chunk takeChunk(QByteArrayView& rest) {
   const QByteArrayView name = rest.first(4);
   const auto told = static_cast<qsizetype>(numberAt(rest, 4));
@@ -35,8 +36,9 @@ Chunk takeChunk(QByteArrayView& rest) {
   const QByteArrayView body = all.first(std::min(told, all.size()));
   rest = all.sliced(std::min(told + told % 2, all.size()));
   const bool isList = name == QByteArrayView("LIST") && body.size() >= listNameLength;
-  if (!isList) return {name, {}, body};
-  return {name, body.first(listNameLength), body.sliced(listNameLength)};
+  const bool cut = told > all.size();
+  if (!isList) return {name, {}, body, cut};
+  return {name, body.first(listNameLength), body.sliced(listNameLength), cut};
 }
 
 template <class Visit>
@@ -44,20 +46,17 @@ void eachChunk(QByteArrayView rest, const Visit& visit) {
   while (rest.size() >= headLength) visit(takeChunk(rest));
 }
 
-QImage readFrame(QByteArrayView png) {
-  QByteArray bytes = png.toByteArray();
-  QBuffer buffer(&bytes);
-  QImageReader reader(&buffer, "png");
-  const QSize size = reader.size();
-  if (size.isEmpty() || size.width() > mostPixels || size.height() > mostPixels) return {};
-  return reader.read();
+bool hasSize(QByteArray png) {
+  QBuffer buffer(&png);
+  const QSize size = QImageReader(&buffer, "png").size();
+  return !size.isEmpty() && size.width() <= mostPixels && size.height() <= mostPixels;
 }
 
 void readMovie(QByteArrayView movie, Film& film) {
   eachChunk(movie, [&](const Chunk& chunk) {
-    if (chunk.name != QByteArrayView("00dc") || film.frames.size() >= mostFrames) return;
-    const QImage frame = readFrame(chunk.body);
-    if (!frame.isNull()) film.frames.push_back(frame);
+    if (chunk.name != QByteArrayView("00dc") || chunk.cut || film.frames.size() >= mostFrames) return;
+    const QByteArray frame = chunk.body.toByteArray();
+    if (hasSize(frame)) film.frames.push_back(frame);
   });
 }
 
@@ -86,5 +85,7 @@ Film readFilm(const QByteArray& avi) {
   });
   return film;
 }
+
+QImage imageOf(const QByteArray& frame) { return QImage::fromData(frame, "png"); }
 
 }  // namespace torvane
