@@ -59,6 +59,19 @@ TEST_F(KeepAndPutBack, SaysThatTheUnitHoldsTheCopyAgain) {
   EXPECT_EQ(unit.registerHex("01"), "200000");
 }
 
+// The copy is of a full unit, in front of one with the simple menu.
+TEST_F(KeepAndPutBack, LeavesOutWhatTheUnitHasNotGot) {
+  keepCopy();
+  chooseKind(kind::simpleMenu);
+  showMemo();
+  unit.setRegister("01", "2004D2");
+  putBack();
+  const RunOutcome& outcome = form<frmBigFolder>().lastRun.outcome;
+  EXPECT_EQ(meterKind(), kind::simpleMenu);
+  EXPECT_TRUE(outcome.settled("01")) << summaryOf(outcome);
+  EXPECT_FALSE(outcome.settled("0B")) << summaryOf(outcome);
+}
+
 TEST_F(KeepAndPutBack, PutsTheBusFormatBackOnRequestAlone) {
   keepCopy();
   const std::string kept = unit.registerHex("1F");
