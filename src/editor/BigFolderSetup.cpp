@@ -2,6 +2,7 @@
 // A whole setup at once: all of it onto the window after a file or a read, all of it off the window for a
 // run.
 #include <algorithm>
+#include <cmath>
 
 #include "core/Memo.h"
 #include "core/Model.h"
@@ -18,10 +19,10 @@ namespace {
 constexpr std::int16_t tabsShownTwice[] = {tab::setpoints, tab::alarm1, tab::alarm2,
                                            tab::lbAlarm,   tab::out1,   tab::out2};
 
+bool isTooLargeForAPicture(const std::string& text) { return !std::isfinite(unboundedVal(text)); }
+
 bool isInPicture(const std::string& text, std::string_view picture) {
-  bool same = false;
-  attempt([&] { same = formatText(text, picture) == text; });
-  return same;
+  return !isTooLargeForAPicture(text) && formatText(text, picture) == text;
 }
 
 int setupCount(const ComboBox& control) {
@@ -59,8 +60,8 @@ void frmBigFolder::settleReadingFormat() {
   optDpoint(0).setValue(true);
 }
 
-// Of what a list or a bar refused, the end that comes nearest. The percentages of the Rkw77 line, which its
-// tab doesn't show, are taken over as well: the tab commits them.
+// Of what a control refused, the end that comes nearest. The percentages of the Rkw77 line, which its tab
+// doesn't show, are taken over as well: the tab commits them.
 void frmBigFolder::showNearest(const SetupBox& box) {
   const MemoField& record = Memo[box.record];
   const AnyControl control = controlOf(*this, box);
@@ -71,6 +72,9 @@ void frmBigFolder::showNearest(const SetupBox& box) {
   } else if (auto* const* bar = std::get_if<ScrollBar*>(&control)) {
     const double position = box.copy == Copy::asText ? unboundedVal(record.text) : record.value;
     (*bar)->setValue(toInt16(std::clamp<double>(position, (*bar)->min(), (*bar)->max())));
+  } else if (auto* const* text = std::get_if<TextBox*>(&control)) {
+    if (box.rule && box.copy != Copy::plain && isTooLargeForAPicture(record.text))
+      (*text)->setText(repair(*box.rule, record.text, {formDPt(), optAOutV.value()}).text);
   }
 }
 

@@ -218,6 +218,24 @@ TEST_F(AnyWay, NoListOffersAnItemTwiceOrLosesItsChoiceAndEveryPayloadFits) {
   }
 }
 
+// ---- numbers that no box can show
+
+TEST_F(OpenedSetup, OfANumberTooLargeShowsTheEndOfItsRangeAndNothingOfTheSetupBefore) {
+  for (const SetupBox& box : setupBoxes()) {
+    const AnyControl control = controlOf(editor, box);
+    if (box.copy == Copy::plain || !std::holds_alternative<TextBox*>(control)) continue;
+    const TextBox& text = *std::get<TextBox*>(control);
+    const std::string usual = Memo[box.record].text;
+    Memo[box.record].text = "5";
+    editor.showRecords();
+    Memo[box.record].text = "1E999";
+    editor.showRecords();
+    EXPECT_EQ(text.text(), repair(*box.rule, "1E999", {editor.formDPt()}).text) << text.name();
+    EXPECT_GT(Val(text.text()), 5) << text.name();
+    Memo[box.record].text = usual;
+  }
+}
+
 // ---- choices that move others
 
 using Choices = EditorTest;
