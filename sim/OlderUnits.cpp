@@ -22,7 +22,7 @@ struct OlderFact {
 };
 
 // clang-format off
-constexpr std::array<OlderFact, 7> facts{{
+constexpr std::array<OlderFact, 7> olderFacts{{
     //                     front  X01     R01       D05    R24     R25     R04
     {Model::mpl,           "00", {"0235", "04",     "?43", "?43",  "?43",  "?43"}},
     {Model::mpt,           "",   {"0235", "04",     "?43", "?43",  "?43",  "?43"}},
@@ -35,8 +35,8 @@ constexpr std::array<OlderFact, 7> facts{{
 // clang-format on
 
 const OlderFact* find(Model model) {
-  const auto fact = std::ranges::find(facts, model, &OlderFact::model);
-  return fact == facts.end() ? nullptr : &*fact;
+  const auto fact = std::ranges::find(olderFacts, model, &OlderFact::model);
+  return fact == olderFacts.end() ? nullptr : &*fact;
 }
 
 }  // namespace

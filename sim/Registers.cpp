@@ -12,7 +12,7 @@ namespace sim {
 namespace {
 
 // clang-format off
-constexpr std::array<RegisterFact, 33> facts{{
+constexpr std::array<RegisterFact, 33> registerFacts{{
     // index, name, digits, power-on value, on the Larkspur line
     {"01", "Set-point 1",                         6, "200000", true},
     {"02", "Set-point 2",                         6, "200000", true},
@@ -68,7 +68,7 @@ RegisterBank::RegisterBank(Model model) {
   const auto add = [this](const RegisterFact& fact) {
     cells_[std::string(fact.index)] = {fact, std::string(fact.powerOn)};
   };
-  for (const RegisterFact& fact : facts) {
+  for (const RegisterFact& fact : registerFacts) {
     if (has(model, fact)) add(fact);
   }
   if (model != Model::larkspur) return;

@@ -10,6 +10,7 @@
 #include "core/Memo.h"
 #include "core/Model.h"
 #include "core/NumberText.h"
+#include "core/ScopedRestore.h"
 #include "dialogs/KeptCopies.h"
 #include "dialogs/RunHead.h"
 #include "dialogs/TextOutput.h"
@@ -33,26 +34,12 @@ namespace {
 
 constexpr const char* busAddress = "21";
 
-// What the probe finds out fits the window to the unit after a write or a read. Where neither takes place
-// the window stays with its setup.
-class ModelPutBack {
- public:
-  ModelPutBack() = default;
-  ModelPutBack(const ModelPutBack&) = delete;
-  ModelPutBack& operator=(const ModelPutBack&) = delete;
-  ~ModelPutBack() {
-    DeviceState = state_;
-    BaseModel = std::move(baseModel_);
-  }
-
- private:
-  DeviceStateRecord state_ = DeviceState;
-  std::string baseModel_ = BaseModel;
-};
-
 // In the status window, on the line of the communication tab.
 RunOutcome runJob(bool reading, const UnitJob& job) {
-  const ModelPutBack former;
+  // What the probe finds out fits the window to the unit after a write or a read. Where neither takes place
+  // the window stays with its setup.
+  const ScopedRestore deviceState(DeviceState);
+  const ScopedRestore baseModel(BaseModel);
   Global.AutoDetect = False;
   Global.ReadConfirmed = reading ? 1 : 0;
   auto& window = form<frmSerial>();

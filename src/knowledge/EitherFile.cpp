@@ -9,30 +9,13 @@
 #include "core/ConfigFile.h"
 #include "core/Memo.h"
 #include "core/Model.h"
+#include "core/ScopedRestore.h"
 #include "knowledge/UnitFile.h"
 #include "platform/Files.h"
 
 namespace torvane {
 
 namespace {
-
-// All that the reader of a setup writes into.
-class RecordsPutBack {
- public:
-  RecordsPutBack() = default;
-  RecordsPutBack(const RecordsPutBack&) = delete;
-  RecordsPutBack& operator=(const RecordsPutBack&) = delete;
-  ~RecordsPutBack() {
-    Memo = std::move(records_.memo);
-    Hardware = std::move(records_.hardware);
-    DeviceState = records_.deviceState;
-    BaseModel = std::move(baseModel_);
-  }
-
- private:
-  SetupRecords records_ = presentRecords();
-  std::string baseModel_ = BaseModel;
-};
 
 // Records and model tell the same in two places; the records count, as on the window.
 void takeModelCopies() {
@@ -48,7 +31,11 @@ EitherFile readSetup(std::string_view bytes) {
             .copy = {},
             .fault = "It is neither a whole setup nor a copy of a unit. The file " + check.fault};
   }
-  const RecordsPutBack former;
+  // All that the reader of a setup writes into.
+  const ScopedRestore memo(Memo);
+  const ScopedRestore hardware(Hardware);
+  const ScopedRestore deviceState(DeviceState);
+  const ScopedRestore baseModel(BaseModel);
   Memo.reset();
   storeDefaults();
   resetDeviceState();

@@ -2,10 +2,9 @@
 // A setup as a write would send it.
 #include "knowledge/EncodedSetup.h"
 
-#include <utility>
-
 #include "core/Global.h"
 #include "core/NumberText.h"
+#include "core/ScopedRestore.h"
 #include "platform/RuntimeError.h"
 #include "protocol/Steps.h"
 
@@ -14,39 +13,6 @@ namespace torvane {
 namespace {
 
 constexpr const char* dividedByZero = "!Divide by zero";
-
-// An offset encoder takes the slope that the scale encoder before it left behind.
-class SlopesPutBack {
- public:
-  SlopesPutBack() = default;
-  SlopesPutBack(const SlopesPutBack&) = delete;
-  SlopesPutBack& operator=(const SlopesPutBack&) = delete;
-  ~SlopesPutBack() {
-    Global.RdScale = std::move(reading_);
-    Global.AnalogScale = std::move(analog_);
-  }
-
- private:
-  std::string reading_ = Global.RdScale;
-  std::string analog_ = Global.AnalogScale;
-};
-
-class RecordsPutBack {
- public:
-  explicit RecordsPutBack(const SetupRecords& records) { put(records); }
-  RecordsPutBack(const RecordsPutBack&) = delete;
-  RecordsPutBack& operator=(const RecordsPutBack&) = delete;
-  ~RecordsPutBack() { put(former_); }
-
- private:
-  static void put(const SetupRecords& records) {
-    Memo = records.memo;
-    Hardware = records.hardware;
-    DeviceState = records.deviceState;
-  }
-
-  SetupRecords former_ = presentRecords();
-};
 
 // The bus settings go out on the user's wish alone, the address only for a bus that has one.
 bool isWished(const RegisterStep& row) {
@@ -113,7 +79,9 @@ bool isBus(const char* reg) { return std::string_view(reg) == "1F" || std::strin
 SetupRecords presentRecords() { return {Memo, Hardware, DeviceState}; }
 
 EncodedSetup encodeSetup() {
-  const SlopesPutBack slopes;
+  // An offset encoder takes the slope that the scale encoder before it left behind.
+  const ScopedRestore readingSlope(Global.RdScale);
+  const ScopedRestore analogSlope(Global.AnalogScale);
   Encoding encoding;
   encoding.setup.kind = meterKind();
   for (const RegisterStep& row : registerSteps()) {
@@ -125,7 +93,12 @@ EncodedSetup encodeSetup() {
 }
 
 EncodedSetup encodeSetup(const SetupRecords& records) {
-  const RecordsPutBack former(records);
+  const ScopedRestore memo(Memo);
+  const ScopedRestore hardware(Hardware);
+  const ScopedRestore deviceState(DeviceState);
+  Memo = records.memo;
+  Hardware = records.hardware;
+  DeviceState = records.deviceState;
   return encodeSetup();
 }
 
