@@ -8,7 +8,8 @@
 #ifdef __has_feature
 #if __has_feature(address_sanitizer)
 
-extern "C" void __asan_handle_no_return();  // NOLINT: the sanitizer's own name
+#pragma clang diagnostic ignored "-Wreserved-identifier"  // the sanitizer's own name
+extern "C" void __asan_handle_no_return();
 
 namespace torvane {
 
