@@ -1,5 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The charts follow the boxes with every key, whatever way a setup came into the window.
+#include <utility>
+
+#include <gmock/gmock.h>
+
 #include "tests/editor/EditorTest.h"
 
 namespace torvane {
@@ -26,6 +30,20 @@ TEST_F(Charts, FollowEveryKey) {
   editor.txtRd2.userTyped("1000");
   EXPECT_EQ(editor.plotReading.chart().words,
             "Reading against input: 0.0 at 2000 counts, 100.0 at 9999 counts, a rising line.");
+}
+
+TEST_F(Charts, CountInTheFormatOfTheReading) {
+  chooseProcess();
+  for (const auto& [format, reading] : {std::pair{0, "400"}, {1, "40.0"}, {2, "4.00"}, {3, "0.400"}}) {
+    editor.optDpoint(static_cast<std::size_t>(format)).userClicked();
+    editor.txtIn1.userTyped("0");
+    editor.txtRd1.userTyped("0");
+    editor.txtIn2.userTyped("9999");
+    editor.txtRd2.userTyped("400");
+    EXPECT_THAT(editor.plotReading.chart().words,
+                testing::HasSubstr(", " + std::string(reading) + " at 9999 counts, "))
+        << format;
+  }
 }
 
 TEST_F(Charts, OfTheReadingStandBesideAScaleOnly) {

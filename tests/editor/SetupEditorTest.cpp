@@ -11,6 +11,7 @@
 #include "core/Memo.h"
 #include "core/NumberText.h"
 #include "dialogs/frmHardware.h"
+#include "dialogs/frmWarning.h"
 #include "editor/SetupBoxes.h"
 #include "editor/frmBigFolder.h"
 #include "tests/support/Bench.h"
@@ -96,6 +97,18 @@ TEST_F(SetupEditorTest, PutsIntoEachRecordWhatItsBoxCanHold) {
     ++tried;
   }
   EXPECT_GT(tried, 80);
+}
+
+// Nobody is there to read it.
+TEST_F(SetupEditorTest, ShowsNoWarningOfAnEntryThatItRepairs) {
+  bool warned = false;
+  host.whenever("frmWarning", [&warned] {
+    warned = true;
+    form<frmWarning>().cmdOk.userClicked();
+  });
+  editor.type(rec::txtSp1, "99999");
+  EXPECT_EQ(Memo[rec::txtSp1].text, "999.9");
+  EXPECT_FALSE(warned);
 }
 
 TEST_F(SetupEditorTest, RefusesARecordWithoutABox) {

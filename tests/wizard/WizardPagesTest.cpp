@@ -111,6 +111,7 @@ TEST_F(WizardPages, SayAndShowWhatBelongsToThem) {
       {9, testWarningText, "", true},
   };
   open();
+  EXPECT_EQ(wizard().caption(), "Connection Wizard");
   for (const auto& [number, text, shown, nextEnabled] : cases) {
     turnTo(number);
     EXPECT_EQ(says(), text) << number;
