@@ -10,6 +10,7 @@
 #include "tool/BatchPlan.h"
 #include "tool/Connection.h"
 #include "tool/OwnValues.h"
+#include "tool/RunReport.h"
 #include "tool/Setup.h"
 #include "tool/WriteRecord.h"
 

@@ -5,6 +5,7 @@
 #include "platform/Files.h"
 #include "tool/CompareReport.h"
 #include "tool/Connection.h"
+#include "tool/RunReport.h"
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
 

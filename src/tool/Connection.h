@@ -60,7 +60,6 @@ class Connection {
   bool answersWithoutAddress();
   std::string answersHere() const;
   void askVersion();
-  void settleLine();
   void mustBeOpenable();
   void begin(bool reading);
   void writeOnSerial(bool reset, bool force, std::int16_t isRkw77);
@@ -71,7 +70,6 @@ class Connection {
   bool isReachable();
   void watchBridge();
   void mustFitModel() const;
-  [[noreturn]] void otherLine(const char* hint) const;
   Channel& channel();
 
   LineArguments line_;
@@ -86,20 +84,5 @@ class Connection {
   NetworkChannel network_;
   DeviceDetection detection_;
 };
-
-// "same", "written", "read", "failed" or "skipped".
-const char* verdictWord(Verdict verdict);
-// 0 done, 1 something failed, 3 no unit, 4 port or bridge, 130 cancelled.
-ExitCode exitCodeOf(const RunOutcome& outcome);
-
-// Not all registers had their turn, so nothing can be said of the whole.
-bool brokeOff(const RunOutcome& outcome);
-
-// The unit that was met or written to: type, kind, model, version, address; what is not known is left out.
-Json unitObject(const RunOutcome& outcome);
-Json registersOf(const RunOutcome& outcome);
-std::string registersTable(const RunOutcome& outcome);
-// The line, unit, registers and verdict of a run behind what the object holds already; prints all.
-ExitCode report(const RunOutcome& outcome, const LineArguments& line, Json object, const Output& output);
 
 }  // namespace torvane::tool

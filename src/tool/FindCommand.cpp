@@ -8,6 +8,7 @@
 #include "tool/Connection.h"
 #include "tool/Models.h"
 #include "tool/PortList.h"
+#include "tool/RunReport.h"
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
 

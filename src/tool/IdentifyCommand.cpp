@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the unit on a line is.
 #include "tool/Connection.h"
+#include "tool/RunReport.h"
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
 

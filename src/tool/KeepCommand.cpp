@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Keeps a copy of all registers of a unit.
 #include "tool/Connection.h"
+#include "tool/RunReport.h"
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
 

@@ -2,6 +2,7 @@
 // Puts a copy back into a unit.
 #include "core/Model.h"
 #include "tool/Connection.h"
+#include "tool/RunReport.h"
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
 

@@ -5,6 +5,7 @@
 #include "core/Model.h"
 #include "tool/Connection.h"
 #include "tool/Models.h"
+#include "tool/RunReport.h"
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
 

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 // What a run came to, as JSON and as words.
+#include "tool/RunReport.h"
+
 #include "core/Global.h"
 #include "core/Model.h"
-#include "tool/Connection.h"
 #include "tool/Models.h"
 
 namespace torvane::tool {

@@ -3,6 +3,7 @@
 #include "core/Model.h"
 #include "tool/CompareReport.h"
 #include "tool/Connection.h"
+#include "tool/RunReport.h"
 #include "tool/Setup.h"
 #include "tool/Subcommands.h"
 #include "tool/WriteRecord.h"

@@ -7,8 +7,8 @@
 #include "platform/Clock.h"
 #include "platform/Files.h"
 #include "platform/RuntimeError.h"
-#include "tool/Connection.h"
 #include "tool/Models.h"
+#include "tool/RunReport.h"
 
 namespace torvane::tool {
 

@@ -15,6 +15,7 @@
 #include "tests/support/Trials.h"
 #include "tool/Connection.h"
 #include "tool/RandomSetups.h"
+#include "tool/RunReport.h"
 #include "tool/Setup.h"
 
 namespace torvane {
