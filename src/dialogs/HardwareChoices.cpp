@@ -23,6 +23,9 @@ int chosenOf(std::span<const OptionButton> group) {
   return -1;
 }
 
+// A list of two options has no Ethernet: the row with the same kind of serial line.
+constexpr int ofTwo(int row) { return row == 0 || row == 2 ? 0 : 1; }
+
 void setTabsAvailable(std::initializer_list<int> tabs, bool available) {
   for (int tab : tabs) form<frmBigFolder>().tabBig.setTabAvailable(tab, available);
 }
@@ -171,7 +174,7 @@ void frmHardware::offerRkw77Line() {
   clearAndDisable(chkIsoAnalogOutput);
   optOut[3].setVisible(true);
   const int row = offerOptions(std::span(familyOptions).first<2>());
-  lstOption.setListIndex(row == 0 || row == 2 ? 0 : 1);
+  lstOption.setListIndex(ofTwo(row));
   optOut[7].setVisible(true);
   for (CheckBox* variant : {&chkMonitor, &chkAlarmsOnly, &chkSimpleMenu}) {
     if (variant->enabled()) clearAndDisable(*variant);
@@ -190,7 +193,7 @@ void frmHardware::offerFamily(std::int32_t code) {
   const bool few = code == withoutEthernet;
   const int row = offerOptions(std::span(familyOptions).first(few ? 2 : std::size(familyOptions)));
   if (few) {
-    lstOption.setListIndex(row == 0 || row == 2 ? 0 : 1);
+    lstOption.setListIndex(ofTwo(row));
     optOut[3].setVisible(false);
   }
   lstOption.setListIndex(row);

@@ -76,23 +76,20 @@ void printBlank(Printer& printer, char character) {
   if (character == '\t') printTab(printer);
 }
 
-void printHeading(Printer& printer, const std::string& heading) {
-  PrintText(printer, emptyLine);
-  printer.setBold(true);
-  PrintText(printer, heading + "\n");
-  printer.setBold(false);
-}
-
-void printLabel(Printer& printer, const ReportRow& row) {
-  printer.setBold(row.kind == RowKind::boldField);
-  PrintText(printer, row.label);
+// What follows is plain again.
+void printWeighted(Printer& printer, bool bold, const std::string& text) {
+  printer.setBold(bold);
+  PrintText(printer, text);
   printer.setBold(false);
 }
 
 void printRow(Printer& printer, const ReportRow& row) {
-  if (row.kind == RowKind::heading) return printHeading(printer, row.label);
+  if (row.kind == RowKind::heading) {
+    PrintText(printer, emptyLine);
+    return printWeighted(printer, true, std::string(row.label) + "\n");
+  }
   if (row.kind == RowKind::line) return PrintText(printer, std::string(row.label) + "\n");
-  if (row.kind != RowKind::valueOnly) printLabel(printer, row);
+  if (row.kind != RowKind::valueOnly) printWeighted(printer, row.kind == RowKind::boldField, row.label);
   if (row.kind != RowKind::labelOnly) PrintValue(printer, row.value(row.record));
 }
 
@@ -121,11 +118,9 @@ void printUnit(Printer& printer) {
 
 void printStart(Printer& printer) {
   printer.setUnderline(true);
-  printer.setBold(true);
   PrintText(printer, "\n");
-  PrintText(printer, "Start of Configuration\n");
+  printWeighted(printer, true, "Start of Configuration\n");
   printer.setUnderline(false);
-  printer.setBold(false);
 }
 
 void printDocument(Printer& printer) {

@@ -95,8 +95,10 @@ void frmHardware::showUnit() {
     lstOption.setListIndex(offerOptions(rkw77Options));
   }
   if (DeviceState.AnalogFound != False) optOut[3].setValue(true);
-  chkMonitor.setValue(Memo[rec::monitorOnly].value);
+  tickMonitor();
 }
+
+void frmHardware::tickMonitor() { chkMonitor.setValue(Memo[rec::monitorOnly].value); }
 
 // An output that the family hasn't got can't stay chosen where nobody sees it.
 void frmHardware::showOutputs() {
@@ -126,7 +128,7 @@ void frmHardware::showModel() {
     if (named < 0) cboModel.setListIndex(DeviceState.ModelIndex);
     cboModel.setText(makeModel());
   }
-  chkMonitor.setValue(Memo[rec::monitorOnly].value);
+  tickMonitor();
   if (DeviceState.DeviceClass < 0) showDefaultModel(named);
 }
 

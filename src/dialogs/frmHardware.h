@@ -79,6 +79,7 @@ class frmHardware : public Form {
 
  private:
   void showUnit();
+  void tickMonitor();
   void showOutputs();
   void showAddress();
   void showModel();

@@ -173,6 +173,15 @@ TEST_F(FamilyChoice, OutsideTheRkw77LineTurnsNoneIntoSsrBehindTheNumber) {
   EXPECT_EQ(number(), "Tv832-C24");
 }
 
+TEST_F(FamilyChoice, KeepsTheOutputsThatEveryLineHas) {
+  for (const int output : {4, 5, 6}) {
+    choose("Rkw77[case]");
+    dialog().optOut[static_cast<std::size_t>(output)].userClicked();
+    choose("Tv8");
+    EXPECT_EQ(output2(), output);
+  }
+}
+
 TEST_F(FamilyChoice, ClearsAlarmsOnlyAndSimpleMenu) {
   for (CheckBox* variant : {&dialog().chkAlarmsOnly, &dialog().chkSimpleMenu}) {
     variant->setValue(1);
