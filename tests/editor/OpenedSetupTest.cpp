@@ -103,6 +103,32 @@ TEST_F(OpenedSetup, FromAFileKeepsIt) {
   }
 }
 
+// However strange the texts in it are: nothing that stood in a box before goes to a unit in their place.
+TEST_F(OpenedSetup, FromAnyFileIsTheSameWhateverWasThereBefore) {
+  Global.WarningsOff = True;
+  host.whenever("frmHardware", [] { form<frmHardware>().cmdCancel.userClicked(); });
+  const auto openedAfterAnother = [this] {
+    anySetup();
+    editor.showRecords();
+    fit();
+    editor.tabBig.setTab(0);
+    editor.FileOpen("/a.cfg");
+    editor.commitForRun();
+    return imageNow();
+  };
+  for (int round = 0; round < trials(300) && !HasFailure(); ++round) {
+    anySetup();
+    for (const SetupBox& box : setupBoxes()) {
+      if (between(random, 0, 3) == 0) Memo[box.record].text = anyText(random);
+    }
+    host.files["/a.cfg"] = configModelPart(1) + configSetupPart(1, 1);
+    const Image first = openedAfterAnother();
+    const Image second = openedAfterAnother();
+    for (std::size_t record = 0; record < first.size(); ++record)
+      EXPECT_TRUE(first[record] == second[record]) << round << ", record " << record;
+  }
+}
+
 TEST_F(OpenedSetup, FromATemperatureWithThreeDecimalsHasOne) {
   host.whenever("frmHardware", [] { form<frmHardware>().cmdCancel.userClicked(); });
   chooseOption(rec::optInType, 3, 0);
