@@ -251,6 +251,25 @@ TEST_F(Report, HasNoGapsBetweenSectionsForTheirCarriageReturnsMoveNothing) {
   }
 }
 
+// There every text begins a line of its own, one that prints nothing too: it shows how many stand behind a
+// section.
+TEST_F(Report, OnAStripNarrowerThanTheIndentSpreadsTheShortReportsOut) {
+  for (int kind = kind::fullController; kind <= kind::rkw77; ++kind) {
+    chooseUnit(kind, false);
+    const bool isShort = kind == kind::alarmsOnly || kind == kind::simpleMenu;
+    for (int number = 0; number <= report::lastSection; ++number) {
+      const ReportSection& section = reportSections()[static_cast<std::size_t>(number)];
+      if (!section.printed()) continue;
+      Sheet sheet;
+      sheet.paper->width = report::indent - 1;
+      printSection(sheet.printer, number);
+      ASSERT_FALSE(sheet.paper->runs.empty());
+      const int lines = !section.spaceAfter ? 0 : isShort ? 5 : 1;
+      EXPECT_EQ(sheet.printer.currentY, sheet.paper->runs.back().y + 240 * (1 + lines)) << kind << number;
+    }
+  }
+}
+
 // ---- the command
 
 TEST_F(Report, IsPrintedByTheButtonOfTheChooserWhichStaysOpen) {

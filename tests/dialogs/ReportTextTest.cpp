@@ -58,6 +58,17 @@ TEST_F(ReportText, ThatIsEmptyPrintsNothing) {
   EXPECT_EQ(printer.currentX, 1920);
 }
 
+TEST_F(ReportText, ThatIsAPartOfALineEndsWithThePart) {
+  constexpr std::string_view line = "one two\nthree";
+  for (const std::size_t length : {3U, 7U}) {
+    paper.runs.clear();
+    printer.currentY = 0;
+    PrintText(printer, line.substr(0, length));
+    EXPECT_EQ(paper.runs, (std::vector<Imprint>{{1, 1920, 0, std::string(line.substr(0, length))}}));
+    EXPECT_EQ(printer.currentY, 0);
+  }
+}
+
 TEST_F(ReportText, KeepsItsLeadingBlanksAndItsDoubleOnes) {
   PrintText(printer, "   a  b\n");
   EXPECT_EQ(paper.runs, (std::vector<Imprint>{{1, 1440, 0, "   a  b"}}));
