@@ -170,6 +170,36 @@ TEST_F(HardwareLoad, TurnsNoneIntoSsrOutsideTheRkw77Line) {
   EXPECT_EQ(output2(), 4);
 }
 
+// Its outputs can't be chosen while it only monitors, and are there again when it does more.
+TEST_F(HardwareLoad, KeepsTheAnalogOutputThatAMonitorIsRecordedWith) {
+  for (const std::int32_t remembered : {-1, 4}) {
+    DeviceState.DeviceClass = 1;
+    DeviceState.ModelIndex = remembered;
+    Hardware.Out1 = {False, False, False, True, False};
+    Memo[rec::monitorOnly].value = 1;
+    EXPECT_EQ(output1(), 3) << remembered;
+    EXPECT_FALSE(dialog().optOut[3].enabled());
+    dialog().cmdOk.userClicked();
+    EXPECT_EQ(Hardware.Out1.Analog, True) << remembered;
+    EXPECT_TRUE(Hardware.ModelNumber.ends_with("00-C24")) << Hardware.ModelNumber;
+    close();
+  }
+}
+
+// A setup for a monitor, in front of a unit of the Rkw77 line that a probe has found.
+TEST_F(HardwareLoad, LeavesNoneChosenOnTheRkw77LineAlsoWhereASetupIsForAMonitor) {
+  DeviceState.DeviceClass = 0;
+  DeviceState.IsRkw77 = True;
+  Hardware.Out2 = {False, False, False, False, True};
+  Memo[rec::monitorOnly].value = 1;
+  EXPECT_EQ(output2(), 7);
+  EXPECT_TRUE(dialog().optOut[7].enabled() && dialog().optOut[7].visible());
+  EXPECT_FALSE(dialog().optOut[6].enabled());
+  dialog().cmdOk.userClicked();
+  EXPECT_EQ(Hardware.Out2.None, True);
+  EXPECT_EQ(Hardware.Out2.SSR, False);
+}
+
 TEST_F(HardwareLoad, ShowsTheRecordedOutputAlsoWhenAnAnalogOneWasFound) {
   DeviceState.AnalogFound = True;
   EXPECT_EQ(output1(), 0);
