@@ -80,6 +80,18 @@ TEST_F(Comparing, FoldsRoundingsAndWhatAWriteLeavesAlone) {
   EXPECT_EQ(unit.count("W"), 0U);
 }
 
+// Whoever showed the window asks it how it was left; it need not come up again for that.
+TEST_F(Comparing, ClosedByItsFrameStaysAsItWasLeftAndAsksForNoWrite) {
+  compareAndThen([](frmCompare& window) {
+    window.userClosed();
+    EXPECT_TRUE(isLoaded<frmCompare>());
+    EXPECT_FALSE(window.visible());
+    EXPECT_FALSE(window.writeAsked);
+  });
+  EXPECT_EQ(std::ranges::count(host.events, "centre frmCompare"), 1);
+  EXPECT_EQ(unit.count("W"), 0U);
+}
+
 TEST_F(Comparing, SaysWhichRegisterCouldNotBeRead) {
   unit.faults.refusals = {{"?43", "R16", sim::unlimited}};
   compareAndThen([](frmCompare& window) {

@@ -147,6 +147,19 @@ TEST_F(Recording, ShowsWhatStayedAndWhatIsNotKnown) {
   });
 }
 
+// The register was written; at the look behind it the unit keeps it to itself.
+TEST_F(Recording, HasADashWhereTheUnitDidNotTellWhatItHoldsNow) {
+  writeSetPoint("123.4");
+  unit.faults.refusals = {{"?43", "R16", sim::unlimited}};
+  recordAndThen([](frmRecord& window) {
+    EXPECT_EQ(window.caption(), "Verify and record");
+    const std::string rows = rowsOf(window.lstRecord);
+    EXPECT_NE(rows.find("\n16 Alarm 2 High\t200FA0\t-\tfailed: "), std::string::npos) << rows;
+    EXPECT_NE(rows.find("\nHigh Set-Point\t400.0\t-\tchanged\n"), std::string::npos) << rows;
+    window.cmdClose.userClicked();
+  });
+}
+
 TEST_F(Recording, IsPrinted) {
   writeSetPoint("123.4");
   host.paper = std::make_shared<Paper>();

@@ -60,6 +60,7 @@ TEST_F(TextOutput, BreaksAWordOfMoreThanFiftyCharacters) {
   EXPECT_EQ(printed(fifty + "w"), fifty + " w");
   EXPECT_EQ(printed(fifty + fifty + "w"), fifty + " " + fifty + " w");
   EXPECT_EQ(printed(thirty + " " + thirty), thirty + " " + thirty);
+  EXPECT_EQ(printed("w " + fifty + " " + fifty + "w"), "w " + fifty + " " + fifty + " w");
 }
 
 TEST_F(TextOutput, EndsALineBehindFourHundredCharacters) {

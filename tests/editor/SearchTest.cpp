@@ -103,6 +103,18 @@ TEST_F(Search, GoesToTheBoxByEnter) {
   EXPECT_FALSE(isLoaded<frmSearch>());
 }
 
+TEST_F(Search, BeginsUnderItsTitleWithNothingToGoTo) {
+  host.whenShown("frmSearch", [] {
+    auto& dialog = form<frmSearch>();
+    EXPECT_EQ(dialog.caption(), "Search");
+    EXPECT_EQ(dialog.lstFound.listCount(), 0);
+    EXPECT_FALSE(dialog.cmdGo.enabled());
+    dialog.cmdClose.userClicked();
+  });
+  editor.userTookShortcut("Ctrl+F");
+  EXPECT_TRUE(host.scriptDone());
+}
+
 TEST_F(Search, WithoutAHitStaysWhereItIs) {
   const std::int16_t before = editor.tabBig.tab();
   host.whenShown("frmSearch", [] {
