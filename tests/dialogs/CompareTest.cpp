@@ -31,17 +31,6 @@ TEST_F(Comparing, ShowsADifferenceInWordsAndChangesNothing) {
   EXPECT_FALSE(isLoaded<frmSerial>());
 }
 
-TEST_F(Comparing, ClosedByItsFrameLeavesAllAsItIs) {
-  form<frmBigFolder>().txtSp1.setText("123.4");
-  compareAndThen([](frmCompare& window) {
-    window.userClosed();
-    ASSERT_TRUE(isLoaded<frmCompare>());
-    EXPECT_FALSE(window.visible());
-    EXPECT_FALSE(window.writeAsked);
-  });
-  EXPECT_EQ(unit.count("W"), 0U);
-}
-
 // What the probe has found out of the unit fits the form at a write or a read, not at a look.
 TEST_F(Comparing, LeavesSetupAndModelAsTheyStand) {
   press(&frmWrite::cmdSerial);  // brings model and boxes into line with this unit

@@ -46,12 +46,6 @@ TEST_F(ReportText, OfALineFeedIsAnEmptyLine) {
   EXPECT_EQ(printer.currentY, 240);
 }
 
-TEST_F(ReportText, EndsWhereItEndsAlsoWithinALongerOne) {
-  PrintText(printer, std::string_view("one\ntwo").substr(0, 3));
-  EXPECT_EQ(paper.runs, (std::vector<Imprint>{{1, 1920, 0, "one"}}));
-  EXPECT_EQ(printer.currentY, 0);
-}
-
 TEST_F(ReportText, ThatIsEmptyPrintsNothing) {
   PrintText(printer, "");
   EXPECT_TRUE(paper.runs.empty());
