@@ -153,6 +153,12 @@ TEST_F(AutoTune, NeedsAnOutputInPidWithAutoPid) {
   }
 }
 
+TEST_F(AutoTune, IsUntickedAfterSelfControlWhereNoOutputIsInAutoPid) {
+  for (CheckBox* box : {&editor.chkOut1AutoPID, &editor.chkOut2AutoPID}) box->setValue(0);
+  for (int ticked : {1, 0}) editor.chkOut1Self.setValue(ticked);
+  EXPECT_EQ(editor.chkOut1Start.value(), 0);
+}
+
 TEST_F(AutoTune, IsUntickedUnderSelfControlOnlyWhenNoOutputNeedsIt) {
   for (int pid : {0, 1}) {
     editor.chkOut1Self.setValue(0);

@@ -24,6 +24,7 @@ TEST_F(Search, FindsABoxWithItsTabAndWhatStandsInIt) {
   const auto found = lines("dead");
   EXPECT_TRUE(std::ranges::count(found, "Out1: Dead band: 020.0") == 1);
   EXPECT_EQ(lines("DEAD band out1").size(), 1U) << "all words, in any order and case";
+  EXPECT_EQ(lines("dead xband").size(), 0U) << "each word from its first letter on";
 }
 
 // One box of each kind, and what stands in it before and after a change. The label beside a box comes first,
