@@ -77,6 +77,16 @@ TEST_F(HardwareMoments, InFrontOfAUserTheModelOfThePartNumberTellsTheLine) {
   }
 }
 
+TEST_F(HardwareMoments, AClassOfTheOtherLineThatHasComeSinceGivesWayToTheModels) {
+  DeviceState.DeviceClass = 2;
+  Hardware.ModelNumber = "Tv822-C24";
+  form<frmHardware>();
+  DeviceState.DeviceClass = 0;
+  dialog().cmdOk.userClicked();
+  EXPECT_EQ(Hardware.ModelNumber, "Tv822-C24");
+  EXPECT_EQ(DeviceState.DeviceClass, 1);
+}
+
 TEST_F(HardwareMoments, WhereNoModelIsNamedTheNameStaysAsItWas) {
   DeviceState.DeviceClass = -1;
   DeviceState.ModelIndex = -1;

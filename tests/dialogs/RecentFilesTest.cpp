@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Files as elsewhere: the title, the name that is proposed, the last files, and a file that is dropped.
+#include <algorithm>
+
 #include "core/ConfigFile.h"
 #include "core/Global.h"
 #include "core/Memo.h"
@@ -77,6 +79,19 @@ TEST_F(FilesAsElsewhere, AnOpenedFileIsMarkedWhereTheWindowHadToChangeIt) {
   openNamed("/band.cfg");
   EXPECT_EQ(editor.cboAl1Setup.text(), "Above");
   EXPECT_EQ(editor.caption(), "band.cfg * - Torvane Configuration");
+}
+
+TEST_F(FilesAsElsewhere, NothingWarnsOfWhatTheWindowHadToChangeInADroppedFile) {
+  Memo[rec::txtSp1].text = "5000.";
+  host.files["/wide.cfg"] = configModelPart(1) + configSetupPart(tab::setpoints, 1);
+  Memo[rec::txtSp1].text = "000.0";
+  editor.tabBig.setTab(tab::setpoints);
+  Global.WarningsOff = False;
+  host.events.clear();
+  editor.userDropped("/wide.cfg");
+  EXPECT_EQ(editor.txtSp1.text(), "999.9");
+  EXPECT_EQ(std::ranges::count(host.events, "show modal frmWarning"), 0);
+  EXPECT_EQ(Global.WarningsOff, False);
 }
 
 TEST_F(FilesAsElsewhere, UndoBringsTheOldFilesNameBack) {

@@ -176,14 +176,19 @@ TEST_F(Rescue, StaysUnderAnotherNameWhenTheUserWantsItNot) {
   EXPECT_TRUE(host.files.contains("/data/rescued-1.cfg"));
 }
 
-TEST_F(Rescue, LosesNoneOfTwoThatWereKept) {
+TEST_F(Rescue, LosesNoneOfThoseThatWereKept) {
   start();
-  end();
-  const std::string first = host.files.at(rescue);
-  form<frmBigFolder>().txtSp1.setText("007.0");
-  end();
-  EXPECT_EQ(host.files.at("/data/rescued-1.cfg"), first);
-  EXPECT_NE(host.files.at(rescue), first);
+  std::vector<std::string> kept;
+  for (const char* setPoint : {"000.0", "007.0", "008.0", "009.0"}) {
+    form<frmBigFolder>().txtSp1.setText(setPoint);
+    end();
+    kept.push_back(host.files.at(rescue));
+  }
+  for (std::size_t number = 1; number < kept.size(); ++number) {
+    EXPECT_EQ(host.files.at("/data/rescued-" + std::to_string(number) + ".cfg"), kept[number - 1]) << number;
+    EXPECT_NE(kept[number], kept[number - 1]);
+  }
+  EXPECT_EQ(host.files.size(), kept.size());
 }
 
 TEST_F(Rescue, NeitherFailsNorPromisesWhereNothingCanBeKept) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Files of setups: where the last ones are remembered, what a save that fails leaves, and what they are
 // called.
+#include "core/ConfigFile.h"
 #include "core/Global.h"
 #include "core/Memo.h"
 #include "core/Model.h"
@@ -69,6 +70,24 @@ TEST_F(SetupMoments, AFileThatIsRefusedIsNotOpened) {
   EXPECT_FALSE(openConfiguration("/bad.cfg"));
   EXPECT_TRUE(recentFiles().empty());
   EXPECT_EQ(Global.FileName, "");
+}
+
+// An older file ends after its second stamp and names no model: the name in memory goes through the reader, which
+// takes its last character. One that is cut there says so, and is opened all the same on request.
+TEST_F(SetupMoments, AFileThatEndsBeforeTheModelTakesNoModelFromItself) {
+  host.whenever("frmHardware", [] { form<frmHardware>().cmdCancel.userClicked(); });
+  BaseModel = "Tv16";
+  Hardware.ModelNumber = "unheard of";
+  const std::string whole = configModelPart(1) + configSetupPart(tab::setpoints, 1);
+  const std::string stamp = whole.substr(0, sizeof(double));
+  const std::size_t end = whole.find(stamp, stamp.size()) + stamp.size();
+  for (const std::size_t length : {end, end + 3}) {
+    host.files["/older.cfg"] = whole.substr(0, length);
+    if (length > end) host.expectBox("This is no whole setup:\r/older.cfg", Answer::yes);
+    BaseModel = "Rkv8";
+    ASSERT_TRUE(openConfiguration("/older.cfg"));
+    EXPECT_EQ(BaseModel, "Rkv") << length;
+  }
 }
 
 TEST_F(SetupMoments, AnOpenedFileIsUndoneByItsName) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The warning beside the main window when the unit's serial bus is to change.
 #include "dialogs/frmCommModeWarning.h"
+#include "dialogs/frmHardware.h"
 
 #include <numeric>
 
@@ -70,6 +71,17 @@ TEST_F(CommModeWarning, IsGoneWhenItIsClosed) {
   form<frmCommModeWarning>().show();
   form<frmCommModeWarning>().userClosed();
   EXPECT_FALSE(isLoaded<frmCommModeWarning>());
+}
+
+TEST_F(CommModeWarning, CanBeClosedWhileADialogIsInFrontOfTheMainWindow) {
+  form<frmCommModeWarning>().show();
+  host.whenShown("frmHardware", [] {
+    EXPECT_TRUE(came());
+    EXPECT_FALSE(isLoaded<frmCommModeWarning>());
+    form<frmHardware>().cmdCancel.userClicked();
+  });
+  editor.cmdCnfg.userClicked();
+  EXPECT_TRUE(host.scriptDone());
 }
 
 TEST_F(CommModeWarning, DoesNotComeAtTheStart) {
