@@ -72,8 +72,8 @@ TEST_F(SetupMoments, AFileThatIsRefusedIsNotOpened) {
   EXPECT_EQ(Global.FileName, "");
 }
 
-// An older file ends after its second stamp and names no model: the name in memory goes through the reader, which
-// takes its last character. One that is cut there says so, and is opened all the same on request.
+// An older file ends after its second stamp and names no model: the name in memory goes through the reader,
+// which takes its last character. One that is cut there says so, and is opened all the same on request.
 TEST_F(SetupMoments, AFileThatEndsBeforeTheModelTakesNoModelFromItself) {
   host.whenever("frmHardware", [] { form<frmHardware>().cmdCancel.userClicked(); });
   BaseModel = "Tv16";
