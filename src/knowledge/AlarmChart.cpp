@@ -14,7 +14,7 @@ namespace {
 using namespace chartParts;
 
 enum : int { absolute = 0, deviation = 1 };
-enum : int { above = 0, below = 1, hiLo = 2, band = 3 };
+enum : int { above = 0, below = 1, hiLo = 2, deviationBand = 3 };
 
 // An alarm is active below `low` and above `high`, and stays so within the dead band inside them.
 struct Limits {
@@ -52,7 +52,7 @@ class Reader {
     const double low = usesLow ? take(boxes_.low, "The low setpoint") : 0;
     if (usesHigh) limits.high = limits.base + high;
     if (usesLow) limits.low = limits.base + low;
-    if (boxes_.setup == band) limits.low = limits.base - high;
+    if (boxes_.setup == deviationBand) limits.low = limits.base - high;
     return limits;
   }
 
@@ -81,10 +81,10 @@ class Reader {
 
 std::string choiceMissing(const AlarmBoxes& boxes) {
   if (!boxes.on && !boxes.simpleMenu) return nameOf(boxes) + " is off.";
-  if (boxes.setup < above || boxes.setup > band) return "No setup of the alarm is chosen.";
+  if (boxes.setup < above || boxes.setup > deviationBand) return "No setup of the alarm is chosen.";
   if (boxes.simpleMenu) return boxes.setup > below ? "The simple menu has Above and Below only." : "";
   if (boxes.control != absolute && boxes.control != deviation) return "No control of the alarm is chosen.";
-  if (boxes.setup == band && boxes.control == absolute) return "Band is for Deviation only.";
+  if (boxes.setup == deviationBand && boxes.control == absolute) return "Band is for Deviation only.";
   return "";
 }
 

@@ -32,7 +32,7 @@ void note(Run& run, const RegisterStep& row, const Channel& channel, const std::
 }
 
 // A reply that makes no sense at all ends the read here.
-std::string decoded(Run& run, Channel& channel, const RegisterStep& row) {
+std::string decodedRow(Run& run, Channel& channel, const RegisterStep& row) {
   const std::string reply = channel.readRegister(row.reg);
   try {
     return row.decode(reply);
@@ -46,7 +46,7 @@ std::string decoded(Run& run, Channel& channel, const RegisterStep& row) {
 void readRow(Run& run, Channel& channel, const RegisterStep& row) {
   if (row.rule != StepRule::barOnly && isRead(row)) {
     run.view.upStat(false, std::string(readLabelOf(row, channel.rules().networkLabels)) + "\r");
-    const std::string result = decoded(run, channel, row);
+    const std::string result = decodedRow(run, channel, row);
     // The Rkw77 line has no analog output to enable: its alarm 2 register takes the choice off the window.
     if (row.decode == parseAl2Cnfg && result != "Fail" && onRkw77Line()) {
       run.view.takeAnalogOutputAway();
