@@ -23,7 +23,7 @@ namespace {
 constexpr int mostJobs = 1000;
 
 // Below the options, in the help and on the man page.
-constexpr const char* more =
+constexpr const char* planFormat =
     R"(The first line of PLAN names its columns: line, address, model, setup and serial, in any order; line
 and setup must be there. The header of any further column is the name of a setting, as show --json
 tells it, and its cells are the values of each unit's own. An empty cell is: not addressed; any
@@ -46,7 +46,7 @@ void takeJobs(Arguments& to, const std::string& text) {
   to.jobs = *jobs;
 }
 
-std::vector<OptionRow> options() {
+std::vector<OptionRow> batchOptions() {
   return {
       required({"PLAN", "FILE", "a table: line, address, model, setup, serial", &Arguments::plan}),
       required({"--journal", "FILE", "what has been done, to go on with after any end", &Arguments::journal}),
@@ -223,12 +223,12 @@ class Batch {
   ShellView view_;
 };
 
-ExitCode run(const Arguments& arguments, const Output& output) { return Batch(arguments, output).run(); }
+ExitCode runBatch(const Arguments& arguments, const Output& output) { return Batch(arguments, output).run(); }
 
 }  // namespace
 
 Subcommand batchCommand() {
-  return {"batch", "writes the setups of a plan to many units", options, run, more};
+  return {"batch", "writes the setups of a plan to many units", batchOptions, runBatch, planFormat};
 }
 
 }  // namespace torvane::tool

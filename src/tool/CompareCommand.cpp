@@ -13,7 +13,7 @@ namespace torvane::tool {
 
 namespace {
 
-std::vector<OptionRow> options() {
+std::vector<OptionRow> compareOptions() {
   return joined({required({"LINE_OR_FILE", "LINE", "a line, or a second setup file", &Arguments::first}),
                  required({"SETUP", "FILE", "the setup file", &Arguments::setup})},
                 unitOptions());
@@ -42,7 +42,7 @@ ExitCode compareUnit(const Arguments& arguments, const Output& output) {
   return tell(object, compare(unit, setup), output);
 }
 
-ExitCode run(const Arguments& arguments, const Output& output) {
+ExitCode compareWithSetup(const Arguments& arguments, const Output& output) {
   if (!host<Files>().fileExists(arguments.first)) return compareUnit(arguments, output);
   const UnitImage first = asUnit(loadEither(arguments.first));
   const EncodedSetup setup = asSetup(loadEither(arguments.setup), false);
@@ -54,7 +54,7 @@ ExitCode run(const Arguments& arguments, const Output& output) {
 }  // namespace
 
 Subcommand compareCommand() {
-  return {"compare", "how a unit, or a file, differs from a setup file", options, run};
+  return {"compare", "how a unit, or a file, differs from a setup file", compareOptions, compareWithSetup};
 }
 
 }  // namespace torvane::tool

@@ -22,7 +22,7 @@ std::string words(const std::vector<std::string>& all, const char* between) {
 // What may stand after an option: legal words, a file, or anything.
 std::string valuesOf(const OptionRow& row) {
   if (row.value == "FILE") return "compgen -f -- \"$word\"";
-  const std::vector<std::string> choices = choicesOf(row);
+  const std::vector<std::string> choices = legalTexts(row);
   return choices.empty() ? ":" : "compgen -W '" + words(choices, " ") + "' -- \"$word\"";
 }
 

@@ -27,7 +27,7 @@ void takeAddresses(Arguments& to, const std::string& text) {
   to.addresses = *addresses;
 }
 
-std::vector<OptionRow> options() {
+std::vector<OptionRow> findOptions() {
   return joined(
       {{"--port", "PORT", "COM1 or the path of a device; without it and --host all ports", takePort},
        excluding("--port", {"--host", "HOST:PORT", "host:port of a bridge", takeHost}),
@@ -145,7 +145,7 @@ ExitCode codeOf(const Search& search) {
   return search.searchedAny() || search.skipped().empty() ? ExitCode::noUnit : ExitCode::port;
 }
 
-ExitCode run(const Arguments& arguments, const Output& output) {
+ExitCode findUnits(const Arguments& arguments, const Output& output) {
   Search search(arguments);
   search.run();
   Json object = answer("find");
@@ -161,7 +161,7 @@ ExitCode run(const Arguments& arguments, const Output& output) {
 }  // namespace
 
 Subcommand findCommand() {
-  return {"find", "what answers on a port, behind a bridge, or on every port", options, run};
+  return {"find", "what answers on a port, behind a bridge, or on every port", findOptions, findUnits};
 }
 
 }  // namespace torvane::tool

@@ -9,7 +9,7 @@ namespace torvane::tool {
 
 namespace {
 
-ExitCode run(const Arguments& arguments, const Output& output) {
+ExitCode identifyUnit(const Arguments& arguments, const Output& output) {
   beginRecords();
   Connection connection(arguments.line);
   connection.meet();
@@ -29,6 +29,6 @@ ExitCode run(const Arguments& arguments, const Output& output) {
 
 }  // namespace
 
-Subcommand identifyCommand() { return {"identify", "what the unit on a line is", lineOptions, run}; }
+Subcommand identifyCommand() { return {"identify", "what the unit on a line is", lineOptions, identifyUnit}; }
 
 }  // namespace torvane::tool

@@ -9,13 +9,13 @@ namespace torvane::tool {
 
 namespace {
 
-std::vector<OptionRow> options() {
+std::vector<OptionRow> keepOptions() {
   return joined(lineOptions(),
                 {required({"-o,--output", "FILE", "the copy to write", &Arguments::out}),
                  {"--setup", "FILE", "a setup file that tells the kind of the unit", &Arguments::setup}});
 }
 
-ExitCode run(const Arguments& arguments, const Output& output) {
+ExitCode keepCopy(const Arguments& arguments, const Output& output) {
   mustHaveAFolder(arguments.out);
   beginRecords();
   if (!arguments.setup.empty()) loadSetup(arguments.setup);
@@ -32,6 +32,8 @@ ExitCode run(const Arguments& arguments, const Output& output) {
 
 }  // namespace
 
-Subcommand keepCommand() { return {"keep", "keeps a copy of all registers of a unit", options, run}; }
+Subcommand keepCommand() {
+  return {"keep", "keeps a copy of all registers of a unit", keepOptions, keepCopy};
+}
 
 }  // namespace torvane::tool

@@ -86,7 +86,7 @@ bool isWord(const OptionRow& row) { return !row.names.starts_with('-'); }
 
 std::vector<std::string> namesOf(const OptionRow& row) { return parts(row.names, ','); }
 
-std::vector<std::string> choicesOf(const OptionRow& row) {
+std::vector<std::string> legalTexts(const OptionRow& row) {
   return row.value.find('|') == std::string::npos ? std::vector<std::string>() : parts(row.value, '|');
 }
 
@@ -95,7 +95,7 @@ void refuse(const std::string& option, const std::string& text, const std::strin
 }
 
 void mustBeLegal(const OptionRow& row, const std::string& text) {
-  const std::vector<std::string> legal = choicesOf(row);
+  const std::vector<std::string> legal = legalTexts(row);
   if (legal.empty() || std::ranges::find(legal, text) != legal.end()) return;
   std::string hint = didYouMean(text, legal);
   if (hint.empty()) {

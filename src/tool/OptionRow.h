@@ -39,7 +39,7 @@ std::vector<OptionRow> lineSettingsOptions();  // --baud, --parity, --data, --st
 
 bool isWord(const OptionRow& row);                         // in its place on the line, without a name
 std::vector<std::string> namesOf(const OptionRow& row);    // "-o", "--output"
-std::vector<std::string> choicesOf(const OptionRow& row);  // "7", "8"; empty where any text may come
+std::vector<std::string> legalTexts(const OptionRow& row);  // "7", "8"; empty where any text may come
 
 // A Problem that names option and text, with what may stand there.
 [[noreturn]] void refuse(const std::string& option, const std::string& text, const std::string& hint);

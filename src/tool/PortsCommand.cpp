@@ -30,7 +30,7 @@ std::string wordsOf(const std::optional<DeviceHolder>& holder) {
   return holder ? holder->program + " (process " + std::to_string(holder->process) + ")" : std::string();
 }
 
-ExitCode run(const Arguments&, const Output& output) {
+ExitCode listPorts(const Arguments&, const Output& output) {
   Json object = answer("ports");
   object["ports"] = Json::array();
   std::vector<std::vector<std::string>> rows{{"NAME", "DEVICE", "RIGHTS", "ADAPTER", "IN USE BY"}};
@@ -43,10 +43,12 @@ ExitCode run(const Arguments&, const Output& output) {
   return ExitCode::done;
 }
 
-std::vector<OptionRow> options() { return {}; }
+std::vector<OptionRow> noOptions() { return {}; }
 
 }  // namespace
 
-Subcommand portsCommand() { return {"ports", "the serial ports, and who has them open", options, run}; }
+Subcommand portsCommand() {
+  return {"ports", "the serial ports, and who has them open", noOptions, listPorts};
+}
 
 }  // namespace torvane::tool

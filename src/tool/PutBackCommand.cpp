@@ -10,7 +10,7 @@ namespace torvane::tool {
 
 namespace {
 
-std::vector<OptionRow> options() {
+std::vector<OptionRow> putBackOptions() {
   return joined(lineOptions(), {required({"COPY", "FILE", "the copy to put back", &Arguments::unitFile}),
                                 {"--bus", "", "bus format and address too", &Arguments::bus}});
 }
@@ -24,7 +24,7 @@ void narrow(EncodedSetup& setup, int unitKind) {
   }
 }
 
-ExitCode run(const Arguments& arguments, const Output& output) {
+ExitCode putCopyBack(const Arguments& arguments, const Output& output) {
   const UnitImage copy = loadCopy(arguments.unitFile);
   beginRecords();
   DeviceState.IsRkw77 = asFlag(copy.kind == kind::rkw77);
@@ -38,6 +38,8 @@ ExitCode run(const Arguments& arguments, const Output& output) {
 
 }  // namespace
 
-Subcommand putBackCommand() { return {"put-back", "puts a copy back into a unit", options, run}; }
+Subcommand putBackCommand() {
+  return {"put-back", "puts a copy back into a unit", putBackOptions, putCopyBack};
+}
 
 }  // namespace torvane::tool

@@ -13,7 +13,7 @@ namespace torvane::tool {
 
 namespace {
 
-std::vector<OptionRow> options() {
+std::vector<OptionRow> readOptions() {
   return joined(lineOptions(),
                 {required({"-o,--output", "FILE", "the setup file to write", &Arguments::out}),
                  {"--keep", "FILE", "keep a copy of all registers as well", &Arguments::keep}});
@@ -33,7 +33,7 @@ bool cameToRegisters(const RunOutcome& outcome) {
   return outcome.end != RunEnd::noUnit && outcome.end != RunEnd::otherLine && !outcome.registers.empty();
 }
 
-ExitCode run(const Arguments& arguments, const Output& output) {
+ExitCode readUnit(const Arguments& arguments, const Output& output) {
   mustHaveAFolder(arguments.out);
   if (!arguments.keep.empty()) mustHaveAFolder(arguments.keep);
   SetupDesk desk;
@@ -59,6 +59,6 @@ ExitCode run(const Arguments& arguments, const Output& output) {
 
 }  // namespace
 
-Subcommand readCommand() { return {"read", "reads a unit into a setup file", options, run}; }
+Subcommand readCommand() { return {"read", "reads a unit into a setup file", readOptions, readUnit}; }
 
 }  // namespace torvane::tool

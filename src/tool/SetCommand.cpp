@@ -8,7 +8,7 @@ namespace torvane::tool {
 
 namespace {
 
-std::vector<OptionRow> options() {
+std::vector<OptionRow> setOptions() {
   return {required({"SETUP", "FILE", "the setup file", &Arguments::setup}),
           required({"CHANGE", "NAME=VALUE", "such as 'Setpoint 1=123.4'", &Arguments::changes}),
           required({"-o,--output", "FILE", "the setup file to write", &Arguments::out})};
@@ -50,7 +50,7 @@ std::string wordsOf(const Json& changed, const std::vector<RepairedSetting>& rep
   return words;
 }
 
-ExitCode run(const Arguments& arguments, const Output& output) {
+ExitCode changeSettings(const Arguments& arguments, const Output& output) {
   std::vector<SettingChange> changes;
   changes.reserve(arguments.changes.size());
   for (const std::string& text : arguments.changes) changes.push_back(parseChange(text));
@@ -71,7 +71,7 @@ ExitCode run(const Arguments& arguments, const Output& output) {
 }  // namespace
 
 Subcommand setCommand() {
-  return {"set", "changes settings of a setup file by the rules of entry", options, run};
+  return {"set", "changes settings of a setup file by the rules of entry", setOptions, changeSettings};
 }
 
 }  // namespace torvane::tool

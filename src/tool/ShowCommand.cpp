@@ -11,7 +11,7 @@ namespace torvane::tool {
 
 namespace {
 
-std::vector<OptionRow> options() {
+std::vector<OptionRow> showOptions() {
   return {required({"SETUP", "FILE", "the setup file", &Arguments::setup}),
           {"--csv", "", "as a table of commas", &Arguments::csv},
           {"--pdf", "FILE", "the report as a PDF", &Arguments::pdf}};
@@ -46,7 +46,7 @@ void print(const std::string& file) {
   if (!printReport()) throw Problem(ExitCode::file, file + ": the report can't be written there");
 }
 
-ExitCode run(const Arguments& arguments, const Output& output) {
+ExitCode showSettings(const Arguments& arguments, const Output& output) {
   SetupDesk desk;
   desk.open(arguments.setup);
   const std::vector<NamedSetting> settings = settingsOfRecords();
@@ -64,7 +64,7 @@ ExitCode run(const Arguments& arguments, const Output& output) {
 }  // namespace
 
 Subcommand showCommand() {
-  return {"show", "the settings of a setup file in the report's words", options, run};
+  return {"show", "the settings of a setup file in the report's words", showOptions, showSettings};
 }
 
 }  // namespace torvane::tool

@@ -12,7 +12,7 @@ namespace torvane::tool {
 
 namespace {
 
-std::vector<OptionRow> options() {
+std::vector<OptionRow> writeOptions() {
   return joined(
       lineOptions(),
       {required({"SETUP", "FILE", "the setup file", &Arguments::setup}),
@@ -41,7 +41,7 @@ ExitCode dryRun(const Arguments& arguments, const Output& output) {
   return comparison.unread == 0 ? ExitCode::done : ExitCode::differs;
 }
 
-ExitCode run(const Arguments& arguments, const Output& output) {
+ExitCode writeUnit(const Arguments& arguments, const Output& output) {
   if (!arguments.record.empty()) mustBeNew(arguments.record);
   loadSetup(arguments.setup);
   if (arguments.dryRun) return dryRun(arguments, output);
@@ -57,6 +57,8 @@ ExitCode run(const Arguments& arguments, const Output& output) {
 
 }  // namespace
 
-Subcommand writeCommand() { return {"write", "writes a setup file to a unit and verifies it", options, run}; }
+Subcommand writeCommand() {
+  return {"write", "writes a setup file to a unit and verifies it", writeOptions, writeUnit};
+}
 
 }  // namespace torvane::tool

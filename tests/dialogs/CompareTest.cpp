@@ -179,17 +179,11 @@ TEST_F(Comparing, OfAReadLeavesTheChooserOpen) {
 
 // ---- what is said is what is written
 
-sim::UnitSetup unitOf(int kind) {
-  sim::UnitSetup setup;
-  setup.model = kind == kind::rkw77 ? sim::Model::larkspur : sim::Model::tmp;
-  return setup;
-}
-
 class ComparedWrite : public CompareBench, public testing::WithParamInterface<int> {
  protected:
   const int rounds = trials(100);  // of each kind, over each way
 
-  ComparedWrite() : CompareBench(unitOf(GetParam())) { random.seed(static_cast<unsigned>(60 + GetParam())); }
+  ComparedWrite() : CompareBench(unitOfKind(GetParam())) { random.seed(static_cast<unsigned>(60 + GetParam())); }
 
   void anySetupAndUnit(bool serial, sim::Unit& which) {
     fillRandomMemo(random);

@@ -137,17 +137,11 @@ TEST_F(KeepAndPutBack, NeverPutsBackACopyOfTheOtherLine) {
 
 // ---- every bit, whatever the unit, over either way, through a pulled cable
 
-sim::UnitSetup unitOf(int kind) {
-  sim::UnitSetup setup;
-  setup.model = kind == kind::rkw77 ? sim::Model::larkspur : sim::Model::tmp;
-  return setup;
-}
-
 class PuttingBack : public CompareBench, public testing::WithParamInterface<int> {
  protected:
   const int rounds = trials(100);
 
-  PuttingBack() : CompareBench(unitOf(GetParam())) {
+  PuttingBack() : CompareBench(unitOfKind(GetParam())) {
     random.seed(static_cast<unsigned>(80 + GetParam()));
     chooseKind(GetParam());
     showMemo();

@@ -40,7 +40,7 @@ std::string reading(std::mt19937& random, int code) {
 
 int time(std::mt19937& random) { return between(random, 0, 99) * 100 + between(random, 0, 59); }
 
-int colors(std::mt19937& random) {
+int anyColors(std::mt19937& random) {
   return between(random, 0, 2) + between(random, 0, 2) * 4 + between(random, 0, 2) * 16;
 }
 
@@ -81,7 +81,7 @@ Registers plausibleRegisters(std::mt19937& random) {
   all["19"] = hex(between(random, 0, 1999), 4);
   for (const char* index : {"1A", "1D", "21"}) all[index] = hex(between(random, 1, 199), 2);
   for (const char* index : {"27", "28"}) all[index] = hex(between(random, 0, 99), 2);
-  all["11"] = hex(colors(random), 2);
+  all["11"] = hex(anyColors(random), 2);
   all["24"] = hex(between(random, 0, 255), 2);
   all["1F"] = hex(0x34 + between(random, 0, 1) * 8, 2);
   for (const char* index : {"14", "0F"})

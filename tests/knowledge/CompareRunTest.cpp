@@ -21,15 +21,9 @@ constexpr int kinds = 5;
 const int serialRounds = trials(300);  // per kind, straight from the records
 const int networkRounds = trials(6);   // per kind, through the window
 
-sim::UnitSetup unitOf(int kind) {
-  sim::UnitSetup setup;
-  setup.model = kind == kind::rkw77 ? sim::Model::larkspur : sim::Model::tmp;
-  return setup;
-}
-
 class PredictedWrite : public NetworkBench, public testing::WithParamInterface<int> {
  protected:
-  PredictedWrite() : NetworkBench(unitOf(GetParam())) {
+  PredictedWrite() : NetworkBench(unitOfKind(GetParam())) {
     host.toleratesBoxes = true;
     chooseKind(GetParam());
   }

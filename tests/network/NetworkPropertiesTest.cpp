@@ -13,7 +13,7 @@ namespace torvane {
 namespace {
 
 const int rounds = trials(60);     // straight from the records
-const int wholeRuns = trials(12);  // through the tabs
+const int networkRuns = trials(12);  // through the tabs
 
 struct Meter {
   int kind;
@@ -26,8 +26,7 @@ void PrintTo(const Meter& meter, std::ostream* out) { *out << meter.kind << " at
 class TwinUnits : public NetworkBench, public testing::WithParamInterface<Meter> {
  protected:
   static sim::UnitSetup twin() {
-    sim::UnitSetup setup;
-    setup.model = GetParam().kind == kind::rkw77 ? sim::Model::larkspur : sim::Model::tmp;
+    const sim::UnitSetup setup = unitOfKind(GetParam().kind);
     return GetParam().address == 0 ? setup : onBus(setup, GetParam().address);
   }
   TwinUnits() : NetworkBench(twin()) {
@@ -126,7 +125,7 @@ TEST_P(TwinUnits, GiveTheSameRecordsWhenReadOverEitherWay) {
 }
 
 TEST_P(TwinUnits, HoldTheSameAfterWholeRunsThroughTheTabs) {
-  for (int round = 0; round < wholeRuns; ++round) {
+  for (int round = 0; round < networkRuns; ++round) {
     SCOPED_TRACE(round);
     fill();
     showMemo();

@@ -14,8 +14,7 @@ namespace torvane {
 namespace {
 
 sim::UnitSetup setupOf(const Meter& meter) {
-  sim::UnitSetup setup;
-  setup.model = meter.kind == kind::rkw77 ? sim::Model::larkspur : sim::Model::tmp;
+  const sim::UnitSetup setup = unitOfKind(meter.kind);
   return meter.address == 0 ? setup : onBus(setup, meter.address);
 }
 

@@ -16,7 +16,7 @@ namespace torvane {
 
 namespace {
 
-const int rounds = trials(1000);  // for each kind of unit
+const int encoderRounds = trials(1000);  // for each kind of unit
 
 bool isHexadecimal(const std::string& text) {
   return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) {
@@ -38,7 +38,7 @@ class EncodersProperties : public testing::TestWithParam<int> {
 };
 
 TEST_P(EncodersProperties, LegalSetupsMakePayloadsOfTheRegistersWidthWithoutABox) {
-  for (int round = 0; round < rounds; ++round) {
+  for (int round = 0; round < encoderRounds; ++round) {
     fillRandomMemo(random);
     for (const RegisterUnderTest& reg : allRegisters()) {
       const Encoded encoded = reg.make();
@@ -50,7 +50,7 @@ TEST_P(EncodersProperties, LegalSetupsMakePayloadsOfTheRegistersWidthWithoutABox
 }
 
 TEST_P(EncodersProperties, PayloadAndMaskDependOnTheSetupAlone) {
-  for (int round = 0; round < rounds / 10; ++round) {
+  for (int round = 0; round < encoderRounds / 10; ++round) {
     fillRandomMemo(random);
     const MemoArray before = Memo;
     std::vector<std::string> payloads;
@@ -67,7 +67,7 @@ TEST_P(EncodersProperties, PayloadAndMaskDependOnTheSetupAlone) {
 TEST_P(EncodersProperties, WildSetupsMakeAPayloadOrAnOverflow) {
   int payloads = 0;
   int overflows = 0;
-  for (int round = 0; round < rounds; ++round) {
+  for (int round = 0; round < encoderRounds; ++round) {
     fillWildMemo(random);
     for (const RegisterUnderTest& reg : allRegisters()) {
       try {
@@ -80,8 +80,8 @@ TEST_P(EncodersProperties, WildSetupsMakeAPayloadOrAnOverflow) {
       }
     }
   }
-  EXPECT_GT(payloads, rounds);
-  EXPECT_GT(overflows, rounds);
+  EXPECT_GT(payloads, encoderRounds);
+  EXPECT_GT(overflows, encoderRounds);
 }
 
 INSTANTIATE_TEST_SUITE_P(FiveKinds, EncodersProperties, testing::Range(0, 5));

@@ -16,13 +16,7 @@ namespace {
 
 const int sequences = trials(1000);  // per kind of unit, straight from the records
 const int roundTrips = trials(300);  // per kind of unit that takes every register
-const int wholeRuns = trials(40);    // per kind of unit, through the tabs
-
-sim::UnitSetup unitOfKind(int kind) {
-  sim::UnitSetup setup;
-  setup.model = kind == kind::rkw77 ? sim::Model::larkspur : sim::Model::tmp;
-  return setup;
-}
+const int serialRuns = trials(40);   // per kind of unit, through the tabs
 
 class RandomSetups : public RunBench, public testing::WithParamInterface<int> {
  protected:
@@ -84,7 +78,7 @@ TEST_P(RandomSetups, LeaveBitsOutsideTheMasksAloneAndAreHeldSoThatASecondWriteSe
 }
 
 TEST_P(RandomSetups, AreLeftAsTheyAreByAWrite) {
-  for (int round = 0; round < wholeRuns; ++round) {
+  for (int round = 0; round < serialRuns; ++round) {
     fill();
     const auto before = records();
     window().WriteConfigurationToDevice();
@@ -144,7 +138,7 @@ TEST_P(RandomSetupsOfFullUnits, ComeBackFromTheUnitAsFarAsTheLayoutsCarryThem) {
 }
 
 TEST_P(RandomSetups, AreHeldAlsoWhenTheyGoThroughTheTabsInWholeRuns) {
-  for (int round = 0; round < wholeRuns; ++round) {
+  for (int round = 0; round < serialRuns; ++round) {
     SCOPED_TRACE(round);
     fill();
     chooseKind(GetParam());
@@ -166,7 +160,7 @@ TEST_P(RandomSetups, AreHeldAlsoWhenTheyGoThroughTheTabsInWholeRuns) {
 }
 
 TEST_P(RandomSetups, ChangeNothingInTheUnitWhenTheyAreReadBack) {
-  for (int round = 0; round < wholeRuns; ++round) {
+  for (int round = 0; round < serialRuns; ++round) {
     SCOPED_TRACE(round);
     randomRegisters();
     unit.setRegister("1F", "34");

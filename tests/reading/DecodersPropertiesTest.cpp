@@ -19,7 +19,7 @@ namespace torvane {
 
 namespace {
 
-const int rounds = trials(1000);  // for each kind of unit
+const int decoderRounds = trials(1000);  // for each kind of unit
 
 class DecodersProperties : public testing::TestWithParam<int> {
  protected:
@@ -94,7 +94,7 @@ std::string canonical(const std::string& text) {
 }
 
 TEST_P(DecodersProperties, ReadingBackGivesWhatTheRegistersCarry) {
-  for (int round = 0; round < rounds; ++round) {
+  for (int round = 0; round < decoderRounds; ++round) {
     MemoArray before = roundTrip();
     for (int r : sameTexts) {
       EXPECT_EQ(Memo[r].text, canonical(withoutTrailingPoint(before[r].text))) << r << " " << before[r].text;
@@ -107,7 +107,7 @@ TEST_P(DecodersProperties, ReadingBackGivesWhatTheRegistersCarry) {
 }
 
 TEST_P(DecodersProperties, ReadingBackGivesTheInputAsFarAsItIsRead) {
-  for (int round = 0; round < rounds; ++round) {
+  for (int round = 0; round < decoderRounds; ++round) {
     MemoArray before = roundTrip();
     if (Memo[rec::optInType].flag != False) {
       EXPECT_EQ(Memo[rec::lstTCTypes].value, before[rec::lstTCTypes].value % 2);
@@ -126,7 +126,7 @@ TEST_P(DecodersProperties, ReadingBackGivesTheInputAsFarAsItIsRead) {
 TEST_P(DecodersProperties, ReadingBackGivesTheAlarmsAndOutputsOfTheKindOfUnit) {
   const bool simple = GetParam() == kind::simpleMenu;
   const bool rkw77 = GetParam() == kind::rkw77;
-  for (int round = 0; round < rounds; ++round) {
+  for (int round = 0; round < decoderRounds; ++round) {
     MemoArray before = roundTrip();
     const bool al1On = simple || before[27].value == 1 || before[80].value == 1;
     EXPECT_EQ(Memo[rec::chkAl1Enabled].value, al1On ? 1 : 0);
@@ -154,7 +154,7 @@ TEST_P(DecodersProperties, ReadingBackGivesTheAlarmsAndOutputsOfTheKindOfUnit) {
 }
 
 TEST_P(DecodersProperties, ReadingBackGivesTheBandsThatWereSent) {
-  for (int round = 0; round < rounds; ++round) {
+  for (int round = 0; round < decoderRounds; ++round) {
     MemoArray before = roundTrip();
     const std::string out1 = before[before[51].value != 0 ? 54 : 53].text;
     const std::string own2 = before[before[58].value == 0 ? 61 : 62].text;
@@ -168,7 +168,7 @@ TEST_P(DecodersProperties, ReadingBackGivesTheBandsThatWereSent) {
 }
 
 TEST_P(DecodersProperties, ReadingScaleComesBackToFiveDigits) {
-  for (int round = 0; round < rounds; ++round) {
+  for (int round = 0; round < decoderRounds; ++round) {
     fillRandomMemo(random);
     const std::string payload = makeRdScale().payload;
     const double slope = Val(Global.RdScale);
@@ -180,7 +180,7 @@ TEST_P(DecodersProperties, ReadingScaleComesBackToFiveDigits) {
 
 TEST_P(DecodersProperties, RebuiltReadingPointsLieOnTheRisingLine) {
   int looked = 0;
-  for (int round = 0; round < rounds; ++round) {
+  for (int round = 0; round < decoderRounds; ++round) {
     fillRandomMemo(random);
     Global.RdScale = numberText(between(random, 1, 100000) / 1000.0);
     const std::string payload = std::to_string(between(random, 3, 6)) + "186A0";
@@ -192,11 +192,11 @@ TEST_P(DecodersProperties, RebuiltReadingPointsLieOnTheRisingLine) {
       ++looked;
     }
   }
-  EXPECT_EQ(looked, 2 * rounds);
+  EXPECT_EQ(looked, 2 * decoderRounds);
 }
 
 TEST_P(DecodersProperties, ReadingTwiceChangesNothingButTheLines) {
-  for (int round = 0; round < rounds / 10; ++round) {
+  for (int round = 0; round < decoderRounds / 10; ++round) {
     roundTrip();
     const MemoArray once = Memo;
     for (const RegisterUnderTest& reg : allRegisters()) {
@@ -214,7 +214,7 @@ TEST_P(DecodersProperties, ReadingTwiceChangesNothingButTheLines) {
 TEST_P(DecodersProperties, AnyReplyGivesATextOrAFaultOfTheProgramsOwn) {
   int texts = 0;
   int faults = 0;
-  for (int round = 0; round < rounds; ++round) {
+  for (int round = 0; round < decoderRounds; ++round) {
     for (const RegisterUnderTest& reg : allRegisters()) {
       const std::string reply = wildReply(random);
       try {
@@ -228,13 +228,13 @@ TEST_P(DecodersProperties, AnyReplyGivesATextOrAFaultOfTheProgramsOwn) {
       }
     }
   }
-  EXPECT_GT(texts, rounds);
+  EXPECT_GT(texts, decoderRounds);
   EXPECT_GT(faults, 0);
 }
 
 TEST_P(DecodersProperties, AnyReplyIntoAnySetupGivesATextOrAFaultOfTheProgramsOwn) {
   int outcomes = 0;
-  for (int round = 0; round < rounds / 3; ++round) {
+  for (int round = 0; round < decoderRounds / 3; ++round) {
     fillWildMemo(random);
     Global.RdScale = Memo[between(random, 0, 110)].text;
     Global.AnalogScale = Memo[between(random, 0, 110)].text;
@@ -247,11 +247,11 @@ TEST_P(DecodersProperties, AnyReplyIntoAnySetupGivesATextOrAFaultOfTheProgramsOw
       ++outcomes;
     }
   }
-  EXPECT_EQ(outcomes, rounds / 3 * 33);
+  EXPECT_EQ(outcomes, decoderRounds / 3 * 33);
 }
 
 TEST_P(DecodersProperties, WhatWasReadCanBeWrittenAgain) {
-  for (int round = 0; round < rounds; ++round) {
+  for (int round = 0; round < decoderRounds; ++round) {
     for (const RegisterUnderTest& reg : allRegisters()) {
       std::string reply = std::string("R") + reg.index;
       for (std::size_t i = 0; i < reg.width; ++i) reply += "0123456789ABCDEF"[between(random, 0, 15)];

@@ -25,12 +25,7 @@ void PrintTo(const SoakedUnit& soaked, std::ostream* out) {
 
 class Soak : public NetworkBench, public testing::WithParamInterface<SoakedUnit> {
  protected:
-  static sim::UnitSetup soaked() {
-    sim::UnitSetup setup;
-    setup.model = GetParam().kind == kind::rkw77 ? sim::Model::larkspur : sim::Model::tmp;
-    return setup;
-  }
-  Soak() : NetworkBench(soaked()) {
+  Soak() : NetworkBench(unitOfKind(GetParam().kind)) {
     host.toleratesBoxes = true;
     chooseUnit();
     chooseWay(GetParam().serial);

@@ -60,6 +60,12 @@ const Payloads& fullController() {
 
 }  // namespace
 
+sim::UnitSetup unitOfKind(int kind) {
+  sim::UnitSetup setup;
+  setup.model = kind == kind::rkw77 ? sim::Model::larkspur : sim::Model::tmp;
+  return setup;
+}
+
 sim::UnitSetup onBus(sim::UnitSetup setup, int address) {
   setup.addressed = true;
   setup.address = address;

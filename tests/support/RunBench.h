@@ -15,7 +15,9 @@ inline constexpr const char* noUnitMessage =
     "Communication with controller cannot be established.\r"
     "Please verify COM setup and connection, then try again.";
 
-// A simulated unit at an address of a bus.
+// A simulated unit that can be of a kind, one of core/Model.h.
+sim::UnitSetup unitOfKind(int kind);
+// The unit at an address of a bus.
 sim::UnitSetup onBus(sim::UnitSetup setup, int address);
 
 class RunBench : public Bench {
