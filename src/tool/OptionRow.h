@@ -37,8 +37,8 @@ std::vector<OptionRow> lineOptions();          // LINE, and what unitOptions has
 std::vector<OptionRow> unitOptions();          // --address, --model, and the line's settings
 std::vector<OptionRow> lineSettingsOptions();  // --baud, --parity, --data, --stop
 
-bool isWord(const OptionRow& row);                         // in its place on the line, without a name
-std::vector<std::string> namesOf(const OptionRow& row);    // "-o", "--output"
+bool isWord(const OptionRow& row);                          // in its place on the line, without a name
+std::vector<std::string> namesOf(const OptionRow& row);     // "-o", "--output"
 std::vector<std::string> legalTexts(const OptionRow& row);  // "7", "8"; empty where any text may come
 
 // A Problem that names option and text, with what may stand there.

@@ -183,7 +183,9 @@ class ComparedWrite : public CompareBench, public testing::WithParamInterface<in
  protected:
   const int rounds = trials(100);  // of each kind, over each way
 
-  ComparedWrite() : CompareBench(unitOfKind(GetParam())) { random.seed(static_cast<unsigned>(60 + GetParam())); }
+  ComparedWrite() : CompareBench(unitOfKind(GetParam())) {
+    random.seed(static_cast<unsigned>(60 + GetParam()));
+  }
 
   void anySetupAndUnit(bool serial, sim::Unit& which) {
     fillRandomMemo(random);

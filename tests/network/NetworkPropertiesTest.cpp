@@ -12,7 +12,7 @@ namespace torvane {
 
 namespace {
 
-const int rounds = trials(60);     // straight from the records
+const int rounds = trials(60);       // straight from the records
 const int networkRuns = trials(12);  // through the tabs
 
 struct Meter {
