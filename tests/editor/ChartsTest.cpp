@@ -77,6 +77,7 @@ TEST_F(Charts, OfTheSimpleMenuShowTheDeadBand) {
   chooseUnit(kind::simpleMenu, false);
   fitForm();
   showTab(tab::alarm2);
+  EXPECT_TRUE(editor.plotAlarm2.chart().words.starts_with("Alarm 2. ")) << editor.plotAlarm2.chart().words;
   ASSERT_EQ(editor.plotAlarm2.chart().zones.size(), 3U) << editor.plotAlarm2.chart().reason;
   EXPECT_EQ(editor.plotAlarm2.chart().zones[1].kind, ZoneKind::deadBand);
 }

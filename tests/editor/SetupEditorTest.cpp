@@ -8,6 +8,7 @@
 
 #include <gmock/gmock.h>
 
+#include "core/Global.h"
 #include "core/Memo.h"
 #include "core/NumberText.h"
 #include "dialogs/frmHardware.h"
@@ -109,6 +110,18 @@ TEST_F(SetupEditorTest, ShowsNoWarningOfAnEntryThatItRepairs) {
   editor.type(rec::txtSp1, "99999");
   EXPECT_EQ(Memo[rec::txtSp1].text, "999.9");
   EXPECT_FALSE(warned);
+}
+
+// What a user prefers at the window is not for the shell.
+class SetupEditorAtStart : public Bench {};
+
+TEST_F(SetupEditorAtStart, NeitherResetsAUnitAfterAWriteNorWarns) {
+  const std::string persist = "Torvane Configuration/Persist/";
+  host.settings[persist + "Reset"] = "True";
+  host.settings[persist + "Warn"] = "False";
+  const SetupEditor editor;
+  EXPECT_FALSE(resetsAfterWrite());
+  EXPECT_NE(Global.WarningsOff, 0);
 }
 
 TEST_F(SetupEditorTest, RefusesARecordWithoutABox) {
