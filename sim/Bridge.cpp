@@ -98,9 +98,9 @@ std::vector<Chunk> Bridge::ask(double now, const std::string& line) {
 std::vector<BridgeEvent> Bridge::drop(double now, const std::string& line) {
   faults.dropAt = unlimited;
   faults.reach = faults.afterDrop;
-  if (faults.dropBehind == 0) return {end(now + faults.late)};
+  if (faults.dropAfter == 0) return {end(now + faults.late)};
   std::vector<Chunk> reply = ask(now, line);
-  keepBytes(reply, faults.dropBehind);
+  keepBytes(reply, faults.dropAfter);
   std::vector<BridgeEvent> events = packets(std::move(reply));
   events.push_back(end(events.empty() ? now + faults.late : events.back().at));
   return events;

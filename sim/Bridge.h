@@ -35,12 +35,12 @@ struct BridgeFaults {
 
   // What meets a line, in this order; the unit hears nothing of a line that was met, unless asked to.
   int dropAt = unlimited;  // counts down with each line; at 0 the connection ends, so 1 is the next one ...
-  std::size_t dropBehind = 0;        // ... after so many bytes of its reply; 0: the unit hears nothing of it
+  std::size_t dropAfter = 0;         // ... after so many bytes of its reply; 0: the unit hears nothing of it
   Reach afterDrop = Reach::accepts;  // `reach` from then on
   bool silent = false;               // takes everything and says nothing
   int echoes = 0;                    // lines still said back as they came, as a modem does
   std::string prompt;                // not empty: said to every line, as a Terminal Server does
-  std::vector<Refusal> refusals;     // told by the beginning of the whole line: "*U01", "*" for all
+  std::vector<Refusal> refusals;     // known by the beginning of the whole line: "*U01", "*" for all
 
   std::optional<LineSettings> line;  // of the serial side, if they are not the unit's
 

@@ -41,7 +41,7 @@ bool drop(BridgeFaults& faults, std::string_view argument) {
   int bytes = 0;
   if (!setCount(faults.dropAt, fields[0]) || faults.dropAt == 0 || fields.size() > 3) return false;
   if (fields.size() > 1 && !setCount(bytes, fields[1])) return false;
-  faults.dropBehind = static_cast<std::size_t>(bytes);
+  faults.dropAfter = static_cast<std::size_t>(bytes);
   return fields.size() < 3 || setReach(faults.afterDrop, fields[2]);
 }
 

@@ -10,7 +10,7 @@
 namespace sim {
 
 // Printable characters as they are, others as <CR>, <LF> or two hexadecimal digits in brackets. A text past
-// 200 bytes is cut and its length told.
+// 200 bytes is cut, and its length given.
 std::string visibleText(std::string_view bytes);
 
 // "12.345 > *R07<CR>"

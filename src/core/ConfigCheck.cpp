@@ -15,7 +15,7 @@ namespace torvane {
 
 namespace {
 
-constexpr std::size_t outputsAndBus = 24;  // bytes behind ModelNumber
+constexpr std::size_t outputsAndBus = 24;  // bytes after ModelNumber
 constexpr int tabsOfTheWindow = 12;
 constexpr std::size_t longestModel = 255;
 
@@ -105,7 +105,7 @@ bool isPlausible(const State& state) {
 
 bool isPrintable(char byte) { return byte >= ' ' && byte <= '~'; }
 
-// How sure it is that DeviceState begins behind this text: 0 not at all. A zero byte can't be part of a name,
+// How sure it is that DeviceState begins after this text: 0 not at all. A zero byte can't be part of a name,
 // and DeviceState is never without one.
 int certainty(std::string_view afterRecords, std::size_t length, const Copies& copies) {
   const std::string_view text = afterRecords.substr(0, length);

@@ -8,12 +8,12 @@
 namespace torvane {
 
 struct ConfigCheck {
-  std::string fault;      // why this is no setup, to go behind "The file"; empty: it is one
-  bool older = false;     // ends right behind the second stamp: there is no model behind it
+  std::string fault;      // why this is no setup, to go after "The file"; empty: it is one
+  bool older = false;     // ends with the second stamp, and names no model
   std::string baseModel;  // its bytes in the code page; a reader must have as many in memory
 };
 
-// The file does not say how long BaseModel is, and behind DeviceState the tail of an older, longer file may
+// The file does not say how long BaseModel is, and after DeviceState the tail of an older, longer file may
 // follow. DeviceState is where its fields agree with their copies in Memo and make sense.
 ConfigCheck examineConfiguration(std::string_view bytes);
 

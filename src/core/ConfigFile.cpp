@@ -65,7 +65,7 @@ class ConfigReader {
   std::string_view rest_;
 };
 
-// The layout, told once for both directions.
+// The layout, once for both directions.
 
 void hardwareFields(auto& file) {
   file.text(Hardware.ModelNumber);
@@ -77,8 +77,8 @@ void hardwareFields(auto& file) {
   file.number(Hardware.BusAddress);
 }
 
-void memoRecords(auto& file, int first, int behind) {
-  for (int record = first; record < behind; ++record) {
+void memoRecords(auto& file, int first, int end) {
+  for (int record = first; record < end; ++record) {
     MemoField& field = Memo[record];
     file.number(field.value);
     file.number(field.flag);

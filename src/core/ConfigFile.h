@@ -39,7 +39,7 @@ struct ConfigFrame {
   double secondStamp = 0;
 };
 
-// Fills Hardware, Memo, BaseModel and DeviceState from whatever bytes there are. Behind their end a number
+// Fills Hardware, Memo, BaseModel and DeviceState from whatever bytes there are. After their end a number
 // keeps what it held and a text stays empty. BaseModel takes as many bytes as it has characters and then
 // loses what stands from its first NUL on, or its last character where there is none.
 ConfigFrame readConfiguration(std::string_view bytes);

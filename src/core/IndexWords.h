@@ -16,7 +16,7 @@ struct IndexEntry {
 
 std::span<const IndexEntry> indexEntries();
 
-// The other words for all terms that the text has, each with a blank behind it.
+// The other words for all terms that the text has, each with a blank after it.
 std::string otherWords(std::string_view text);
 // In lower case, without the locale.
 std::string lowerCase(std::string_view text);

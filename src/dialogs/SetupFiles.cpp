@@ -35,7 +35,7 @@ void refuse(const std::string& what, const std::string& path, const std::string&
 
 bool isWanted(const std::string& path, const std::string& fault) {
   return messageBox("This is no whole setup:\r" + path + "\r\rThe file " + fault +
-                        "\rThe tabs may show strange values behind it.\r\rOpen it all the same?",
+                        "\rThe tabs may show strange values after it.\r\rOpen it all the same?",
                     "", Icon::question, Buttons::noYes) == Answer::yes;
 }
 

@@ -132,7 +132,7 @@ std::optional<UnitImage> openCopy() {
   return content.image;
 }
 
-// Behind changed bus settings the unit answers elsewhere: its registers were verified one by one, and that
+// After changed bus settings the unit answers elsewhere: its registers were verified one by one, and that
 // stands.
 void verify(const UnitImage& copy, bool busToo) {
   if (busToo) return;

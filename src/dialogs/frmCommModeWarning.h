@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a change of the unit's serial bus brings about, told beside the main window.
+// What a change of the unit's serial bus brings about, shown beside the main window.
 #pragma once
 
 #include "platform/Form.h"

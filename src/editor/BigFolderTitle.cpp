@@ -48,7 +48,7 @@ void frmBigFolder::Form_FileDropped(const std::string& path) { openNamed(path); 
 bool frmBigFolder::differsFrom(const MemoArray& inFile) {
   MemoArray now = Memo;
   for (int tab = 0; tab < tab::count; ++tab) commitTab(tab, now);
-  // Behind the last of the unit's records stand the rest of the way, and the model.
+  // After the last of the unit's records stand the rest of the way, and the model.
   for (int record = 0; record <= rec::optNoChange; ++record) {
     if (!isOfTheWay(record) && !meansTheSame(now[record], inFile[record])) return true;
   }

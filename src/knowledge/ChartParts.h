@@ -31,7 +31,7 @@ double countValue(int decimals);
 double leastReading(int decimals);
 double mostReading(int decimals);
 
-// An axis over all the values, as wide as told at least, with ticks at round numbers.
+// An axis over all the values, at least as wide as asked for, with ticks at round numbers.
 struct Span {
   double from = 0;
   double to = 0;

@@ -83,7 +83,7 @@ struct RegisterField {
   const char* name;
   FieldForm form;
   std::array<int, 4> records = {-1, -1, -1, -1};  // of Memo, from which a write takes it
-  Choices choices = {};                           // an empty word, and what is behind the end, is no code
+  Choices choices = {};                           // an empty word, and what is after the end, is no code
   bool backward = false;                          // the code counts from the last choice
   bool (*applies)(const UnitContext&) = nullptr;  // none: always
 };

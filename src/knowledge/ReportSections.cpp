@@ -188,7 +188,7 @@ constexpr ReportRow analogRows[] = {
 };
 
 constexpr ReportSection sections[] = {
-    // printed, space behind, rows
+    // printed, space after, rows
     {always, false, protectionRows},
     {always, true, setPointRows},
     {always, true, inputRows},

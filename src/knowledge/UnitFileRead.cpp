@@ -56,9 +56,9 @@ std::string_view checkedBody(std::string_view bytes) {
   const std::size_t start = lines.rfind('\n') + 1;
   const std::string_view last = lines.substr(start);
   if (!last.starts_with(checksumKey)) {
-    const bool behind = bytes.find("\nsha256:") != bytes.npos;
-    refuse(behind ? "There is more behind the checksum of the copy. Use the original file."
-                  : "The copy is not whole: its checksum is missing.");
+    const bool moreFollows = bytes.find("\nsha256:") != bytes.npos;
+    refuse(moreFollows ? "There is more after the checksum of the copy. Use the original file."
+                       : "The copy is not whole: its checksum is missing.");
   }
   const std::string_view body = bytes.substr(0, start);
   if (last.size() != checksumKey.size() + checksumWidth || last.substr(checksumKey.size()) != sha256(body)) {

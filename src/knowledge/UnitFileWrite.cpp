@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t commentColumn = 14;
 
-// A value is one line, and a "#" behind a blank would begin a comment.
+// A value is one line, and a "#" after a blank would begin a comment.
 std::string oneLine(std::string_view text) {
   std::string line;
   for (const char c : text) {

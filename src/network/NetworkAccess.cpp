@@ -16,7 +16,7 @@ namespace {
 
 constexpr double restBeforeReset = 3.0;  // seconds
 constexpr double restBeforeWrite = 3.0;
-constexpr double restBehindDetection = 1.0;
+constexpr double restAfterDetection = 1.0;
 
 enum class Chosen { any, torvane, larkspur };  // the line that the setup is made for
 
@@ -103,7 +103,7 @@ bool NetworkCommunicationOK(Run& run, NetworkChannel& channel, DeviceDetection& 
   run.view.upStat(false, "Found device");
   const AccessVerdict* const verdict = verdictOn(detectFamily(channel, detection));
   if (verdict != nullptr) tell(run, *verdict);
-  waitOut(restBehindDetection);
+  waitOut(restAfterDetection);
   return verdict != nullptr && verdict->granted;
 }
 

@@ -19,15 +19,15 @@ constexpr std::array<char32_t, 32> upperControls = {
     0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,  // 98
 };
 constexpr std::uint8_t firstUpper = 0x80;
-constexpr std::uint8_t behindUpper = 0xA0;
+constexpr std::uint8_t afterUpper = 0xA0;
 
 char32_t codePoint(std::uint8_t byte) {
-  const bool special = byte >= firstUpper && byte < behindUpper;
+  const bool special = byte >= firstUpper && byte < afterUpper;
   return special ? upperControls[static_cast<std::size_t>(byte - firstUpper)] : byte;
 }
 
 char byteOf(char32_t point) {
-  if (point < firstUpper || (point >= behindUpper && point <= 0xFF)) return static_cast<char>(point);
+  if (point < firstUpper || (point >= afterUpper && point <= 0xFF)) return static_cast<char>(point);
   const auto* const found = std::ranges::find(upperControls, point);
   if (found == upperControls.end()) return '?';
   return static_cast<char>(firstUpper + (found - upperControls.begin()));

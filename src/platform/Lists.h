@@ -56,7 +56,7 @@ class ListControl : public Control {
 
  private:
   std::vector<std::string> items_;
-  std::vector<Mark> marks_;  // of the first items; those behind them have none
+  std::vector<Mark> marks_;  // of the first items; those after them have none
   std::int16_t listIndex_ = -1;
 };
 

@@ -42,7 +42,7 @@ constexpr TypeWords typeWords[] = {
 constexpr const char* wiringWords =
     "CommPort is either connected to a modem Or there exists a wiring problem.";
 
-// One command of the probe. The windows are served behind it: three silent ones must not hold them.
+// One command of the probe. The windows are served after it: three silent ones must not hold them.
 std::string ask(SerialChannel& channel, std::string_view command) {
   std::string reply = channel.writePort(framed(command));
   host<Clock>().yield();

@@ -34,7 +34,7 @@ class StatusHistory {
 
   ListBox& list_;
   std::string narrative_;   // of the present line ...
-  std::string failure_;     // ... and what is said behind it
+  std::string failure_;     // ... and what is said after it
   std::size_t judged_ = 0;  // registers
   int firstFailure_ = -1;   // line
 };

@@ -43,7 +43,7 @@ constexpr const char* factoryLine = "9600,o,7,1";
 
 std::string nameOf(int port) { return "COM " + numberText(std::int32_t{port}); }
 
-// Behind a port without a unit the user who has pressed Cancel is asked whether he means it.
+// After a port without a unit the user who has pressed Cancel is asked whether he means it.
 bool findsUnitOn(Run& run, SerialChannel& channel, int port, int progress) {
   run.view.wizardLooks("Looking for a controller on " + nameOf(port) + "...");
   channel.port().commPort = port;

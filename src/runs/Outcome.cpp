@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a run came to, counted and told.
+// What a run came to, counted and put into words.
 #include "runs/Outcome.h"
 
 #include <algorithm>

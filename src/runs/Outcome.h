@@ -31,7 +31,7 @@ struct RegisterOutcome {
 
 enum class RunEnd {
   finished,    // every step was taken, whether or not every register took
-  cancelled,   // by the user, behind the register in hand
+  cancelled,   // by the user, after the register in hand
   noUnit,      // nothing that can be configured answered
   noPort,      // the port could not be opened, and no unit was asked
   noBridge,    // no connection to the bridge

@@ -14,7 +14,7 @@ class RunView {
  public:
   virtual ~RunView() = default;
 
-  // The narrative: a text in place of the present one, or behind it. It carries its own carriage returns.
+  // The narrative: a text in place of the present one, or after it. It carries its own carriage returns.
   virtual void upStat(bool append, std::string_view text) = 0;
   virtual void upProg(std::int16_t percent) = 0;
   virtual Answer box(std::string_view text, std::string_view title = "", Icon icon = Icon::none,

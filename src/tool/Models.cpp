@@ -19,7 +19,7 @@ bool isType(const std::string& model) {
   return std::ranges::any_of(unitTypes, [&](const char* type) { return distance(type, model) == 0; });
 }
 
-// The first digit of the outputs, behind the model and its brackets: 5 is an analog output.
+// The first digit of the outputs, after the model and its brackets: 5 is an analog output.
 bool wantsAnalog(const std::string& partNumber) {
   const std::size_t dash = std::min(partNumber.find('-'), partNumber.size());
   std::string_view digits = std::string_view(partNumber).substr(0, dash);

@@ -8,7 +8,7 @@ namespace torvane::tool {
 
 namespace {
 
-// Letters, not bytes: those of one letter behind its first begin with the bits 10.
+// Letters, not bytes: those of one letter after its first begin with the bits 10.
 std::size_t width(const std::string& text) {
   return static_cast<std::size_t>(std::ranges::count_if(
       text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }));

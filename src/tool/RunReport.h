@@ -23,7 +23,7 @@ bool brokeOff(const RunOutcome& outcome);
 Json unitObject(const RunOutcome& outcome);
 Json registersOf(const RunOutcome& outcome);
 std::string registersTable(const RunOutcome& outcome);
-// The line, unit, registers and verdict of a run behind what the object holds already; prints all.
+// The line, unit, registers and verdict of a run after what the object holds already; prints all.
 ExitCode report(const RunOutcome& outcome, const LineArguments& line, Json object, const Output& output);
 
 }  // namespace torvane::tool

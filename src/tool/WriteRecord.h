@@ -11,7 +11,7 @@ namespace torvane::tool {
 
 struct RecordHead {
   std::string line;
-  std::string who = {};  // empty: not told
+  std::string who = {};  // empty: not given
 };
 
 // What a write saw of the unit before it wrote.

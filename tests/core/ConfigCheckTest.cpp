@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What is a setup, and how long its BaseModel is: saved by every model, with tails behind it, cut off,
+// What is a setup, and how long its BaseModel is: saved by every model, with tails after it, cut off,
 // damaged.
 #include "core/ConfigCheck.h"
 
@@ -60,7 +60,7 @@ class ConfigChecked : public ::testing::Test {
   std::string written() {
     return configModelPart(36000.5) + configSetupPart(static_cast<std::int16_t>(pick(12)), 36000.5);
   }
-  // How many bytes stand before the records behind the second stamp.
+  // How many bytes stand before the records after the second stamp.
   static std::size_t olderSize() {
     std::size_t size = 8 + 26 + Hardware.ModelNumber.size() + 2 + 8;
     for (int record = 0; record < recordsBeforeStamp; ++record) size += 8 + Memo[record].text.size();
@@ -108,7 +108,7 @@ TEST_F(ConfigChecked, FindsTheBaseModelBeforeATailOfAnyLength) {
   }
 }
 
-// A file that was opened out of step and saved again holds a name with rests of numbers behind it.
+// A file that was opened out of step and saved again holds a name with rests of numbers after it.
 TEST_F(ConfigChecked, TakesANameWithARestAtTheEndOfTheFile) {
   fillSetup();
   BaseModel = "Tv8\xC3\xBF\xC3\xBF";
@@ -116,7 +116,7 @@ TEST_F(ConfigChecked, TakesANameWithARestAtTheEndOfTheFile) {
   EXPECT_EQ(examineConfiguration(written()).baseModel, "Tv8\xFF\xFF");
 }
 
-TEST_F(ConfigChecked, TakesAnOlderFileThatEndsBehindItsSecondStamp) {
+TEST_F(ConfigChecked, TakesAnOlderFileThatEndsAfterItsSecondStamp) {
   fillSetup();
   const ConfigCheck check = examineConfiguration(written().substr(0, olderSize()));
   EXPECT_EQ(check.fault, "");

@@ -217,7 +217,7 @@ TEST_F(ConfigFile, TakesAsManyBytesOfBaseModelAsThereAreCharactersInMemory) {
   }
 }
 
-TEST_F(ConfigFile, ReadsTheDeviceStateOutOfStepBehindABaseModelOfAnotherLength) {
+TEST_F(ConfigFile, ReadsTheDeviceStateOutOfStepAfterABaseModelOfAnotherLength) {
   BaseModel = "Rkv16";
   DeviceState = {.IdFlagE = -1, .IdFlagC = 2, .DeviceClass = 1};
   const std::string file = write();

@@ -80,7 +80,7 @@ std::vector<std::string> textsIn(const std::string& code) {
 
 bool isPartOfName(char sign) { return std::isalnum(static_cast<unsigned char>(sign)) != 0 || sign == '_'; }
 
-// What stands in brackets behind each call of that name, and behind the tables that bear it.
+// What stands in brackets after each call of that name, and after the tables that bear it.
 std::vector<std::string> callsOf(const std::string& source, const std::string& name) {
   std::vector<std::string> calls;
   for (std::size_t at = 0; (at = source.find(name, at)) != source.npos; at += name.size()) {

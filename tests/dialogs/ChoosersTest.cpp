@@ -185,7 +185,7 @@ TEST_F(ReadAndWriteChoosers, ClearTheResetPreferenceWithASecondClick) {
   EXPECT_EQ(Global.ResetAfterWrite, False);
 }
 
-TEST_F(ReadAndWriteChoosers, ResetTheUnitBehindAWriteIfTheBoxIsTicked) {
+TEST_F(ReadAndWriteChoosers, ResetTheUnitAfterAWriteIfTheBoxIsTicked) {
   atWrite([](frmWrite& chooser) {
     chooser.chkReset.userClicked();
     chooser.cmdSerial.userClicked();
@@ -197,7 +197,7 @@ TEST_F(ReadAndWriteChoosers, ResetTheUnitBehindAWriteIfTheBoxIsTicked) {
 
 // ---- a run
 
-TEST_F(ReadAndWriteChoosers, OfAWriteStayOpenBehindTheRunAndUnloadItsWindow) {
+TEST_F(ReadAndWriteChoosers, OfAWriteStayOpenAfterTheRunAndUnloadItsWindow) {
   atWrite([](frmWrite& chooser) {
     chooser.cmdSerial.userClicked();
     EXPECT_TRUE(chooser.visible());
@@ -210,16 +210,16 @@ TEST_F(ReadAndWriteChoosers, OfAWriteStayOpenBehindTheRunAndUnloadItsWindow) {
 }
 
 TEST_F(ReadAndWriteChoosers, OfAReadGoWithTheRunWhoseWindowStaysUntilTheMainWindowIsBack) {
-  bool loadedBehindTheRun = false;
-  bool chooserBehindTheRun = true;
+  bool loadedAfterTheRun = false;
+  bool chooserAfterTheRun = true;
   atRead([&](frmRead& chooser) {
     chooser.cmdSerial.userClicked();
-    loadedBehindTheRun = isLoaded<frmSerial>();
-    chooserBehindTheRun = chooser.visible();
+    loadedAfterTheRun = isLoaded<frmSerial>();
+    chooserAfterTheRun = chooser.visible();
   });
   editor().cmdOpen.userClicked();
-  EXPECT_TRUE(loadedBehindTheRun);
-  EXPECT_FALSE(chooserBehindTheRun);
+  EXPECT_TRUE(loadedAfterTheRun);
+  EXPECT_FALSE(chooserAfterTheRun);
   EXPECT_FALSE(isLoaded<frmSerial>());
   EXPECT_FALSE(isLoaded<frmRead>());
 }

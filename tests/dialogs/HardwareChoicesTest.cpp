@@ -161,7 +161,7 @@ TEST_F(FamilyChoice, KeepsTheRowOfTheOptionOnTheWayToAnyOther) {
   }
 }
 
-TEST_F(FamilyChoice, OutsideTheRkw77LineTurnsNoneIntoSsrBehindTheNumber) {
+TEST_F(FamilyChoice, OutsideTheRkw77LineTurnsNoneIntoSsrAfterTheNumber) {
   choose("Rkw77[case]");
   dialog().optOut[7].userClicked();
   EXPECT_EQ(number(), "Rkw77[case]20-C2");

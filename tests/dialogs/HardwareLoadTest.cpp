@@ -266,7 +266,7 @@ TEST_F(HardwareLoad, TellsAnErrorByItsNumberAndCanBeUsedAllTheSame) {
   }
 }
 
-TEST_F(HardwareLoad, LeavesTheMainWindowAloneBehindAProbe) {
+TEST_F(HardwareLoad, LeavesTheMainWindowAloneAfterAProbe) {
   DeviceState.DeviceClass = 1;
   DeviceState.ModelIndex = -1;
   const Looks before = looksOf(editor);

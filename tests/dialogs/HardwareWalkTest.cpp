@@ -75,7 +75,7 @@ TEST_F(HardwareWalk, NeverFailsAndEndsOnATabInUse) {
   }
 }
 
-TEST_F(HardwareWalk, ShowsWhatMakeModelGivesBehindEveryChoiceOfAnOutputOrAnOption) {
+TEST_F(HardwareWalk, ShowsWhatMakeModelGivesAfterEveryChoiceOfAnOutputOrAnOption) {
   for (int seed = 1; seed <= trials(360); ++seed) {
     random.seed(static_cast<unsigned>(seed));
     dialog();
@@ -180,7 +180,7 @@ TEST_F(HardwareTruth, OfAUnitThatWasFoundGoesIntoTheNumberUnseen) {
   }
 }
 
-TEST_F(HardwareTruth, BehindFactoryDefaultsIsTheDefaultModel) {
+TEST_F(HardwareTruth, AfterFactoryDefaultsIsTheDefaultModel) {
   for (int row = 0; row < 18; ++row) {
     dialog().cboModel.userChose(row);
     dialog().optOut[1].userClicked();

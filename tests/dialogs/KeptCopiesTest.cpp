@@ -23,7 +23,7 @@ class KeptCopies : public CompareBench {
   }
 };
 
-TEST_F(KeptCopies, BeforeWritesAreNumberedBehindTheNameThatIsProposed) {
+TEST_F(KeptCopies, BeforeWritesAreNumberedAfterTheNameThatIsProposed) {
   press(&frmWrite::cmdSerial);  // brings the model into line with this unit
   setKeepsCopies(true);
   for (int time = 0; time < 3; ++time) press(&frmWrite::cmdSerial);

@@ -147,7 +147,7 @@ TEST_F(Recording, ShowsWhatStayedAndWhatIsNotKnown) {
   });
 }
 
-// The register was written; at the look behind it the unit keeps it to itself.
+// The register was written; at the look after it the unit keeps it to itself.
 TEST_F(Recording, HasADashWhereTheUnitDidNotTellWhatItHoldsNow) {
   writeSetPoint("123.4");
   unit.faults.refusals = {{"?43", "R16", sim::unlimited}};

@@ -30,7 +30,7 @@ class ReportSections : public ReportBench {
   }
 };
 
-TEST_F(ReportSections, AreThirteenAndTheFirstAndTheLastTwoHaveNoSpaceBehindThem) {
+TEST_F(ReportSections, AreThirteenAndTheFirstAndTheLastTwoHaveNoSpaceAfterThem) {
   ASSERT_EQ(reportSections().size(), 13U);
   for (std::size_t number = 0; number < 13; ++number) {
     EXPECT_EQ(reportSections()[number].spaceAfter, number > 0 && number < 11) << number;

@@ -78,7 +78,7 @@ constexpr const char* adjust = R"(*Loop Break Alarm / Reading Adjust*
 Temperature Adjust:|000.0
 )";
 
-// The page ends behind output 2's third row.
+// The page ends after output 2's third row.
 constexpr const char* outputs = R"(*Loop Break Alarm / Reading Adjust*
 Enabled:|0
 Loop Break Time:|00:15
@@ -225,7 +225,7 @@ TEST_F(Report, GoesOnBelowTheNameAloneWhenAPageEndsInsideASection) {
 }
 
 // The page is turned before the type is set bold, which the foot of a page ends.
-TEST_F(Report, HasItsHeadingsBoldAlsoBehindTheTurnOfAPage) {
+TEST_F(Report, HasItsHeadingsBoldAlsoAfterTheTurnOfAPage) {
   int headings = 0;
   for (int number = 0; number <= report::lastSection; ++number) {
     const ReportSection& section = reportSections()[static_cast<std::size_t>(number)];
@@ -251,7 +251,7 @@ TEST_F(Report, HasNoGapsBetweenSectionsForTheirCarriageReturnsMoveNothing) {
   }
 }
 
-// There every text begins a line of its own, one that prints nothing too: it shows how many stand behind a
+// There every text begins a line of its own, one that prints nothing too: it shows how many stand after a
 // section.
 TEST_F(Report, OnAStripNarrowerThanTheIndentSpreadsTheShortReportsOut) {
   for (int kind = kind::fullController; kind <= kind::rkw77; ++kind) {

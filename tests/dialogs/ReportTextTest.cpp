@@ -206,9 +206,9 @@ TEST_F(ReportText, OfAValueBelowTheLimitStays) {
 TEST_F(ReportText, OfAFooterIsBoldAndLeavesBoldOff) {
   printer.setBold(true);
   PrintPageFooter(printer);
-  printer.print("behind");
+  printer.print("after");
   EXPECT_TRUE(paper.find("Page: 1").bold);
-  EXPECT_FALSE(paper.find("behind").bold);
+  EXPECT_FALSE(paper.find("after").bold);
 }
 
 TEST_F(ReportText, OfAFooterNumbersItsPage) {

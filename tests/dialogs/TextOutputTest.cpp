@@ -63,7 +63,7 @@ TEST_F(TextOutput, BreaksAWordOfMoreThanFiftyCharacters) {
   EXPECT_EQ(printed("w " + fifty + " " + fifty + "w"), "w " + fifty + " " + fifty + " w");
 }
 
-TEST_F(TextOutput, EndsALineBehindFourHundredCharacters) {
+TEST_F(TextOutput, EndsALineAfterFourHundredCharacters) {
   EXPECT_EQ(printed(wordsOf(400)), wordsOf(400));
   EXPECT_EQ(printed(wordsOf(401)), wordsOf(400) + "...");
 }

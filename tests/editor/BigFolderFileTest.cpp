@@ -33,7 +33,7 @@ class Files : public EditorTest {
     host.whenShown("frmRead", [] { form<frmRead>().cmdFile.userClicked(); });
     editor.cmdOpen.userClicked();
   }
-  // The chooser stays open behind a file that is not opened; the user leaves it.
+  // The chooser stays open after a file that is not opened; the user leaves it.
   void refuseToOpen(const std::string& file = path) {
     host.chosenFiles.push_back(file);
     host.whenShown("frmRead", [] { form<frmRead>().cmdFile.userClicked(); });
@@ -53,7 +53,7 @@ TEST_F(Files, SaveOffersItsFilterAndTakesTheNameForTheReport) {
   save();
   EXPECT_EQ(host.filters, std::vector<std::string>{"Configuration Files (*.cfg)|*.cfg|All Files (*.*)|*.*"});
   EXPECT_EQ(Global.FileName, path);
-  EXPECT_TRUE(host.scriptDone()) << "the chooser stays open behind the save";
+  EXPECT_TRUE(host.scriptDone()) << "the chooser stays open after the save";
 }
 
 TEST_F(Files, ASaveThatIsCancelledLeavesEverythingAsItWas) {
@@ -238,7 +238,7 @@ TEST_F(Files, AnOlderFileLoadsWithoutComplaint) {
   open();
   EXPECT_EQ(editor.txtSp1.text(), "000.0");
   EXPECT_TRUE(host.boxes.empty());
-  EXPECT_EQ(editor.txtTCPIPAddress.text(), "") << "a text behind the end stays empty";
+  EXPECT_EQ(editor.txtTCPIPAddress.text(), "") << "a text after the end stays empty";
 }
 
 TEST_F(Files, ATabThatThereIsNotIsSkipped) {

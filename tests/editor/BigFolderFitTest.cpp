@@ -11,7 +11,7 @@ struct Unit {
   int kind;
   bool analogOutput;
   bool retransmission;       // chkAnalogOutputEnabled as it stands before
-  const char* tabsOutOfUse;  // behind the fitting
+  const char* tabsOutOfUse;  // after the fitting
 };
 
 constexpr Unit units[] = {

@@ -146,7 +146,7 @@ TEST_F(Walk, StartsFromAnyImage) {
   }
 }
 
-TEST_F(Walk, NeverShowsATabOutOfUseBehindTheHardwareButton) {
+TEST_F(Walk, NeverShowsATabOutOfUseAfterTheHardwareButton) {
   for (int seed = 1; seed <= trials(500); ++seed) {
     random.seed(static_cast<unsigned>(seed));
     for (int step = 0; step < 50; ++step) act();

@@ -136,7 +136,7 @@ TEST_F(WholeRuns, AUnitAndItsBoxesAgreeAfterAWrite) {
   EXPECT_EQ(editor.txtAl2LoSp.text(), "-0100.");
 }
 
-// Any format, with any tabs visited behind it, sent to a unit and read again.
+// Any format, with any tabs visited after it, sent to a unit and read again.
 TEST_F(WholeRuns, AUnitAndItsBoxesAgreeInAnyFormat) {
   auto& editor = form<frmBigFolder>();
   std::mt19937 random{3};

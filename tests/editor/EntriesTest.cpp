@@ -110,7 +110,7 @@ TEST_F(Entries, TheOutputDecidesHowFarItsPointsGo) {
   EXPECT_EQ(editor.txtAOutOut1.text(), "10.00");
 }
 
-TEST_F(Warnings, StandBeforeTheRepairAndTheFormIsGoneBehindIt) {
+TEST_F(Warnings, StandBeforeTheRepairAndTheFormIsGoneAfterIt) {
   showTab(1);
   editor.txtSp1.userTyped("5");
   meanwhile = [&] {

@@ -194,7 +194,7 @@ TEST_F(HardwareButton, FitsTheFormToTheChosenFamily) {
   EXPECT_EQ(Memo[rec::deviceClass].extra, 1);
 }
 
-TEST_F(HardwareButton, FitsTheFormToTheOldModelBehindCancel) {
+TEST_F(HardwareButton, FitsTheFormToTheOldModelAfterCancel) {
   chooseUnit(kind::simpleMenu, false);
   host.whenShown("frmHardware", [] {
     form<frmHardware>().cboModel.userChose(0);
@@ -260,7 +260,7 @@ TEST_F(HardwareButton, ShowsTheDialogThatFactoryDefaultsHaveLeft) {
   EXPECT_EQ(Hardware.Out1.Pulse, False);
 }
 
-TEST_F(HardwareButton, BehindFactoryDefaultsShowsTheirFitAndNoTabHasChanged) {
+TEST_F(HardwareButton, AfterFactoryDefaultsShowsTheirFitAndNoTabHasChanged) {
   Hardware.Out1 = {False, False, True, False, False};
   host.settings["Torvane Configuration/Persist/rs232"] = "False";
   Memo[rec::menuKind].extra = 1;

@@ -30,7 +30,7 @@ std::string takeBetween(std::string& html, std::string_view open, std::string_vi
   return between;
 }
 
-// The rows of the first table behind the heading, without its head.
+// The rows of the first table after the heading, without its head.
 std::vector<Row> tableAfter(const std::string& file, const std::string& heading) {
   std::string page = pageOf(file);
   takeBetween(page, "<h2>", heading + "</h2>");

@@ -86,7 +86,7 @@ class NothingTouched : public EditorTest {
     return unit;
   }
 
-  // As a read and the fit behind it; the setup of the unit before is still on the window.
+  // As a read and the fit after it; the setup of the unit before is still on the window.
   void readAndFit(const Unit& unit) {
     Global.WarningsOff = True;
     decodeAll(unit.registers);

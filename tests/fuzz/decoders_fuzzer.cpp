@@ -42,7 +42,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (size < 3) return 0;
   chooseUnit(data[0]);
   std::string_view replies(reinterpret_cast<const char*>(data) + 2, size - 2);
-  // Replies stand behind each other, one for each row from the chosen step on.
+  // Replies stand one after the other, one for each row from the chosen step on.
   const auto groups = stepGroups();
   for (std::size_t step = data[1] % groups.size(); step < groups.size() && !replies.empty(); ++step) {
     for (const RegisterStep& row : groups[step]) {

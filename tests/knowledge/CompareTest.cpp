@@ -135,7 +135,7 @@ TEST_F(Compare, SendsNothingForALineThatCantBe) {
             "Ramp Time Format Error");
 }
 
-TEST_F(Compare, SendsNothingBehindANumberThatEndsTheWrite) {
+TEST_F(Compare, SendsNothingAfterANumberThatEndsTheWrite) {
   UnitImage unit = unitAsNow();
   contentOf(unit, "21").payload = "05";
   Memo[rec::txtSp1].text = "99999";

@@ -89,7 +89,7 @@ TEST(UnitFile, IsTextThatAPersonCanRead) {
   EXPECT_EQ(unitFileText(exampleImage()), sealed(body));
 }
 
-TEST(UnitFile, ComesBackAsItWasButForTheWordsBehindTheDigits) {
+TEST(UnitFile, ComesBackAsItWasButForTheWordsAfterTheDigits) {
   UnitImage expected = exampleImage();
   contentOf(expected, "16").reason = "could not be read";
   EXPECT_EQ(readBack(unitFileText(exampleImage())), expected);
@@ -132,7 +132,7 @@ TEST(UnitFile, KeepsKeysThatItDoesNotKnow) {
 TEST(UnitFile, IsReadWithoutItsWords) {
   const std::string text =
       sealed("torvane unit copy 1  # of the oven\n# by hand\nkind: 0\n\nR01 2004D2# 5\n");
-  EXPECT_NE(faultOf(text), "") << "a comment stands behind a blank";
+  EXPECT_NE(faultOf(text), "") << "a comment stands after a blank";
   const UnitImage image = readBack(sealed("torvane unit copy 1\nkind: 0 # full\n\nR01 2004D2 # 999\n"));
   EXPECT_EQ(digitsOf(digitsIn(image), "01"), "2004D2");
 }
@@ -149,8 +149,8 @@ TEST(UnitFile, ThatIsNoneOrNotWholeIsRefusedInPlainWords) {
   EXPECT_EQ(faultOf(head), "The copy is not whole: its checksum is missing.");
   EXPECT_EQ(faultOf(good.substr(0, good.size() - 1)), "The copy is not whole: its end is missing.");
   EXPECT_EQ(faultOf(good + "R07 04\n"),
-            "There is more behind the checksum of the copy. Use the original file.");
-  EXPECT_EQ(faultOf(good + "\n"), "There is more behind the checksum of the copy. Use the original file.");
+            "There is more after the checksum of the copy. Use the original file.");
+  EXPECT_EQ(faultOf(good + "\n"), "There is more after the checksum of the copy. Use the original file.");
   EXPECT_EQ(faultOf(std::string(head) + "sha256: " + std::string(64, '0') + "\n"),
             "The copy was changed or damaged: its checksum does not fit. Use the original file.");
   EXPECT_EQ(faultOf(sealed("torvane unit copy 1\n")), "The copy does not tell what kind of unit it is of.");

@@ -28,10 +28,10 @@ class FaultyNetwork : public NetworkBench {
   }
 
   // Number of the command at which the bridge dies, and what becomes of those who connect again.
-  void dieAt(int command, sim::Reach afterwards, std::size_t behind, bool abrupt) {
+  void dieAt(int command, sim::Reach afterwards, std::size_t after, bool abrupt) {
     bridge.faults = {};
     bridge.faults.dropAt = command;
-    bridge.faults.dropBehind = behind;
+    bridge.faults.dropAfter = after;
     bridge.faults.afterDrop = afterwards;
     bridge.faults.abrupt = abrupt;
   }
@@ -55,7 +55,7 @@ class FaultyNetwork : public NetworkBench {
 struct Death {
   const char* name;
   sim::Reach afterwards;
-  std::size_t behind;
+  std::size_t after;
   bool abrupt;
   double readLimit;  // seconds that no read over it takes
 };
@@ -77,7 +77,7 @@ const Death deaths[] = {
 class BridgeThatDies : public FaultyNetwork, public testing::WithParamInterface<Death> {
  protected:
   void dieAtCommand(int command) {
-    dieAt(command, GetParam().afterwards, GetParam().behind, GetParam().abrupt);
+    dieAt(command, GetParam().afterwards, GetParam().after, GetParam().abrupt);
   }
 };
 
@@ -145,7 +145,7 @@ TEST_F(FaultyNetwork, LosesNothingOfAWriteWhenTheBridgeComesBack) {
 
 TEST_F(FaultyNetwork, KeepsTheRecordsAsFarAsTheyWereDecoded) {
   holdSetup();
-  // Behind the detection, the registers 07, 08, 01, 02.
+  // After the detection, the registers 07, 08, 01, 02.
   dieAt(8 + 5, sim::Reach::never, 0, false);
   Memo[rec::txtSp1].text = "000.0";
   Memo[rec::txtSp2].text = "000.0";

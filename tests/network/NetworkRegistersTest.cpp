@@ -184,7 +184,7 @@ INSTANTIATE_TEST_SUITE_P(
              11},
         Talk{"a refused write counts by what is read", {other, "?43\r", good}, "Success", 3},
         Talk{"a read-back that is looped back", {other, "W", "*R07\r", "W", good}, "Success", 5},
-        Talk{"a read-back with more behind it", {other, "W", "R07260\r", "W", good}, "Success", 5}));
+        Talk{"a read-back with more after it", {other, "W", "R07260\r", "W", good}, "Success", 5}));
 
 TEST_F(NetworkRegisters, AreComparedWithTheAddressInFront) {
   onBus(1, 17);

@@ -62,7 +62,7 @@ TEST_P(NetworkWriteToEachMeter, LeavesTheSetupInTheUnit) {
 
 TEST_P(NetworkWriteToEachMeter, TellsEveryStepWithPayloadOutcomeAndPercentage) {
   runWrite();
-  const Lines told = narrative.behind(isRkw77() ? "LARKSPUR controller found" : "Torvane controller found");
+  const Lines told = narrative.after(isRkw77() ? "LARKSPUR controller found" : "Torvane controller found");
   const auto run = std::ranges::find(told, "Configuring Input Type...\r");
   const std::string last = "RS 485 Address ....\r" + payloads.at("21") + "\rSuccess and Configuration Sent\r";
   EXPECT_EQ(Lines(run, told.end()), overNetwork(writeNarrative(payloads)) + Lines({last, "100%"}));
@@ -215,7 +215,7 @@ TEST_F(NetworkWrite, SendsTheResetWhenAllIsWrittenThreeSecondsLater) {
   EXPECT_GE(log[log.size() - 2].time - log[log.size() - 3].time, 3.0);
   EXPECT_LE(log[log.size() - 2].time - log[log.size() - 3].time, 3.1);
   const std::string testing = "Test access to the unit";
-  EXPECT_EQ(narrative.behind("RS 485 Address ....\r11\rSuccess"),
+  EXPECT_EQ(narrative.after("RS 485 Address ....\r11\rSuccess"),
             (Lines{testing, testing + "Got Z02\r", testing + "Got Z02\rRequest done", "97%",
                    testing + "Got Z02\rRequest done and Configuration Sent\r", "100%"}));
   EXPECT_EQ(window().network->Text1, "Z02");

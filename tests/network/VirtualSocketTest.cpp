@@ -163,7 +163,7 @@ TEST_F(VirtualSockets, WhatCameBeforeTheCloseCanStillBeTaken) {
   socket->onDataArrival = nullptr;
   beConnected();
   bridge.faults.dropAt = 1;
-  bridge.faults.dropBehind = 3;
+  bridge.faults.dropAfter = 3;
   socket->sendData("*R07\r");
   sleep(1);
   EXPECT_EQ(socket->state(), SocketState::peerIsClosing);

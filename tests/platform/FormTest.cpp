@@ -189,12 +189,12 @@ TEST_F(FormTest, LivesUntilTheHandlerThatUnloadsItHasReturned) {
   takeLife();
   a.cmdOk.onClick = [&a] {
     unload<A>();
-    a.log("behind the unload");
+    a.log("after the unload");
     EXPECT_TRUE(isLoaded<A>());
     EXPECT_TRUE(a.visible());
   };
   a.cmdOk.userClicked();
-  EXPECT_THAT(takeLife(), ElementsAre("A behind the unload", "A deactivate", "A unload", "A gone"));
+  EXPECT_THAT(takeLife(), ElementsAre("A after the unload", "A deactivate", "A unload", "A gone"));
   EXPECT_FALSE(isLoaded<A>());
 }
 
@@ -228,12 +228,12 @@ TEST_F(FormTest, IsUnloadedOnceHoweverOftenItIsAsked) {
 TEST_F(FormTest, MayBeUnloadedFromItsActivation) {
   form<A>().onActivate = [] {
     unload<A>();
-    form<A>().log("behind");
+    form<A>().log("after");
   };
   form<A>().show();
   EXPECT_FALSE(isLoaded<A>());
   EXPECT_THAT(takeLife(),
-              ElementsAre("A load", "A activate", "A behind", "A deactivate", "A unload", "A gone"));
+              ElementsAre("A load", "A activate", "A after", "A deactivate", "A unload", "A gone"));
 }
 
 TEST_F(FormTest, IsUnloadedByAFormInFrontOnlyAfterItsOwnHandler) {

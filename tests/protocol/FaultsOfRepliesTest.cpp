@@ -62,8 +62,8 @@ const Harmless harmless[] = {
      }},
     {"WithALineFeed", [](sim::Faults& f) { f.lineEnd = "\n"; }},
     {"WithReturnAndLineFeed", [](sim::Faults& f) { f.lineEnd = "\r\n"; }},
-    {"BehindAStaleReply", [](sim::Faults& f) { f.stale = "R0712\r"; }},
-    {"BehindStaleNoise", [](sim::Faults& f) { f.stale = std::string("\0\xFF*?Time", 8); }},
+    {"AfterAStaleReply", [](sim::Faults& f) { f.stale = "R0712\r"; }},
+    {"AfterStaleNoise", [](sim::Faults& f) { f.stale = std::string("\0\xFF*?Time", 8); }},
 };
 
 class HarmlessReplies : public WriteWithFaultyReplies, public testing::WithParamInterface<Harmless> {
@@ -80,7 +80,7 @@ TEST_P(HarmlessReplies, LeaveTheSetupInTheUnit) {
 TEST_P(HarmlessReplies, ChangeNothingInWhatIsReported) {
   runWrite();
   const Lines done = {"RS 485 Address ....\r11\rSuccessDone\r", "100%"};
-  EXPECT_EQ(narrative.behind("3%"), writeNarrative(all) + done);
+  EXPECT_EQ(narrative.after("3%"), writeNarrative(all) + done);
 }
 
 INSTANTIATE_TEST_SUITE_P(OfEachSort, HarmlessReplies, testing::ValuesIn(harmless),
@@ -94,7 +94,7 @@ TEST_F(WriteWithFaultyReplies, ThrowsAwayAStaleReplyInTheMiddleOfTheRun) {
   EXPECT_EQ(registersOf(unit), expectedRegisters(kind::fullController, all, before));
 }
 
-// What comes behind a line end reaches into the reply to the next command.
+// What comes after a line end reaches into the reply to the next command.
 TEST_F(WriteWithFaultyReplies, VerifiesNothingWhileATailFollowsEveryReply) {
   unit.faults.trailing = "garbage";
   unit.faults.trailingAfter = 0.002;

@@ -70,7 +70,7 @@ TEST_P(PortThatFails, IsReportedInTheWordsOfTheSystemAndTheRunComesToItsEnd) {
   EXPECT_EQ(boxTexts(), (Lines{std::string("Encountered an error:\r") + GetParam()}));
   EXPECT_EQ(outcomes("Fail"), registersInAll);
   EXPECT_TRUE(unit.commands().empty());
-  EXPECT_EQ(narrative.behind("3%")[2], "Configuring Input Type...\r06\rFail");
+  EXPECT_EQ(narrative.after("3%")[2], "Configuring Input Type...\r06\rFail");
   expectEnd();
 }
 
@@ -104,9 +104,9 @@ TEST_F(FaultyWrite, TakesAUnitThatFallsSilentAfterItsVersionForOneWithAWiringPro
   host.expectBox(wiringMessage);
   runWrite();
   EXPECT_EQ(boxTexts(), Lines{wiringMessage});
-  EXPECT_EQ(narrative.behind("3%"), (Lines{"Configuring Input Type...\r", "Configuring Input Type...\r06\r",
-                                           "Configuring Input Type...\r06\rFail",
-                                           "Configuring Input Type...\r06\rFailDone\r", "100%"}));
+  EXPECT_EQ(narrative.after("3%"), (Lines{"Configuring Input Type...\r", "Configuring Input Type...\r06\r",
+                                          "Configuring Input Type...\r06\rFail",
+                                          "Configuring Input Type...\r06\rFailDone\r", "100%"}));
   EXPECT_FALSE(narrative.has("6%")) << "a dead line shows at 3 percent";
   expectEnd();
 }

@@ -109,7 +109,7 @@ struct SkipCase {
   std::size_t line;  // number of the command that can't be sent, counted from 0
   const char* result;
   std::size_t commands;
-  const char* last;  // behind "Looking for version#..."
+  const char* last;  // after "Looking for version#..."
 };
 
 // A command that fails keeps what is known so far: no reply to the probe ends it, one version of three is

@@ -235,7 +235,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 class Verifying : public Registers, public ::testing::WithParamInterface<Talk> {};
 
-// The replies behind a good first read: to W, to R, to W and so on.
+// The replies after a good first read: to W, to R, to W and so on.
 TEST_P(Verifying, WritesAtMostFiveTimesUntilTheReadBackIsWhole) {
   const auto& [what, replies, result, wiring, commands] = GetParam();
   Lines all{"R0700\r"};

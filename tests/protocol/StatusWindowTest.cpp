@@ -207,9 +207,9 @@ class NoUnitAnswers : public StatusWindow {
   NoUnitAnswers() {
     unit.faults.silentAfter = 0;
     form<frmBigFolder>().txtSp1.setText("011.1");
-    host.expectBox(noUnitMessage, Answer::ok, [this] { shownBehindTheBox = window().visible(); });
+    host.expectBox(noUnitMessage, Answer::ok, [this] { shownAfterTheBox = window().visible(); });
   }
-  bool shownBehindTheBox = true;
+  bool shownAfterTheBox = true;
 };
 
 TEST_F(NoUnitAnswers, TellsTheSearchAndStopsThere) {
@@ -226,7 +226,7 @@ TEST_F(NoUnitAnswers, HidesTheWindowBeepsAndSaysSo) {
   EXPECT_EQ(host.boxes[0].text, noUnitMessage);
   EXPECT_EQ(host.boxes[0].icon, Icon::critical);
   EXPECT_EQ(host.boxes[0].buttons, Buttons::ok);
-  EXPECT_FALSE(shownBehindTheBox);
+  EXPECT_FALSE(shownAfterTheBox);
   EXPECT_EQ(host.beeps, 1);
 }
 

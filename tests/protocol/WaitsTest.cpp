@@ -102,7 +102,7 @@ TEST_F(Waits, PauseCountsFromItsStartRoundedToAWholeSecond) {
   }
 }
 
-TEST_F(Waits, PauseEndsBetweenHalfASecondBeforeAndBehindItsTimeForEveryFraction) {
+TEST_F(Waits, PauseEndsBetweenHalfASecondBeforeAndAfterItsTimeForEveryFraction) {
   host.yieldTime = 0.001;
   for (int thousandth = 0; thousandth < 2000; ++thousandth) {
     const double start = 36000 + thousandth / 1000.0;
@@ -140,7 +140,7 @@ TEST_F(Waits, ForAFlagEndsInThePassInWhichItIsSet) {
   EXPECT_TRUE(came);
 }
 
-TEST_F(Waits, ForAFlagEndsAtItsLimitAndNotBehindIt) {
+TEST_F(Waits, ForAFlagEndsAtItsLimitAndNotAfterIt) {
   for (const double seconds : {0.25, 0.5, 2.0, 3.0}) {
     bool came = true;
     EXPECT_EQ(lasts(100.25, [&] { came = waitFor(0, seconds); }), seconds);

@@ -61,7 +61,7 @@ TEST_P(CancelDuringAWrite, GoesOnUnchangedWhenAnsweredNo) {
   runWrite();
   EXPECT_TRUE(host.scriptDone());
   EXPECT_EQ(commandsOfRun(), writeTraffic(kind::fullController, all, before));
-  EXPECT_EQ(narrative.behind("3%"),
+  EXPECT_EQ(narrative.after("3%"),
             (writeNarrative(all) + Lines{"RS 485 Address ....\r11\rSuccessDone\r", "100%"}));
 }
 
@@ -84,7 +84,7 @@ TEST_F(WriteThatIsCancelled, IsCompleteWhenCancelledDuringTheLastStep) {
   const Payloads all = payloadsOfSetup(kind::fullController);
   EXPECT_TRUE(host.scriptDone());
   EXPECT_EQ(registersOf(unit), expectedRegisters(kind::fullController, all, before));
-  EXPECT_EQ(narrative.behind("3%"),
+  EXPECT_EQ(narrative.after("3%"),
             (writeNarrative(all) + Lines{"RS 485 Address ....\r11\rSuccessDone\r", "100%"}));
 }
 

@@ -95,7 +95,7 @@ TEST_P(WriteToEachMeter, TellsEveryStepWithPayloadOutcomeAndPercentage) {
   runWrite();
   const std::string last = "RS 485 Address ....\r" + payloads.at("21") + "\rSuccess";
   // The Rkw77 line keeps no output limits, and its percentages are those of the window.
-  EXPECT_EQ(narrative.behind("3%"), (writeNarrative(payloads) + Lines{last + "Done\r", "100%"}));
+  EXPECT_EQ(narrative.after("3%"), (writeNarrative(payloads) + Lines{last + "Done\r", "100%"}));
 }
 
 TEST_P(WriteToEachMeter, ReadsEveryRegisterOnceAndWritesNoneWhenTheUnitHoldsTheSetup) {
@@ -187,7 +187,7 @@ TEST_F(ImpossibleReadingScale, IsReported) {
   host.expectBox("Divide by Zero", Answer::yes);
   runWrite();
   const std::string label = "Configuring Reading Scale...\r";
-  const Lines told = narrative.behind("15%");
+  const Lines told = narrative.after("15%");
   const Lines expected = {label, label + "!Divide by zero\r", "18%",
                           label + "!Divide by zero\rReading Scale and Offset error",
                           "Configuring Alarm 1 Configuration...\r"};
@@ -239,7 +239,7 @@ TEST_F(WriteRun, PassesAnImpossibleAnalogScaleInSilence) {
   runWrite();
   EXPECT_EQ(commandsFor("0F") + commandsFor("04"), 0U);
   EXPECT_TRUE(host.boxes.empty());
-  const Lines told = narrative.behind("88%");
+  const Lines told = narrative.after("88%");
   const std::string label = "Analog output scale.... \r";
   EXPECT_EQ(Lines(told.begin(), told.begin() + 4),
             (Lines{label, label + "!Divide by zero\r", "91%", "% Output 1 low....\r"}));
@@ -346,7 +346,7 @@ TEST_F(WriteRun, EndsAtAnOverflowWithTheEarlierRegistersWrittenAndStillSaysDone)
   runWrite();
   EXPECT_EQ(registersOf(unit), expectedRegisters(kind::fullController, reached, before));
   EXPECT_EQ(commandsOfRun(), writeTraffic(kind::fullController, reached, before));
-  EXPECT_EQ(narrative.behind("12%"),
+  EXPECT_EQ(narrative.after("12%"),
             (Lines{"Configuring Set-Point 2...\r", "Configuring Set-Point 2...\rDone\r", "100%"}));
 }
 
@@ -372,8 +372,8 @@ TEST_F(WriteRun, SendsTheResetWhenAllIsWritten) {
   runWrite();
   EXPECT_EQ(commandsOfRun().back(), "*Z02");
   EXPECT_EQ(unit.count("Z02"), 1U);
-  EXPECT_EQ(narrative.behind("94%").back(), "100%");
-  EXPECT_EQ(narrative.behind("RS 485 Address ....\r11\rSuccess"),
+  EXPECT_EQ(narrative.after("94%").back(), "100%");
+  EXPECT_EQ(narrative.after("RS 485 Address ....\r11\rSuccess"),
             (Lines{"Resetting...\r", "97%", "Resetting...\rDone\r", "100%"}));
   EXPECT_FALSE(window().MSComm1->isOpen());
 }

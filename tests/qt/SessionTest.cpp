@@ -128,7 +128,7 @@ TEST_F(Session, ASilentUnitIsToldOnceAndNothingIsWritten) {
   EXPECT_EQ(count("W"), 0U);
 }
 
-TEST_F(Session, CancelStopsBehindTheRegisterThatIsUnderWay) {
+TEST_F(Session, CancelStopsAfterTheRegisterThatIsUnderWay) {
   user().answer = Answer::yes;
   user().whenShown("frmWrite", [] { click(user(), form<frmWrite>(), "cmdSerial"); });
   user().then([] { return isLoaded<frmSerial>() && form<frmSerial>().lblProgress.value() > 1000; },

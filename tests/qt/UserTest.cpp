@@ -321,13 +321,13 @@ TEST_F(UserTest, ARefusedTabIsPushedBack) {
 
 TEST_F(UserTest, AHandlerMayCloseItsOwnForm) {
   auto& test = show();
-  bool behind = false;
+  bool wentOn = false;
   test.cmdEnd.onClick = [&] {
     unload<TestForm>();
-    behind = true;
+    wentOn = true;
   };
   click("cmdEnd");
-  EXPECT_TRUE(behind);
+  EXPECT_TRUE(wentOn);
   EXPECT_FALSE(isLoaded<TestForm>());
   host_.yield();
   EXPECT_TRUE(host_.failures.empty());

@@ -190,7 +190,7 @@ TEST_F(WindowTest, Centres) {
   EXPECT_LE(off.manhattanLength(), 16);  // but for the frame, which is not known before
 }
 
-TEST_F(WindowTest, HasRoomForTextsThatCameBehindItsCentring) {
+TEST_F(WindowTest, HasRoomForTextsThatCameAfterItsCentring) {
   layouts().back().build = [](QWidget& window) {
     buildOther(window);
     auto* text = new QLabel(&window);

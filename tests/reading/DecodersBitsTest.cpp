@@ -265,7 +265,7 @@ TEST_F(DecodersBits, MiscellaneousHoldsTheLevelOfProtection) {
   EXPECT_EQ(Memo[rec::optIDCode + 2].flag, True);
 }
 
-// The options are stored as a row of flags; what stands behind the row is another control's.
+// The options are stored as a row of flags; what stands after the row is another control's.
 TEST_F(DecodersBits, OptionsEndWithTheirLast) {
   Memo[rec::lstTCTypes].flag = 77;
   Memo[rec::cboTUnit].flag = 77;

@@ -258,9 +258,9 @@ TEST_F(Detection, JudgesTheRegistersByTheLengthsOfTheirData) {
     for (std::size_t length = 1; length <= 20; ++length) {
       at(step);
       const auto result = results.find(length);
-      const auto behind = next.find(length);
+      const auto after = next.find(length);
       EXPECT_EQ(answer(command + digits(length)), result == results.end() ? -2 : result->second) << command;
-      EXPECT_EQ(detection.detectionStep, behind == next.end() ? step : behind->second) << command << length;
+      EXPECT_EQ(detection.detectionStep, after == next.end() ? step : after->second) << command << length;
       const auto name = names.find(detection.detectionResult);
       EXPECT_EQ(detection.detectedName, name == names.end() ? "(none)" : name->second) << command << length;
     }

@@ -161,7 +161,7 @@ const Harmless harmless[] = {
     {"Late", [](sim::Faults& f) { f.late = 0.4; }},
     {"WithALineFeed", [](sim::Faults& f) { f.lineEnd = "\n"; }},
     {"WithReturnAndLineFeed", [](sim::Faults& f) { f.lineEnd = "\r\n"; }},
-    {"BehindAStaleReply", [](sim::Faults& f) { f.stale = "R0712\r"; }},
+    {"AfterAStaleReply", [](sim::Faults& f) { f.stale = "R0712\r"; }},
 };
 
 class ReadOfHarmlessReplies : public FaultyRead, public testing::WithParamInterface<Harmless> {};

@@ -36,7 +36,7 @@ class ReadBench : public RunBench {
   }
 
   frmBigFolder& editor() { return form<frmBigFolder>(); }
-  // The bus settings are only told: the unit goes on to listen as it does.
+  // The bus settings are only shown: the unit goes on to listen as it does.
   std::string answered(const std::string& reg) const {
     const int address = unit.setup().addressed ? unit.setup().address : -1;
     return (address < 0 ? "" : rs485AddressHex()) + "R" + reg + held.at(reg);
@@ -96,7 +96,7 @@ TEST_P(ReadOfEachMeter, AsksForTheRegistersOfThePlanLineByLineAndWritesNone) {
 TEST_P(ReadOfEachMeter, TellsEveryStepWithItsResultAndPercentage) {
   runRead();
   const Lines done = {std::string(lastWords) + "Done\r", "100%"};
-  EXPECT_EQ(narrative.behind("3%"), readNarrative(isRkw77(), outcomes) + done);
+  EXPECT_EQ(narrative.after("3%"), readNarrative(isRkw77(), outcomes) + done);
 }
 
 TEST_P(ReadOfEachMeter, ChangesNothingInTheUnit) {
@@ -309,7 +309,7 @@ TEST_F(ReadRunWithATypeFault, ShowsWhatWasReadSoFar) {
 
 TEST_F(ReadRunWithATypeFault, StillComesToDoneAndIsNoLongerDue) {
   runRead();
-  EXPECT_EQ(narrative.behind("24%"),
+  EXPECT_EQ(narrative.after("24%"),
             (Lines{"Reading Alarm 1 High Set-Pt...\r", "Reading Alarm 1 High Set-Pt...\rDone\r", "100%"}));
   EXPECT_EQ(Global.ReadConfirmed, 0);
   EXPECT_TRUE(host.boxes.empty());

@@ -87,7 +87,7 @@ class CellBench : public NetworkBench {
     return std::string(isWrite() ? row.writeLabel : row.readLabel) + "\r";
   }
 
-  // The label of the next row begins it; what is said behind the label, and behind the payload, is its
+  // The label of the next row begins it; what is said after the label, and after the payload, is its
   // outcome.
   void hear(const std::string& caption) {
     while (next_ < runPlan().size() && *runPlan()[next_].reg == 0) ++next_;
@@ -139,7 +139,7 @@ class CellBench : public NetworkBench {
   int step_ = 0;
   std::size_t row_ = 0;   // of the plan, the present one
   std::size_t next_ = 0;  // the one whose label comes next
-  int said_ = 0;          // texts behind the label of the present row
+  int said_ = 0;          // texts after the label of the present row
   std::string label_;
   CellOutcome outcome_;
 };

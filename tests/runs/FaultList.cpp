@@ -23,10 +23,10 @@ void refuseRegister(FaultScene& scene, const char* code) {
   refuse(scene, code, "W" + scene.reg);
 }
 
-void drop(FaultScene& scene, sim::Reach afterwards, std::size_t behind = 0, bool abrupt = false) {
+void drop(FaultScene& scene, sim::Reach afterwards, std::size_t after = 0, bool abrupt = false) {
   scene.bridge.faults.dropAt = 1;
   scene.bridge.faults.afterDrop = afterwards;
-  scene.bridge.faults.dropBehind = behind;
+  scene.bridge.faults.dropAfter = after;
   scene.bridge.faults.abrupt = abrupt;
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What is in the way to a unit: told in the last line of the run, on the main window and on the tab Comm.
+// What is in the way to a unit: shown in the last line of the run, on the main window and on the tab Comm.
 #include "runs/NoWay.h"
 
 #include "core/Memo.h"

@@ -67,7 +67,7 @@ TEST(BridgeOptions, WhatMeetsALine) {
 TEST(BridgeOptions, Drops) {
   EXPECT_EQ(faultsOf("drop:3").dropAt, 3);
   const BridgeFaults whole = faultsOf("drop:3,2,never");
-  EXPECT_EQ(whole.dropBehind, 2U);
+  EXPECT_EQ(whole.dropAfter, 2U);
   EXPECT_EQ(whole.afterDrop, Reach::never);
 }
 

@@ -175,7 +175,7 @@ TEST_F(BridgeTest, DropsAtALineUnasked) {
 
 TEST_F(BridgeTest, DropsAfterSomeBytesOfAReply) {
   bridge.faults.dropAt = 1;
-  bridge.faults.dropBehind = 3;
+  bridge.faults.dropAfter = 3;
   const Events events = ask("*R07");
   ASSERT_EQ(kinds(events), "data closed");
   EXPECT_EQ(packets(events), "[R07]");
@@ -185,7 +185,7 @@ TEST_F(BridgeTest, DropsAfterSomeBytesOfAReply) {
 
 TEST_F(BridgeTest, DropsAfterAWholeReplyAndAfterSilence) {
   bridge.faults.dropAt = 1;
-  bridge.faults.dropBehind = 100;
+  bridge.faults.dropAfter = 100;
   EXPECT_EQ(packets(ask("*R07")), "[R0704\r]");
   bridge.faults.dropAt = 1;
   unit.faults.silentAfter = 0;

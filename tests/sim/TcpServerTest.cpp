@@ -126,7 +126,7 @@ TEST_F(Tcp, ClosesWithAReset) {
 
 TEST_F(Tcp, DropsInTheMiddleOfAReplyAndAnswersAgain) {
   bridge.faults.dropAt = 2;
-  bridge.faults.dropBehind = 3;
+  bridge.faults.dropAfter = 3;
   const int port = serve();
   TestSocket socket(port);
   EXPECT_EQ(socket.ask("*R07"), "R0704\r");

@@ -15,7 +15,7 @@ std::string joined(const std::vector<sim::Chunk>& chunks);
 // Sends one command at second 0 and gives back all that the unit says to it.
 std::string ask(sim::Unit& unit, const std::string& command);
 
-// One opening of a device file, raw, at 9600 baud unless told.
+// One opening of a device file, raw, at 9600 baud unless told otherwise.
 class TestPort {
  public:
   explicit TestPort(const std::string& path, int baud = 9600);

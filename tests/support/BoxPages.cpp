@@ -27,7 +27,7 @@ void replaceAll(std::string& text, std::string_view from, std::string_view to) {
   }
 }
 
-// What stands between the two, from `at` on; `at` goes behind it, or to npos at the end.
+// What stands between the two, from `at` on; `at` goes past it, or to npos at the end.
 std::string between(const std::string& text, std::string_view open, std::string_view close, std::size_t& at) {
   at = text.find(open, at);
   if (at == text.npos) return "";

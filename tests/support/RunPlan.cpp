@@ -162,7 +162,7 @@ void Narrative::listen(frmSerial& window) {
 
 bool Narrative::has(const std::string& line) const { return std::ranges::find(lines, line) != lines.end(); }
 
-Lines Narrative::behind(const std::string& line) const {
+Lines Narrative::after(const std::string& line) const {
   const auto found = std::ranges::find(lines, line);
   return found == lines.end() ? Lines{} : Lines(found + 1, lines.end());
 }

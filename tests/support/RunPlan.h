@@ -51,7 +51,7 @@ class Narrative {
   void listen(frmSerial& window);
   bool has(const std::string& line) const;
   // The lines after the first one that reads so.
-  Lines behind(const std::string& line) const;
+  Lines after(const std::string& line) const;
 
   Lines lines;
 };

@@ -138,7 +138,7 @@ TEST(Journal, FirstCopyOfAUnitIsTheOneThatCounts) {
   EXPECT_EQ(rows.at(1).kept, "first.unit");
 }
 
-// A batch as its workers play it, killed behind any line of any of its runs and taken up again and again.
+// A batch as its workers play it, killed after any line of any of its runs and taken up again and again.
 class Played {
  public:
   // Writes the lines of the rows that are left, as long as `lines` lasts.

@@ -80,7 +80,7 @@ TEST(ToolProgram, ManPageIsMade) {
   EXPECT_EQ(page.readAll().toStdString(), run({"--man"}).out);
 }
 
-TEST(AppendedFile, KeepsWhatIsWholeAndAppendsBehindIt) {
+TEST(AppendedFile, KeepsWhatIsWholeAndAppendsAfterIt) {
   const QTemporaryDir folder;
   const std::string path = folder.filePath("j.jsonl").toStdString();
   {

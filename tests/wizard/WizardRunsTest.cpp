@@ -151,7 +151,7 @@ TEST_F(WizardRuns, StayWithANoToCancel) {
   });
 }
 
-TEST_F(WizardRuns, LeaveTheStoredPortToAWizardThatIsCancelledBehindThem) {
+TEST_F(WizardRuns, LeaveTheStoredPortToAWizardThatIsCancelledAfterThem) {
   moveUnitTo(3);
   connect([this] {
     next(4);
@@ -220,7 +220,7 @@ TEST_F(WizardFindsASimpleUnit, ByItsFlags) {
   EXPECT_EQ(meterKind(), kind::simpleMenu);
 }
 
-TEST_F(WizardRuns, FindAFullUnitBehindASimpleOne) {
+TEST_F(WizardRuns, FindAFullUnitAfterASimpleOne) {
   Memo[rec::menuKind].extra = 2;
   DeviceState.MenuKind = 2;
   form<frmSerial>().revisionClass = 2;

@@ -28,15 +28,15 @@ struct Chunk {
   bool cut = false;  // its length goes beyond the end
 };
 
-// The chunk at the start of `rest`, which is moved behind it.
+// The chunk at the start of `rest`, which is moved past it.
 Chunk takeChunk(QByteArrayView& rest) {
   const QByteArrayView name = rest.first(4);
-  const auto told = static_cast<qsizetype>(numberAt(rest, 4));
+  const auto stated = static_cast<qsizetype>(numberAt(rest, 4));
   const QByteArrayView all = rest.sliced(headLength);
-  const QByteArrayView body = all.first(std::min(told, all.size()));
-  rest = all.sliced(std::min(told + told % 2, all.size()));
+  const QByteArrayView body = all.first(std::min(stated, all.size()));
+  rest = all.sliced(std::min(stated + stated % 2, all.size()));
   const bool isList = name == QByteArrayView("LIST") && body.size() >= listNameLength;
-  const bool cut = told > all.size();
+  const bool cut = stated > all.size();
   if (!isList) return {name, {}, body, cut};
   return {name, body.first(listNameLength), body.sliced(listNameLength), cut};
 }
@@ -63,8 +63,8 @@ void readMovie(QByteArrayView movie, Film& film) {
 void readHeader(QByteArrayView header, Film& film) {
   eachChunk(header, [&](const Chunk& chunk) {
     if (chunk.name != QByteArrayView("avih")) return;
-    const std::uint32_t told = numberAt(chunk.body, 0);
-    const std::uint32_t microseconds = told == 0 ? defaultMicroseconds : told;
+    const std::uint32_t stated = numberAt(chunk.body, 0);
+    const std::uint32_t microseconds = stated == 0 ? defaultMicroseconds : stated;
     film.frameMilliseconds = static_cast<int>(std::clamp(microseconds / 1000, 20U, 10'000U));
   });
 }

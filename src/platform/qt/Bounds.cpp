@@ -18,7 +18,7 @@ QString shortLine(const QString& line, int most) {
   return line.size() <= most ? line : line.left(most - keptEnd) + leftOut + line.right(keptEnd);
 }
 
-// `separator` behind every so many characters without a blank.
+// `separator` after every so many characters without a blank.
 QString broken(const QString& text, int longest, QChar separator) {
   QString result;
   int since = 0;

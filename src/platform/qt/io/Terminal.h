@@ -7,7 +7,7 @@
 
 namespace torvane {
 
-// What stands behind the program's name on its command line, as UTF-8; there is an application already.
+// What stands after the program's name on its command line, as UTF-8; there is an application already.
 std::vector<std::string> wordsOfCommandLine(int count, char** words);
 
 // What the program prints is UTF-8 from here to its end, and the terminal takes it as that.
