@@ -29,7 +29,7 @@ class Socket {
   int remotePort = 0;
 
   virtual SocketState state() const = 0;
-  virtual void connect() = 0;
+  virtual void connect() = 0;  // what is open is closed first
   virtual void close() = 0;
   // One write to the network, with its low-delay option on.
   virtual void sendData(std::string_view bytes) = 0;

@@ -153,9 +153,9 @@ std::string comOK(Run& run, SerialChannel& channel, std::int16_t& mode) {
 
 void judgeVersion(Run& run) {
   if (Val(Global.FirmwareVersion) < 1.1) {
-    run.revisionClass = 2;
-  } else if (run.revisionClass == 2) {
-    run.revisionClass = 3;
+    run.revisionClass = revision::simpleMenu;
+  } else if (run.revisionClass == revision::simpleMenu) {
+    run.revisionClass = revision::simpleNoMore;
   }
 }
 

@@ -45,7 +45,7 @@ void checkBusSettings(Run& run, std::int16_t& type, const std::string& reply) {
     const std::string flags = reply.substr(2, 2);
     if ((hexValue(reply.substr(4, 1)) & 8) != 0) DeviceState.AnalogFound = True;
     if (flags == "CC") DeviceState.IdFlagC = 1;
-    if (flags.starts_with('S')) run.revisionClass = 2;
+    if (flags.starts_with('S')) run.revisionClass = revision::simpleMenu;
     if (flags == "EE" || flags == "FF") DeviceState.IdFlagE = 1;
   }
 }

@@ -13,10 +13,16 @@
 
 namespace torvane {
 
+// What a run says of the unit's menu.
+namespace revision {
+inline constexpr std::int16_t simpleMenu = 2;
+inline constexpr std::int16_t simpleNoMore = 3;  // the unit that is there now has a newer version
+}  // namespace revision
+
 struct Run {
   RunView& view;
   bool reading = false;            // a read run rather than a write run
-  std::int16_t revisionClass = 0;  // written by the probe and the type check: 2 the simple menu, 3 no more
+  std::int16_t revisionClass = 0;  // of revision; written by the probe and the type check
   RunOutcome outcome = {};
 };
 

@@ -19,7 +19,6 @@ namespace {
 
 constexpr int addresses = 200;
 enum : std::int16_t { pointToPoint = 0, onBus = 1 };
-enum : std::int16_t { oldUnit = 2, oldUnitNoMore = 3 };  // what revisionClass tells
 
 // What is known of the unit, to be put back.
 class ModelBefore {
@@ -176,11 +175,11 @@ void frmWizard::leaveForTab() {
 // that was known.
 void frmWizard::search() {
   const ModelBefore before;
-  const std::int16_t revision = run();
+  const std::int16_t found = run();
   if (!hasFoundUnit()) {
     before.putBack();
-  } else if (revision == oldUnit || revision == oldUnitNoMore) {
-    wizardResultMode = revision == oldUnit ? menu::simple : menu::full;
+  } else if (found == revision::simpleMenu || found == revision::simpleNoMore) {
+    wizardResultMode = found == revision::simpleMenu ? menu::simple : menu::full;
     DeviceState.MenuKind = wizardResultMode;
   }
   endRun();

@@ -118,6 +118,15 @@ TEST_F(NetworkOutcome, OfABridgeThatIsLostSaysSoOfTheRegistersBehindIt) {
   EXPECT_TRUE(reasons.contains("no connection to the bridge")) << testing::PrintToString(reasons);
 }
 
+TEST_F(NetworkOutcome, OfARefusalSaysHowItWasRefused) {
+  remote.faults.answers["R07"] = "?43";
+  runRead();
+  std::set<std::string> reasons;
+  for (const RegisterOutcome& each : form<frmBigFolder>().lastRun.outcome.registers)
+    reasons.insert(each.reason);
+  EXPECT_EQ(reasons, (std::set<std::string>{"", "refused \"?43\""}));
+}
+
 TEST_F(NetworkOutcome, OfTheWizardsTestBeginsWithItsTarget) {
   std::string looks;
   auto& wizard = form<frmWizard>();

@@ -33,6 +33,17 @@ TEST_F(NetworkTest, PublishesItsStages) {
   EXPECT_EQ(values, (std::vector{14, 28, 42, 56, 70, 98}));
 }
 
+TEST_F(NetworkTest, IsAtItsThirdStageWhenTheFirstQuestionGoesOut) {
+  double thirdStage = 0;
+  wizard().prgProgress.onRedraw = [&] {
+    if (wizard().prgProgress.value() == 42) thirdStage = host.clock;
+  };
+  test();
+  ASSERT_EQ(unit.log().front().text, "*U01\r");
+  EXPECT_GT(thirdStage, 0);
+  EXPECT_LE(thirdStage, unit.log().front().time);
+}
+
 TEST_F(NetworkTest, AsksWithTheAddress) {
   for (const std::int16_t mode : Numbers{1, 3, 4}) {
     sim::UnitSetup setup;

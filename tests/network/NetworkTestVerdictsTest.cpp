@@ -33,6 +33,13 @@ TEST_F(TerminalServer, IsLeftForPort2000) {
   EXPECT_EQ(host.boxes.front().icon, Icon::none);
 }
 
+TEST_F(TerminalServer, IsNotSpokenOfAtAUnitOfNoKnownModel) {
+  unit.faults.answers = {{"U04", "U04"}, {"R11", "R11123456789A"}};
+  test();
+  EXPECT_EQ(says(), foundTorvane + "\rThe device found is not a LARKSPUR or an Torvane model");
+  EXPECT_TRUE(host.boxes.empty());
+}
+
 TEST_F(TerminalServer, OnBothPortsIsReported) {
   bridge.faults.prompt = sim::terminalServerPrompt;
   test();
