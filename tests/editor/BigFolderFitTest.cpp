@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Fitting the form to the model.
+#include "editor/AlarmSetup.h"
 #include "tests/editor/EditorTest.h"
 
 namespace torvane {
@@ -105,12 +106,14 @@ TEST_P(Fitting, AndBackToTheFullControllerLeavesNothingOfTheUnit) {
 using FittingSteps = EditorTest;
 
 TEST_F(FittingSteps, CommitAllTabsButTheFirst) {
-  showTab(1);
+  showTab(2);
   editor.txtIDCode.setText("1234");
+  editor.txtSp2.setText("012.3");
   editor.txtLBATime.setText("00:59");
   editor.txtTCPPort.setText("4711");
   fitForm();
   EXPECT_EQ(Memo[rec::txtIDCode].text, "0000");
+  EXPECT_EQ(Memo[rec::txtSp2].text, "012.3");
   EXPECT_EQ(Memo[rec::txtLBATime].text, "00:59");
   EXPECT_EQ(Memo[rec::txtTCPPort].text, "4711");
 }
@@ -123,10 +126,15 @@ TEST_F(FittingSteps, CommitTheFirstTabWhenItIsOnShow) {
 }
 
 TEST_F(FittingSteps, StepDownToATabInUse) {
-  showTab(10);
-  chooseUnit(kind::monitorOnly, false);
-  fitForm();
-  EXPECT_EQ(editor.tabBig.tab(), 6);
+  for (const int tab : {7, 8, 9, 10}) {
+    chooseUnit(kind::fullController, false);
+    editor.chkAnalogOutputEnabled.setValue(0);
+    fitForm();
+    showTab(tab);
+    chooseUnit(kind::monitorOnly, false);
+    fitForm();
+    EXPECT_EQ(editor.tabBig.tab(), 6) << tab;
+  }
 }
 
 TEST_F(FittingSteps, CutTheBaseModelAtItsFirstSuffix) {
@@ -258,6 +266,15 @@ TEST_F(SimpleMenu, KnowsAboveAndBelowAlone) {
       EXPECT_EQ(editor.cboAl1Ctrl.listIndex(), 0);
       EXPECT_EQ(editor.cboAl2Ctrl.listIndex(), 0);
     }
+  }
+}
+
+TEST_F(FittingSteps, ShortenAnAlarmsListFromItsEnd) {
+  const std::vector<std::string> all{"Above", "Below", "Hi/Lo", "Band"};
+  for (const int count : {4, 3, 4, 2, 3, 2, 4}) {
+    alarmSetup::show(editor.cboAl1Setup, count, 1);
+    EXPECT_EQ(editor.cboAl1Setup.items(), std::vector<std::string>(all.begin(), all.begin() + count));
+    EXPECT_EQ(editor.cboAl1Setup.listIndex(), 1);
   }
 }
 

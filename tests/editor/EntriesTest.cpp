@@ -261,10 +261,10 @@ struct PointCase {
 
 constexpr PointCase points[] = {
     {0, "9999", "9999", false}, {0, "1E999", "1E999", false}, {1, "999.9", "0", false},
-    {1, "1000", "0", true},     {1, "0", "1000", true},       {2, "99.99", "0", false},
-    {2, "100", "0", true},      {3, "9.99", "0", false},      {3, "9.991", "0", true},
-    {3, "0", "9.999", true},    {3, "-500", "-500", false},   {2, "1E999", "0", true},
-    {3, "x", "-1E999", false},
+    {1, "1000", "0", true},     {1, "0", "1000", true},       {1, "0", "999.9", false},
+    {2, "99.99", "0", false},   {2, "100", "0", true},        {3, "9.99", "0", false},
+    {3, "9.991", "0", true},    {3, "0", "9.999", true},      {3, "-500", "-500", false},
+    {2, "1E999", "0", true},    {3, "x", "-1E999", false},
 };
 
 TEST_F(DecimalPoint, AsksForSetPointsThatNoLongerFit) {
