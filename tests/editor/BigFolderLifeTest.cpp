@@ -67,6 +67,13 @@ TEST_F(Start, KeepsTheSplashSixSecondsFromTheNearestSecond) {
   }
 }
 
+TEST_F(Start, KeepsTheSplashUpToItsTimeWhereAWaitEndsEarly) {
+  host.clock = 50000;
+  duringTheSplash([&] { host.clock -= 0.5; });
+  start();
+  EXPECT_GE(host.clock, 50006);
+}
+
 TEST_F(Start, WaitsAsleepAndNotInHaste) {
   int waits = 0;
   for (int i = 0; i < 50; ++i) host.expect([] { return isLoaded<frmSplash>(); }, [&] { ++waits; });

@@ -160,8 +160,8 @@ TEST_F(Committing, TakesTheDeadBandOfTheAlarmTabInTheSimpleMenuAlone) {
     editor.txtOut2DeadBand.setText("out 2");
     editor.txtAl2Deadband.setText("alarm 2");
     editor.writeMemo(7);
-    editor.writeMemo(8);
     EXPECT_EQ(Memo[rec::txtOut1DeadBand].text, menu == 2 ? "alarm 1" : "out 1");
+    editor.writeMemo(8);
     EXPECT_EQ(Memo[rec::txtOut2DeadBand].text, menu == 2 ? "alarm 2" : "out 2");
   }
 }

@@ -78,7 +78,7 @@ constexpr Row rows[] = {
     {53, "txtOut1DeadBand", text, 7, 7, "3", "003.0", "4", "4"},
     {54, "txtOut1PB", text, 7, 7, "3.06", "003.1", "4", "4"},
     {55, "txtOut1Reset", text, 7, 7, "9 s", "9 s", "4", "4"},
-    {56, "txtOut1Rate", text, 7, 7, "399.94", "399.9", "4", "4"},
+    {56, "txtOut1Rate", text, 7, 7, "3.94", "003.9", "4", "4"},
     {57, "chkOut2AutoPID", value, 8, 8, "0", "0", "1", "1"},
     {58, "cboOut2Ctrl", value, 8, 8, "1", "1", "0", "0"},
     {59, "cboOut2Action", value, 8, 8, "1", "1", "0", "0"},
