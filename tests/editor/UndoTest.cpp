@@ -150,6 +150,7 @@ TEST_F(Undo, GivesUpWhatWasEditedSince) {
   editor.cmdUndo.userClicked();
   expectSame(before);
   EXPECT_EQ(editor.lblNote.caption(), "Undone: the tabs show the setup from before the defaults");
+  EXPECT_EQ(editor.lblNote.mark(), Mark::none);
 }
 
 TEST_F(Undo, SaysInItsTipWhatGoes) {
