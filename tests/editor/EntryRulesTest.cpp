@@ -351,6 +351,12 @@ TEST_F(EntryRules, ReadingsAreShownInTheFormatOfTheForm) {
   }
 }
 
+TEST_F(EntryRules, OnlyAReadingHasARangeThatFollowsTheFormat) {
+  const EntryForm form{pictures[1], true};
+  EXPECT_EQ(readingRangeText(*boxOf(&B::txtSp1).rule, form), "-199.9 to 999.9");
+  EXPECT_EQ(readingRangeText(*boxOf(&B::txtIDCode).rule, form), "");
+}
+
 TEST_F(EntryRules, ThePictureIsTheFormsAndTheRangeThatOfTheRecords) {
   EXPECT_EQ(repaired(&B::txtSp1, "5000", "0.000").text, "999.900");
   EXPECT_EQ(repaired(&B::txtSp1, "5000", "0000.").text, "1000.");

@@ -40,6 +40,9 @@ TEST_F(VerdictLine, TellsTheTimeOfDayAlsoAfterMidnight) {
   host.clock = 86400 + 9 * 60;
   keep(outcomeOf(false, {}));
   EXPECT_TRUE(line().starts_with("Good: 00:09, ")) << line();
+  host.clock = 2 * 86400 - 1;
+  keep(outcomeOf(false, {}));
+  EXPECT_TRUE(line().starts_with("Good: 23:59, ")) << line();
 }
 
 TEST_F(VerdictLine, SaysInWordsAndInColourThatSomethingFailed) {
