@@ -104,8 +104,18 @@ TEST_F(BoxesMeanNumbers, ABoxThatNobodyTouchedIsLeftAloneAlsoOutOfRange) {
   Memo[rec::txtAl1HiSp].text = "1234.5";
   editor.showRecords();
   host.boxes.clear();
+  for (const char* write : {"first", "second"}) {
+    editor.commitForRun();
+    EXPECT_EQ(Memo[rec::txtAl1HiSp].text, "1234.5") << write;
+  }
+}
+
+TEST_F(BoxesMeanNumbers, ATextOutOfItsPictureIsBroughtIntoItAlsoWhereNoFormatWasChosen) {
+  editor.showRecords();
+  editor.txtSp1.setText("5");
   editor.commitForRun();
-  EXPECT_EQ(Memo[rec::txtAl1HiSp].text, "1234.5");
+  EXPECT_EQ(editor.txtSp1.text(), "005.0");
+  EXPECT_EQ(Memo[rec::txtSp1].text, "005.0");
 }
 
 TEST_F(BoxesMeanNumbers, WhatNoFormatCanShowIsLimitedBeforeItIsSent) {
