@@ -115,6 +115,7 @@ TEST_F(CompareWords, OfTwoFilesTellAllThatDiffers) {
     if (change.written) written.insert(change.reg);
   }
   EXPECT_TRUE(written.contains("1F")) << rowsOf(window.lstDifferences);
+  EXPECT_EQ(remarkOf(window), "");
 }
 
 TEST_F(CompareWords, OfTwoFilesWarnOfTwoLines) {

@@ -238,12 +238,33 @@ TEST_F(HardwareLoad, FindsTheModelAgainThatAFileHeld) {
   EXPECT_EQ(number(), "Tv16D33-C24");
 }
 
-TEST_F(HardwareLoad, FallsBackOnTheRowThatIsRemembered) {
-  DeviceState.DeviceClass = 1;
-  DeviceState.ModelIndex = 4;
+TEST_F(HardwareLoad, FallsBackOnTheRowThatIsRememberedBesideTheNumberOfTheModel) {
+  struct Case {
+    std::int32_t remembered;
+    std::size_t model;
+    const char* number;
+  };
+  for (const auto& [remembered, model, text] :
+       {Case{4, 2, "Tv[8,16,32]22-C24"}, {0, 1, "IRkw77[case]22-C2"}}) {
+    DeviceState.DeviceClass = familyCode(models[model]);
+    DeviceState.IsRkw77 = asFlag(namesRkw77(models[model]));
+    DeviceState.ModelIndex = remembered;
+    Hardware.ModelNumber = "unheard of";
+    BaseModel = models[model];
+    EXPECT_EQ(dialog().cboModel.listIndex(), remembered);
+    EXPECT_EQ(number(), text);
+    close();
+  }
+}
+
+TEST_F(HardwareLoad, KeepsTheSecondModelOfTheRkw77LineThoughThePartNumberNamesNone) {
+  DeviceState.DeviceClass = 0;
+  DeviceState.IsRkw77 = True;
+  DeviceState.ModelIndex = -1;
   Hardware.ModelNumber = "unheard of";
-  EXPECT_EQ(dialog().cboModel.listIndex(), 4);
-  EXPECT_EQ(number(), "Tv[8,16,32]22-C24");
+  BaseModel = models[1];
+  EXPECT_EQ(dialog().cboModel.listIndex(), 1);
+  EXPECT_EQ(number(), "IRkw77[case]22-C2");
 }
 
 TEST_F(HardwareLoad, TellsAnErrorByItsNumberAndCanBeUsedAllTheSame) {
