@@ -34,7 +34,7 @@ void setTabsAvailable(std::initializer_list<int> tabs, bool available) {
 
 std::string frmHardware::numberOfChoices() const {
   return partNumber({.model = BaseModel,
-                     .monitorOnly = chkMonitor.value() != 0,
+                     .monitorOnly = chkMonitor.ticked(),
                      .output1 = chosenOf(std::span(optOut).first<4>()),
                      .output2 = chosenOf(std::span(optOut).last<4>()),
                      .option = lstOption.listIndex(),
@@ -43,7 +43,7 @@ std::string frmHardware::numberOfChoices() const {
 
 std::string frmHardware::makeModel() {
   if (!ready_) return "";
-  if (chkMonitor.value() == 0) fitMainWindow();
+  if (!chkMonitor.ticked()) fitMainWindow();
   lastPartNumber_ = numberOfChoices();
   return lastPartNumber_;
 }
@@ -68,7 +68,7 @@ void frmHardware::fitMainWindow() const {
   if (!analog) return;
   if (!onRkw77Line()) {
     Memo[rec::chkAl1Enabled].value = 0;
-    editor.chkAl1Enabled.setValue(0);
+    editor.chkAl1Enabled.setTicked(false);
     setTabsAvailable({tab::alarm1}, false);
   }
   setTabsAvailable({tab::analog}, true);
@@ -113,11 +113,11 @@ void frmHardware::lstOption_Click() {
 // The three variants exclude each other. Each clears the others, whose own clicks clear it in turn, so that
 // in the end it takes its state again.
 void frmHardware::chkMonitor_Click() {
-  const int chosen = chkMonitor.value();
-  chkSimpleMenu.setValue(0);
-  chkAlarmsOnly.setValue(0);
+  const bool chosen = chkMonitor.ticked();
+  chkSimpleMenu.setTicked(false);
+  chkAlarmsOnly.setTicked(false);
   rebuild();
-  const bool outputs = chkMonitor.value() == 0 || namesRkw77(BaseModel);
+  const bool outputs = !chkMonitor.ticked() || namesRkw77(BaseModel);
   if (!outputs) {
     setTabsAvailable({tab::alarm1}, true);
     optOut[analogOutput].setValue(false);
@@ -125,25 +125,25 @@ void frmHardware::chkMonitor_Click() {
   }
   for (OptionButton& option : std::span(optOut).first<7>()) option.setEnabled(outputs);
   setTabsAvailable({tab::lbAlarm, tab::out1, tab::out2, tab::rampSoak}, outputs);
-  chkMonitor.setValue(chosen);
+  chkMonitor.setTicked(chosen);
   rebuild();
 }
 
 void frmHardware::chkAlarmsOnly_Click() {
-  const int chosen = chkAlarmsOnly.value();
-  chkSimpleMenu.setValue(0);
-  chkMonitor.setValue(0);
+  const bool chosen = chkAlarmsOnly.ticked();
+  chkSimpleMenu.setTicked(false);
+  chkMonitor.setTicked(false);
   rebuild();
-  if (chosen != 0) setTabsAvailable({tab::lbAlarm, tab::out1, tab::out2, tab::rampSoak, tab::analog}, false);
-  chkAlarmsOnly.setValue(chosen);
+  if (chosen) setTabsAvailable({tab::lbAlarm, tab::out1, tab::out2, tab::rampSoak, tab::analog}, false);
+  chkAlarmsOnly.setTicked(chosen);
 }
 
 void frmHardware::chkSimpleMenu_Click() {
-  const int chosen = chkSimpleMenu.value();
-  chkMonitor.setValue(0);
-  chkAlarmsOnly.setValue(0);
+  const bool chosen = chkSimpleMenu.ticked();
+  chkMonitor.setTicked(false);
+  chkAlarmsOnly.setTicked(false);
   rebuild();
-  chkSimpleMenu.setValue(chosen);
+  chkSimpleMenu.setTicked(chosen);
 }
 
 std::int16_t frmHardware::offerOptions(std::span<const std::string_view> rows) {
@@ -168,7 +168,7 @@ void frmHardware::setFamily(std::int32_t code) {
 
 void frmHardware::offerRkw77Line() {
   for (CheckBox* variant : {&chkAlarmsOnly, &chkSimpleMenu}) {
-    variant->setValue(0);
+    variant->setTicked(false);
     variant->setEnabled(true);
   }
   clearAndDisable(chkIsoAnalogOutput);

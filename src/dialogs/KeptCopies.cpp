@@ -29,8 +29,7 @@ std::string gapsOf(const UnitImage& unit) {
 
 // The first name that is free.
 std::string freeName(const UnitImage& unit) {
-  std::string stem = host<Files>().dataFolder() + "/" + proposedFileName(unit);
-  stem.resize(stem.size() - std::string_view(".unit").size());
+  const std::string stem = host<Files>().dataFolder() + "/" + fileStem(unit);
   for (std::int32_t number = 1;; ++number) {
     std::string path = stem + "_" + numberText(number) + ".unit";
     if (!host<Files>().fileExists(path)) return path;

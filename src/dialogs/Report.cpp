@@ -130,7 +130,7 @@ void printDocument(Printer& printer) {
   printTitle(printer);
   printUnit(printer);
   printStart(printer);
-  for (std::int16_t tab = 0; tab < tab::count; ++tab) form<frmBigFolder>().writeMemo(tab);
+  form<frmBigFolder>().reCover();
   for (int number = 0; number <= report::lastSection; ++number) printSection(printer, number);
   PrintPageFooter(printer);
   printer.endDocument();

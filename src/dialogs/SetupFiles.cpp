@@ -2,6 +2,7 @@
 // The setup of the main window as a file.
 #include "dialogs/SetupFiles.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cmath>
 
@@ -59,7 +60,7 @@ void remember(const std::string& path) {
   std::vector<std::string> files = storedFiles();
   std::erase(files, path);
   files.insert(files.begin(), path);
-  if (files.size() > mostRecent) files.resize(mostRecent);
+  files.resize(std::min(files.size(), mostRecent));
   for (std::size_t at = 0; at < files.size(); ++at) {
     Registry place = placeOfRecent(at + 1);
     place.Setting = files[at];

@@ -132,7 +132,7 @@ void frmCompare::showSummary(const std::string& remark) {
 }
 
 void frmCompare::showRows() {
-  rows_ = rowsWith(txtSearch.text(), rowsOf(comparison_, unit_, chkAll.value() != 0));
+  rows_ = rowsWith(txtSearch.text(), rowsOf(comparison_, unit_, chkAll.ticked()));
   std::vector<std::string> items;
   std::vector<Mark> marks;
   std::string section;

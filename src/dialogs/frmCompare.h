@@ -43,7 +43,7 @@ class frmCompare : public Form {
 
   bool writeAsked = false;  // how the window was left
   const Comparison& comparison() const { return comparison_; }
-  bool busAsked() const { return chkBus.value() != 0; }
+  bool busAsked() const { return chkBus.ticked(); }
 
   void Form_Load() override;
   bool Form_QueryUnload() override;

@@ -82,15 +82,15 @@ void frmHardware::Form_Load() {
 }
 
 void frmHardware::showUnit() {
-  if (setupHasMenu(menu::alarmsOnly)) chkAlarmsOnly.setValue(1);
-  if (setupHasMenu(menu::simple)) chkSimpleMenu.setValue(1);
+  chkAlarmsOnly.setTicked(setupHasMenu(menu::alarmsOnly));
+  chkSimpleMenu.setTicked(setupHasMenu(menu::simple));
   optOut[7].setVisible(false);
   if (DeviceState.DeviceClass >= 0) DeviceState.ClassSeen = True;
   if (DeviceState.DeviceClass == 0) {
     optOut[7].setVisible(true);
     for (CheckBox* variant : {&chkAlarmsOnly, &chkMonitor, &chkSimpleMenu}) {
       variant->setEnabled(false);
-      variant->setValue(0);
+      variant->setTicked(false);
     }
     lstOption.setListIndex(offerOptions(rkw77Options));
   }
@@ -237,8 +237,8 @@ void frmHardware::takeOutputs() const {
 void frmHardware::takeKind() const {
   DeviceState.MenuKind = menu::full;
   DeviceState.DeviceClass = family_;
-  if (chkAlarmsOnly.value() != 0) DeviceState.MenuKind = menu::alarmsOnly;
-  if (chkSimpleMenu.value() != 0) DeviceState.MenuKind = menu::simple;
+  if (chkAlarmsOnly.ticked()) DeviceState.MenuKind = menu::alarmsOnly;
+  if (chkSimpleMenu.ticked()) DeviceState.MenuKind = menu::simple;
 }
 
 // The model stays the old one; what the choices have done to the main window stays as well.

@@ -9,17 +9,17 @@
 namespace torvane {
 
 frmPreferences::frmPreferences() : Form("frmPreferences", "Preferences") {
-  chkWarnEn.onClick = [this] { Global.WarningsOff = asFlag(chkWarnEn.value() == 0); };
-  chkReset.onClick = [this] { Global.ResetAfterWrite = asFlag(chkReset.value() != 0); };
-  chkKeep.onClick = [this] { setKeepsCopies(chkKeep.value() != 0); };
+  chkWarnEn.onClick = [this] { Global.WarningsOff = asFlag(!chkWarnEn.ticked()); };
+  chkReset.onClick = [this] { Global.ResetAfterWrite = asFlag(chkReset.ticked()); };
+  chkKeep.onClick = [this] { setKeepsCopies(chkKeep.ticked()); };
   cmdOk.onClick = [this] { hide(); };
 }
 
 void frmPreferences::Form_Load() {
   centre();
-  chkWarnEn.setValue(warnsOfEntries() ? 1 : 0);
-  chkReset.setValue(resetsAfterWrite() ? 1 : 0);
-  if (keepsCopies()) chkKeep.setValue(1);
+  chkWarnEn.setTicked(warnsOfEntries());
+  chkReset.setTicked(resetsAfterWrite());
+  chkKeep.setTicked(keepsCopies());
 }
 
 }  // namespace torvane

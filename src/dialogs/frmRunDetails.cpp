@@ -2,7 +2,7 @@
 // The history of the last run once more.
 #include "dialogs/frmRunDetails.h"
 
-#include <algorithm>
+#include <optional>
 
 #include "dialogs/TextOutput.h"
 #include "editor/frmBigFolder.h"
@@ -30,14 +30,14 @@ void frmRunDetails::Form_Load() {
   centre();
   lblVerdict.setCaption(record().verdict);
   lblVerdict.setMark(record().outcome.passed() ? Mark::none : Mark::error);
-  int failure = -1;
+  std::optional<int> failure;
   for (const HistoryLine& line : record().history) {
     lstHistory.addItem(line.text);
     if (!line.failed) continue;
     lstHistory.setItemMark(lstHistory.listCount() - 1, Mark::error);
-    if (failure < 0) failure = lstHistory.listCount() - 1;
+    if (!failure) failure = lstHistory.listCount() - 1;
   }
-  if (lstHistory.listCount() > 0) lstHistory.setListIndex(std::max(failure, 0));
+  if (lstHistory.listCount() > 0) lstHistory.setListIndex(failure.value_or(0));
 }
 
 void frmRunDetails::cmdSave_Click() {

@@ -8,14 +8,14 @@
 namespace torvane {
 
 frmWarning::frmWarning() : Form("frmWarning", "Warning...") {
-  chkWarning.onClick = [this] { Global.WarningsOff = asFlag(chkWarning.value() == 0); };
+  chkWarning.onClick = [this] { Global.WarningsOff = asFlag(!chkWarning.ticked()); };
   cmdOk.onClick = [this] { hide(); };
 }
 
 void frmWarning::Form_Load() {
   lblWarning.setCaption(Global.WarningText);
   lblReason.setCaption(Global.WarningReason);
-  chkWarning.setValue(warnsOfEntries() ? 1 : 0);
+  chkWarning.setTicked(warnsOfEntries());
   centre();  // with the room that the words need
 }
 

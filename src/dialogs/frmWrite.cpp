@@ -26,7 +26,7 @@ frmWrite::frmWrite() : Form("frmWrite", "Write to...") {
   cmdPrint.onClick = printReport;
   cmdSerial.onClick = [] { cmdSerial_Click(); };
   cmdNetwork.onClick = cmdSerial.onClick;  // the way is chosen on the communication tab
-  chkReset.onClick = [this] { Global.ResetAfterWrite = asFlag(chkReset.value() != 0); };
+  chkReset.onClick = [this] { Global.ResetAfterWrite = asFlag(chkReset.ticked()); };
   cmdCompare.onClick = [] { cmdCompare_Click(); };
   cmdPutBack.onClick = [] { cmdPutBack_Click(); };
   cmdRecord.onClick = [] { verifyAndRecord(); };
@@ -41,7 +41,7 @@ void frmWrite::Form_Load() {
 
 void frmWrite::Form_Activate() { showReset(); }
 
-void frmWrite::showReset() { chkReset.setValue(resetsAfterWrite() ? 1 : 0); }
+void frmWrite::showReset() { chkReset.setTicked(resetsAfterWrite()); }
 
 void frmWrite::showVerdict() {
   const Label& line = form<frmBigFolder>().lblVerdict;

@@ -2,6 +2,8 @@
 // The list of an alarm's action.
 #include "editor/AlarmSetup.h"
 
+#include <algorithm>
+
 #include "platform/Controls.h"
 
 namespace torvane {
@@ -12,7 +14,7 @@ constexpr const char* actions[] = {"Above", "Below", "Hi/Lo", "Band"};
 
 // A list without a choice would go to the unit as a number that is none.
 void chooseSomething(ComboBox& setup) {
-  if (setup.listIndex() < 0) setup.setListIndex(alarmSetup::above);
+  setup.setListIndex(std::max<int>(setup.listIndex(), alarmSetup::above));
 }
 
 }  // namespace
@@ -50,7 +52,7 @@ void alarmSetup::shorten(ComboBox& setup) {
 void alarmSetup::show(ComboBox& setup, int count, int action) {
   while (setup.listCount() > count) setup.removeItem(setup.listCount() - 1);
   while (setup.listCount() < count) setup.addItem(actions[setup.listCount()]);
-  setup.setListIndex(action >= 0 && action < count ? action : above);
+  setup.setListIndex(std::max<int>(action < count ? action : above, above));
 }
 
 }  // namespace torvane

@@ -19,7 +19,7 @@ struct AlarmControls {
 AlarmBoxes boxesOf(const AlarmControls& alarm) {
   AlarmBoxes boxes;
   boxes.number = alarm.number;
-  boxes.on = alarm.enabled.value() != 0;
+  boxes.on = alarm.enabled.ticked();
   boxes.simpleMenu = setupHasMenu(menu::simple);
   boxes.control = alarm.control.listIndex();
   boxes.setup = alarm.setup.listIndex();
@@ -32,10 +32,7 @@ AlarmBoxes boxesOf(const AlarmControls& alarm) {
 }
 
 ReadingFormat formatOf(const frmBigFolder& editor) {
-  ReadingFormat format;
-  for (int decimals = 1; decimals < 4; ++decimals) {
-    if (editor.optDpoint(static_cast<std::size_t>(decimals)).value()) format.decimals = decimals;
-  }
+  ReadingFormat format{.decimals = static_cast<int>(editor.readingDecimals())};
   if (!editor.optInType(2).value()) format.unit = editor.cboTUnit.text();
   return format;
 }
@@ -54,13 +51,13 @@ Chart readingOf(const frmBigFolder& editor) {
 }
 
 Chart rampOf(const frmBigFolder& editor) {
-  return rampChart({editor.chkRampEn.value() != 0, editor.chkSoakEn.value() != 0, editor.txtRampT.text(),
+  return rampChart({editor.chkRampEn.ticked(), editor.chkSoakEn.ticked(), editor.txtRampT.text(),
                     editor.txtSoakT.text(), editor.txtSp1.text()},
                    formatOf(editor));
 }
 
 Chart analogOf(const frmBigFolder& editor) {
-  return analogChart({editor.chkAnalogOutputEnabled.value() != 0,
+  return analogChart({editor.chkAnalogOutputEnabled.ticked(),
                       editor.optAOutI.value(),
                       {editor.txtAOutRd1.text(), editor.txtAOutOut1.text(), editor.txtAOutRd2.text(),
                        editor.txtAOutOut2.text()}},

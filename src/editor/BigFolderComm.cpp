@@ -83,7 +83,7 @@ void frmBigFolder::cmdAutoDetect_Click() {
 
 // As "9600,o,7,1".
 void frmBigFolder::makeCommSetting() {
-  const std::string baud = cboBaud.listIndex() == 6 ? "19200" : cboBaud.list(cboBaud.listIndex());
+  const std::string baud = cboBaud.list(cboBaud.listIndex());
   const char* parity = cboParity.listIndex() == 0 ? "n" : cboParity.listIndex() == 2 ? "e" : "o";
   const char* data = cboData.listIndex() == 1 ? "8" : "7";
   const char* stop = cboStop.listIndex() == 1 ? "2" : "1";

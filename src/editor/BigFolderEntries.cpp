@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The text boxes repair what is typed: on Enter, on leaving, and where the reading format has changed.
+#include <limits>
+
 #include "core/Global.h"
 #include "core/Model.h"
 #include "core/NumberText.h"
@@ -21,7 +23,7 @@ void warn() {
 
 // The largest set point that each place of the decimal point leaves room for, by the option's index. The last
 // one has always been a digit short, which only asks a little early.
-constexpr double setPointLimits[] = {0, 999.9, 99.99, 9.99};
+constexpr double setPointLimits[] = {std::numeric_limits<double>::infinity(), 999.9, 99.99, 9.99};
 
 }  // namespace
 
@@ -91,7 +93,7 @@ void frmBigFolder::reForm() {
 void frmBigFolder::optDpoint_Click(int index) {
   formatChosen_ = true;
   const double limit = setPointLimits[index];
-  if (index > 0 && (unboundedVal(txtSp1.text()) > limit || unboundedVal(txtSp2.text()) > limit)) {
+  if (unboundedVal(txtSp1.text()) > limit || unboundedVal(txtSp2.text()) > limit) {
     messageBox(" Reenter setpoints values", "Setpoints overrange");
   }
   validate(boxOf(&BigFolderControls::txtSp1));

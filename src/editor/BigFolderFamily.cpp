@@ -10,8 +10,8 @@ namespace torvane {
 namespace {
 
 void offerRkw77Line(frmHardware& dialog) {
-  dialog.chkAlarmsOnly.setValue(0);
-  dialog.chkSimpleMenu.setValue(0);
+  dialog.chkAlarmsOnly.setTicked(false);
+  dialog.chkSimpleMenu.setTicked(false);
   DeviceState.MenuKind = menu::full;
   for (CheckBox* variant :
        {&dialog.chkAlarmsOnly, &dialog.chkSimpleMenu, &dialog.chkIsoAnalogOutput, &dialog.chkMonitor}) {
@@ -24,15 +24,15 @@ void offerRkw77Line(frmHardware& dialog) {
 }
 
 void offerOtherFamilies(frmHardware& dialog) {
-  dialog.chkAlarmsOnly.setValue(0);
-  if (DeviceState.MenuKind == menu::alarmsOnly) dialog.chkAlarmsOnly.setValue(1);
-  if (DeviceState.MenuKind == menu::simple) dialog.chkSimpleMenu.setValue(1);
+  dialog.chkAlarmsOnly.setTicked(false);
+  if (DeviceState.MenuKind == menu::alarmsOnly) dialog.chkAlarmsOnly.setTicked(true);
+  if (DeviceState.MenuKind == menu::simple) dialog.chkSimpleMenu.setTicked(true);
   dialog.chkAlarmsOnly.setEnabled(true);
   dialog.chkSimpleMenu.setEnabled(true);
-  dialog.chkAllPartNumbers.setValue(0);
+  dialog.chkAllPartNumbers.setTicked(false);
   clearAndDisable(dialog.chkIsoAnalogOutput);
   dialog.chkMonitor.setEnabled(true);
-  dialog.chkMonitor.setValue(0);
+  dialog.chkMonitor.setTicked(false);
   dialog.optOut[3].setVisible(true);
   dialog.optOut[7].setVisible(false);
   dialog.lstOption.setListIndex(dialog.offerOptions(familyOptions));
@@ -62,7 +62,7 @@ void frmBigFolder::showColorsAndProtection(bool show) {
 void frmBigFolder::fitToRkw77Line() {
   tabBig.setTabAvailable(tab::alarm1, true);
   tabBig.setTabAvailable(tab::alarm2, false);
-  Al2Disabled(chkAl2Enabled.value() != 0);
+  Al2Disabled(chkAl2Enabled.ticked());
   tabBig.setTabAvailable(tab::analog, false);
   showColorsAndProtection(false);
   tabBig.setTabAvailable(tab::out1, true);
@@ -70,7 +70,7 @@ void frmBigFolder::fitToRkw77Line() {
 }
 
 void frmBigFolder::fitToOtherFamilies() {
-  Al2Disabled(chkAl2Enabled.value() != 0);
+  Al2Disabled(chkAl2Enabled.ticked());
   tabBig.setTabAvailable(tab::alarm2, true);
   showColorsAndProtection(true);
   redrawInputType();

@@ -41,7 +41,7 @@ void frmBigFolder::fitToModel() {
   const bool analogOut = output1IsAnalog();
   if (!analogOut) {
     tabBig.setTabAvailable(tab::out1, true);
-  } else if (chkAnalogOutputEnabled.value() != 0) {
+  } else if (chkAnalogOutputEnabled.ticked()) {
     tabBig.setTabAvailable(tab::out1, false);
   }
   chkAnalogOutputEnabled.setEnabled(true);
@@ -58,7 +58,7 @@ void frmBigFolder::fitToModel() {
   HSOut1High.setEnabled(false);
   if (onRkw77Line()) {
     chkAnalogOutputEnabled.setEnabled(false);
-    chkAnalogOutputEnabled.setValue(0);
+    chkAnalogOutputEnabled.setTicked(false);
     fraOut1Manual.setEnabled(false);
   }
   leaveUnavailableTab();
@@ -84,7 +84,7 @@ void frmBigFolder::fitToFullUnit() {
 
 void frmBigFolder::fitToAlarmsOnly() {
   fraLBAlarm.setEnabled(false);
-  chkLBAEnabled.setValue(0);
+  chkLBAEnabled.setTicked(false);
   txtLBATime.setEnabled(false);
   for (int tab : {tab::out1, tab::out2, tab::rampSoak, tab::analog}) tabBig.setTabAvailable(tab, false);
 }
@@ -92,7 +92,7 @@ void frmBigFolder::fitToAlarmsOnly() {
 void frmBigFolder::fitToSimpleMenu() {
   tabBig.setTabAvailable(tab::analog, false);
   forceOnOff(cboOut1Ctrl);
-  chkRampEn.setValue(0);
+  chkRampEn.setTicked(false);
   for (Control* control :
        std::initializer_list<Control*>{&chkRampEn, &fraRamp, &fraLBAlarm, &chkLBAEnabled}) {
     control->setEnabled(false);
@@ -103,7 +103,7 @@ void frmBigFolder::fitToSimpleMenu() {
                                                   &lblAl1Closure, &lblAl1Ctrl, &lblAl2Closure, &lblAl2Ctrl,
                                                   &fraAl1Spts,    &fraAl2Spts, &chkAl1AutoPOn};
   for (CheckBox* alarm : {&chkAl1Enabled, &chkAl2Enabled}) {
-    alarm->setValue(1);
+    alarm->setTicked(true);
     alarm->setEnabled(false);
   }
   fraAl1Deadband.setVisible(true);
@@ -119,14 +119,14 @@ void frmBigFolder::fitAnalogOutput() {
   const bool analogOut = output1IsAnalog();
   if (setupHasMenu(menu::simple)) {
     if (analogOut) {
-      chkAnalogOutputEnabled.setValue(1);
+      chkAnalogOutputEnabled.setTicked(true);
       chkAnalogOutputEnabled.setEnabled(false);
     }
     tabBig.setTabAvailable(tab::analog, analogOut);
     cboAl2Latch.setEnabled(analogOut);
   } else if (analogOut) {
     tabBig.setTabAvailable(tab::analog, true);
-    tabBig.setTabAvailable(tab::out1, chkAnalogOutputEnabled.value() == 0);
+    tabBig.setTabAvailable(tab::out1, !chkAnalogOutputEnabled.ticked());
   }
 }
 

@@ -32,7 +32,7 @@ struct Shower {
   void operator()(TextBox* text) const { text->setText(asShown(box.copy, record.text, formDPt)); }
   // The ID code's box is checked each time the tab is shown, whatever the record holds.
   void operator()(CheckBox* check) const {
-    check->setValue(box.record == rec::chkIDEnabled ? 1 : record.value);
+    check->setTicked(box.record == rec::chkIDEnabled || record.value != 0);
   }
   void operator()(OptionButton* option) const { option->setValue(record.flag != False); }
   void operator()(ListControl* list) const {
@@ -102,11 +102,13 @@ void frmBigFolder::reCover() {
   for (std::int16_t tab = 0; tab < tab::count; ++tab) writeMemo(tab);
 }
 
-std::string frmBigFolder::formDPt() const {
+std::size_t frmBigFolder::readingDecimals() const {
   std::size_t decimals = 0;
   while (decimals < 3 && !optDpoint(decimals).value()) ++decimals;
-  return readingPictures[decimals];
+  return decimals;
 }
+
+std::string frmBigFolder::formDPt() const { return readingPictures[readingDecimals()]; }
 
 void frmBigFolder::load(const SetupBox& box) {
   std::visit(Shower{box, Memo[box.record], formDPt()}, controlOf(*this, box));

@@ -18,7 +18,7 @@ std::string asText(const ScrollBar& bar) { return numberText(std::int32_t{bar.va
 void frmBigFolder::wireOutputs() {
   cboOut1Ctrl.onClick = [this] { cboOut1Ctrl_Click(); };
   cboOut2Ctrl.onClick = [this] { cboOut2Ctrl_Click(); };
-  chkOut1AutoPID.onClick = [this] { Out1AutoDisable(chkOut1AutoPID.value() == 0); };
+  chkOut1AutoPID.onClick = [this] { Out1AutoDisable(!chkOut1AutoPID.ticked()); };
   chkOut2AutoPID.onClick = [this] { chkOut2AutoPID_Click(); };
   chkOut1Self.onClick = [this] { chkOut1Self_Click(); };
   HSOut1CycleT.onChange = [this] { lblOut1CycleTDisplay.setCaption(asText(HSOut1CycleT)); };
@@ -53,7 +53,7 @@ void frmBigFolder::cboOut2Ctrl_Click() {
 }
 
 void frmBigFolder::chkOut2AutoPID_Click() {
-  const bool automatic = chkOut2AutoPID.value() != 0;
+  const bool automatic = chkOut2AutoPID.ticked();
   txtOut2PB.setEnabled(!automatic);
   lblOut2Pid.setCaption(automatic ? "Reset, rate, damping, and Auto-Integral values are the same as Out 1"
                                   : "Please enter the value for PB.  Reset and rate are the same as Out 1");
@@ -62,13 +62,13 @@ void frmBigFolder::chkOut2AutoPID_Click() {
 
 // Auto-tune needs an output in PID with auto PID on.
 bool frmBigFolder::canAutoTune() const {
-  return (cboOut1Ctrl.listIndex() > 0 && chkOut1AutoPID.value() != 0) ||
-         (cboOut2Ctrl.listIndex() > 0 && chkOut2AutoPID.value() != 0);
+  return (cboOut1Ctrl.listIndex() > 0 && chkOut1AutoPID.ticked()) ||
+         (cboOut2Ctrl.listIndex() > 0 && chkOut2AutoPID.ticked());
 }
 
 void frmBigFolder::autoTuneRule() {
   chkOut1Start.setEnabled(canAutoTune());
-  if (!canAutoTune()) chkOut1Start.setValue(0);
+  if (!canAutoTune()) chkOut1Start.setTicked(false);
 }
 
 void frmBigFolder::Out1AutoDisable(bool enable) {
@@ -87,7 +87,7 @@ void frmBigFolder::fOut1Manual(bool enable) {
 
 void frmBigFolder::chkOut1Self_Click() {
   if (onRkw77Line()) return;
-  if (chkOut1Self.value() != 0) {
+  if (chkOut1Self.ticked()) {
     fOut1Manual(false);
     enableAll({&HSOut1CycleT, &lblOut1CycleTDisplay, &txtOut1PB, &txtOut1Reset, &txtOut1Rate, &chkOut1Start},
               false);
@@ -97,14 +97,14 @@ void frmBigFolder::chkOut1Self_Click() {
   const bool pid = cboOut1Ctrl.listIndex() == 1;
   if (pid && !output1IsAnalog()) enableAll({&HSOut1CycleT, &lblOut1CycleTDisplay}, true);
   autoTuneRule();
-  if (chkOut1AutoPID.value() != 0) {
+  if (chkOut1AutoPID.ticked()) {
     chkOut1Start.setEnabled(true);
     return;
   }
   enableAll({&txtOut1PB, &txtOut1Reset, &txtOut1Rate}, true);
-  if (chkOut2AutoPID.value() == 0) {
+  if (!chkOut2AutoPID.ticked()) {
     chkOut1Start.setEnabled(false);
-    chkOut1Start.setValue(0);
+    chkOut1Start.setTicked(false);
   } else {
     chkOut1Start.setEnabled(cboOut1Ctrl.listIndex() > 0);
   }

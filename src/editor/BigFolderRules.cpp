@@ -35,24 +35,24 @@ void frmBigFolder::wireDependentControls() {
   }
   lstProc.onClick = cboRTDValue.onClick = cboRTDWires.onClick = [this] { doInputImage(); };
   chkAl1Enabled.onClick = [this] { alarm1Enabled_Click(); };
-  chkAl2Enabled.onClick = [this] { Al2Disabled(chkAl2Enabled.value() != 0); };
+  chkAl2Enabled.onClick = [this] { Al2Disabled(chkAl2Enabled.ticked()); };
   // An alarm that is off has no set points in use, whatever action a setup that is shown brings along.
   cboAl1Setup.onClick = [this] {
     setPointRule(cboAl1Setup, txtAl1HiSp, txtAl1LoSp);
-    if (chkAl1Enabled.value() == 0) enableAll({&txtAl1HiSp, &txtAl1LoSp}, false);
+    if (!chkAl1Enabled.ticked()) enableAll({&txtAl1HiSp, &txtAl1LoSp}, false);
   };
   cboAl2Setup.onClick = [this] {
     setPointRule(cboAl2Setup, txtAl2HiSp, txtAl2LoSp);
-    if (chkAl2Enabled.value() == 0) enableAll({&txtAl2HiSp, &txtAl2LoSp}, false);
+    if (!chkAl2Enabled.ticked()) enableAll({&txtAl2HiSp, &txtAl2LoSp}, false);
   };
   cboAl1Ctrl.onClick = [this] { cboAl1Ctrl_Click(); };
   cboAl2Ctrl.onClick = [this] { cboAl2Ctrl_Click(); };
-  chkIDEnabled.onClick = [this] { idDisable(chkIDEnabled.value() != 0); };
-  chkLBAEnabled.onClick = [this] { txtLBATime.setEnabled(chkLBAEnabled.value() != 0); };
+  chkIDEnabled.onClick = [this] { idDisable(chkIDEnabled.ticked()); };
+  chkLBAEnabled.onClick = [this] { txtLBATime.setEnabled(chkLBAEnabled.ticked()); };
   chkRampEn.onClick = [this] { chkRampEn_Click(); };
-  chkSoakEn.onClick = [this] { txtSoakT.setEnabled(chkSoakEn.value() != 0); };
+  chkSoakEn.onClick = [this] { txtSoakT.setEnabled(chkSoakEn.ticked()); };
   chkAnalogOutputEnabled.onClick = [this] {
-    const bool enabled = chkAnalogOutputEnabled.value() != 0;
+    const bool enabled = chkAnalogOutputEnabled.ticked();
     tabBig.setTabAvailable(tab::out1, !enabled);
     AnalogOutControls(enabled);
   };
@@ -87,9 +87,9 @@ void frmBigFolder::optInType_Click(std::size_t index) {
 // Without an analog output the enable of one would keep the bit that it shares with the alarm's set in the
 // unit, and the alarm could never be switched off.
 void frmBigFolder::alarm1Enabled_Click() {
-  const bool enabled = chkAl1Enabled.value() != 0;
+  const bool enabled = chkAl1Enabled.ticked();
   Al1Disabled(enabled);
-  if (!enabled && !hasAnalogOutput()) chkAnalogOutputEnabled.setValue(0);
+  if (!enabled && !hasAnalogOutput()) chkAnalogOutputEnabled.setTicked(false);
 }
 
 void frmBigFolder::Al1Disabled(bool enable) {
@@ -167,9 +167,9 @@ void frmBigFolder::rdSOffsetDisable(bool show) {
 }
 
 void frmBigFolder::chkRampEn_Click() {
-  const bool ramp = chkRampEn.value() != 0;
+  const bool ramp = chkRampEn.ticked();
   enableAll({&txtRampT, &chkSoakEn, &picProcess}, ramp);
-  txtSoakT.setEnabled(ramp && chkSoakEn.value() != 0);
+  txtSoakT.setEnabled(ramp && chkSoakEn.ticked());
 }
 
 }  // namespace torvane

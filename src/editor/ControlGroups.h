@@ -14,7 +14,7 @@ inline void enableAll(std::initializer_list<Control*> controls, bool enable) {
 
 // A choice that the model hasn't got.
 inline void clearAndDisable(CheckBox& box) {
-  box.setValue(0);
+  box.setTicked(false);
   box.setEnabled(false);
 }
 

@@ -13,9 +13,8 @@ namespace torvane {
 
 namespace {
 
-// What each reading format can show.
+// What each reading format can show, by its decimals.
 struct ReadingRange {
-  int record;  // the option that stands for the format; the last format has none of the others
   double maximum;
   double minimum;
   const char* maximumText;
@@ -24,24 +23,24 @@ struct ReadingRange {
 
 // clang-format off
 constexpr ReadingRange readingRanges[] = {
-    {rec::optDpoint, 9999, -1999,
+    {9999, -1999,
      "Maximum value possible for this field is 9999",
      "Minimum value possible for this field is -1999"},
-    {rec::optDpoint + 1, 999.9, -199.9,
+    {999.9, -199.9,
      "Maximum value possible for this field is currently 999.9.\r\n"
      "If you wish to represent value larger than 999.9, change the \r\n"
      "Decimal Position setting in Reading Tab from XXX.X to XXXX.",
      "Minimum value possible for this field is currently -199.9.\r\n"
      "If you wish to represent value smaller than -199.9, change the \r\n"
      "Decimal Position setting in Reading Tab from XXX.X to XXXX."},
-    {rec::optDpoint + 2, 99.99, -19.99,
+    {99.99, -19.99,
      "Maximum value possible for this field is currently 99.99.\r\n"
      "If you wish to represent value larger than 99.99, change the \r\n"
      "Decimal Position setting in Reading Tab to the right.",
      "Minimum value possible for this field is currently -19.99.\r\n"
      "If you wish to represent value smaller than -19.99, change the \r\n"
      "Decimal Position setting in Reading Tab to the right."},
-    {rec::optDpoint + 3, 9.999, -1.999,
+    {9.999, -1.999,
      "Maximum value possible for this field is currently 9.999.\r\n"
      "If you wish to represent value larger than 9.999, change the \r\n"
      "Decimal Position setting in Reading Tab to the right.",
@@ -52,8 +51,9 @@ constexpr ReadingRange readingRanges[] = {
 // clang-format on
 
 const ReadingRange& readingRange() {
-  const auto* last = std::end(readingRanges) - 1;
-  return *std::find_if(readingRanges, last, [](const ReadingRange& range) { return isChosen(range.record); });
+  int decimals = 0;
+  while (decimals < 3 && !isChosen(rec::optDpoint + decimals)) ++decimals;
+  return readingRanges[decimals];
 }
 
 // As text it has 15 digits, and that text is what is tested.
@@ -136,7 +136,7 @@ Repair repair(const EntryRule& rule, const std::string& typed, const EntryForm& 
 std::string readingRangeText(const EntryRule& rule, const EntryForm& form) {
   if (!isOfReading(rule)) return "";
   const auto at = std::ranges::find(readingPictures, form.formDPt) - std::begin(readingPictures);
-  const ReadingRange& range = readingRanges[std::min<std::ptrdiff_t>(at, std::ssize(readingPictures) - 1)];
+  const ReadingRange& range = readingRanges[at];
   const double least = rule.value == Value::absReading ? 0 : range.minimum;
   return numberText(least) + " to " + numberText(range.maximum);
 }

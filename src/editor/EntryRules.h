@@ -53,7 +53,7 @@ inline constexpr const char* readingPictures[] = {"0000.", "000.0", "00.00", "0.
 
 // What the form tells of itself.
 struct EntryForm {
-  std::string formDPt;  // picture of the reading format
+  std::string formDPt;  // picture of the reading format, one of readingPictures
   bool voltage = true;  // the analog output is a voltage
 };
 

@@ -55,7 +55,7 @@ std::string labelOf(const frmBigFolder& editor, const Control& control) {
 std::string valueOf(const Control& control) {
   if (const auto* box = dynamic_cast<const TextBox*>(&control)) return box->text();
   if (const auto* list = dynamic_cast<const ListControl*>(&control)) return list->list(list->listIndex());
-  if (const auto* check = dynamic_cast<const CheckBox*>(&control)) return check->value() != 0 ? "on" : "off";
+  if (const auto* check = dynamic_cast<const CheckBox*>(&control)) return check->ticked() ? "on" : "off";
   if (const auto* option = dynamic_cast<const OptionButton*>(&control)) {
     return option->value() ? "chosen" : "not chosen";
   }

@@ -48,8 +48,9 @@ class frmBigFolder : public BigFolderControls {
   // it as it was.
   void loadMemo(std::int16_t tab);
   void writeMemo(std::int16_t tab);
-  void reCover();  // writeMemo of all tabs
-  std::string formDPt() const;
+  void reCover();                       // writeMemo of all tabs
+  std::size_t readingDecimals() const;  // that the reading format on show has, 0 to 3
+  std::string formDPt() const;          // its picture
   // What a user does to the control of a record: goes to its tab, types a text and leaves the box, or chooses
   // an index, a tick or a position. Whether the control is in reach doesn't count. Commits the tab.
   void takeText(int record, std::string_view text);

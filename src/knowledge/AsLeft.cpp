@@ -163,12 +163,10 @@ std::string jsonOf(const AsLeft& record) {
 }
 
 std::string proposedFileName(const AsLeft& record, const std::string& ending) {
-  std::string name = proposedFileName(record.left);
-  name.resize(name.rfind(".unit"));
   constexpr std::size_t timeAt = 11;  // in "2026-11-21T21:15:00Z"
   std::string time = record.left.read.size() > timeAt ? record.left.read.substr(timeAt, 8) : "";
   std::erase(time, ':');
-  return name + (time.empty() ? "" : "_" + time) + "_as-left." + ending;
+  return fileStem(record.left) + (time.empty() ? "" : "_" + time) + "_as-left." + ending;
 }
 
 }  // namespace torvane

@@ -46,13 +46,15 @@ std::size_t countUnread(const UnitImage& image) {
   return count;
 }
 
-std::string proposedFileName(const UnitImage& image) {
+std::string fileStem(const UnitImage& image) {
   std::string name = plain(image.model);
   if (name.empty()) name = "unit";
   if (image.address) name += "_" + std::to_string(*image.address);
   const std::string date = plain(image.read.substr(0, dateWidth));
   if (!date.empty()) name += "_" + date;
-  return name + ".unit";
+  return name;
 }
+
+std::string proposedFileName(const UnitImage& image) { return fileStem(image) + ".unit"; }
 
 }  // namespace torvane

@@ -44,7 +44,8 @@ RegisterDigits digitsIn(const UnitImage& image);
 // Registers that the unit has and that could not be read.
 std::size_t countUnread(const UnitImage& image);
 
-// "Tv16D22-C24_17_2026-11-21.unit": of model, address and date what is known.
-std::string proposedFileName(const UnitImage& image);
+// "Tv16D22-C24_17_2026-11-21": of model, address and date what is known.
+std::string fileStem(const UnitImage& image);
+std::string proposedFileName(const UnitImage& image);  // with the ending of a copy, ".unit"
 
 }  // namespace torvane

@@ -40,7 +40,7 @@ void CheckBox::setValue(int value) {
 }
 
 void CheckBox::userClicked() {
-  act([this] { setValue(value_ == 0); });
+  act([this] { setTicked(!ticked()); });
 }
 
 OptionButton::OptionButton(Container& container, std::string name, std::string_view caption)

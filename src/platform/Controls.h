@@ -111,6 +111,8 @@ class CheckBox : public CaptionedControl {
   std::int16_t value() const { return value_; }
   // 0 clears the box, anything else ticks it.
   void setValue(int value);
+  bool ticked() const { return value_ != 0; }
+  void setTicked(bool ticked) { setValue(ticked ? 1 : 0); }
 
   ControlState state() const override;
   void putBack(const ControlState& state) override;

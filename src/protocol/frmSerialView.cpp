@@ -68,7 +68,7 @@ void frmSerial::showTabs() {
 void frmSerial::takeAnalogOutputAway() {
   auto& editor = form<frmBigFolder>();
   editor.chkAnalogOutputEnabled.setEnabled(false);
-  editor.chkAnalogOutputEnabled.setValue(0);
+  editor.chkAnalogOutputEnabled.setTicked(false);
 }
 
 void frmSerial::returnToReadingTab() {

@@ -95,7 +95,7 @@ Binding* bind(CommandButton& control, QPushButton& widget) {
 Binding* bind(CheckBox& control, QCheckBox& widget) {
   auto* binding = new Binding(control, widget, [&] {
     showCaption(control, widget);
-    showChecked(widget, control.value() != 0);
+    showChecked(widget, control.ticked());
   });
   widget.setTristate(false);
   connectClick(binding, control, widget);
