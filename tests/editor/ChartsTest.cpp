@@ -68,7 +68,7 @@ TEST_F(Charts, OfTheRkw77LineHaveNoColours) {
   chooseUnit(kind::rkw77, false);
   fitForm();
   showTab(tab::alarm1);
-  if (editor.chkAl1Enabled.value() == 0) editor.chkAl1Enabled.userClicked();
+  if (!editor.chkAl1Enabled.ticked()) editor.chkAl1Enabled.userClicked();
   ASSERT_FALSE(editor.plotAlarm1.chart().zones.empty());
   for (const ChartZone& zone : editor.plotAlarm1.chart().zones) EXPECT_EQ(zone.color, ZoneColor::none);
 }
@@ -97,7 +97,7 @@ TEST_F(Charts, OfTheAnalogOutputFollowItsMode) {
   chooseUnit(kind::fullController, true);
   fitForm();
   showTab(tab::analog);
-  if (editor.chkAnalogOutputEnabled.value() == 0) editor.chkAnalogOutputEnabled.userClicked();
+  if (!editor.chkAnalogOutputEnabled.ticked()) editor.chkAnalogOutputEnabled.userClicked();
   editor.txtAOutOut2.userTyped("10");
   editor.optAOutI.userClicked();
   EXPECT_EQ(editor.plotAnalog.chart().up.title, "Output (mA)");

@@ -39,7 +39,7 @@ class ChartWindows : public QtTest {
   ChartView& view(const char* name) { return *host_.window(*editor_).findChild<ChartView*>(name); }
   void showAlarm() {
     editor_->tabBig.setTab(tab::alarm1);
-    if (editor_->chkAl1Enabled.value() == 0) editor_->chkAl1Enabled.userClicked();
+    if (!editor_->chkAl1Enabled.ticked()) editor_->chkAl1Enabled.userClicked();
     editor_->cboAl1Setup.userChose(2);
     editor_->txtAl1HiSp.userTyped("400.0");
     editor_->txtAl1LoSp.userTyped("-100.0");

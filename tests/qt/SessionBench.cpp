@@ -83,7 +83,7 @@ void SessionBench::chooseModel(int row) {
 
 void SessionBench::setSimpleMenu(bool simple) {
   inHardware([simple](frmHardware& dialog) {
-    if ((dialog.chkSimpleMenu.value() != 0) != simple) click(user(), dialog, "chkSimpleMenu");
+    if (dialog.chkSimpleMenu.ticked() != simple) click(user(), dialog, "chkSimpleMenu");
     click(user(), dialog, "cmdOk");
   });
 }
